@@ -1,0 +1,28 @@
+#!/usr/bin/env bash
+# Installs the Debian packages Tidewell needs to build, run and test, skipping those that
+# are already there. Uses sudo only when not running as root.
+set -euo pipefail
+
+packages=(
+  # build
+  g++ cmake ninja-build pkg-config
+  libsimdjson-dev libutf8proc-dev libstb-dev libsystemd-dev
+  # run
+  dbus xdg-utils
+  # test, fuzz and benchmark
+  libgtest-dev libgmock-dev dbus-daemon dbus-bin clang-14 libclang-rt-14-dev zoxide
+)
+
+missing=()
+for package in "${packages[@]}"; do
+  status=$(dpkg-query -W -f='${Status}' "$package" 2>/dev/null || true)
+  [[ $status == "install ok installed" ]] || missing+=("$package")
+done
+[[ ${#missing[@]} -eq 0 ]] && exit 0
+
+sudo=()
+[[ $(id -u) -eq 0 ]] || sudo=(sudo)
+echo "Installing: ${missing[*]}"
+export DEBIAN_FRONTEND=noninteractive
+"${sudo[@]}" apt-get update -qq
+"${sudo[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}"

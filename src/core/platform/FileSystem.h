@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tidewell {
+
+struct FileIdentity {
+    std::int64_t device = 0;
+    std::uint64_t inode = 0;
+};
+
+struct DirectoryEntry {
+    std::string name;
+    bool isDirectory = false; // after following a symbolic link; false when it cannot be read
+};
+
+// Held while an exclusive advisory lock is taken; destruction releases it.
+class FileLock {
+public:
+    virtual ~FileLock() = default;
+};
+
+// Every file operation of core goes through this interface (paths are plain text, as the
+// items file stores them). Operations that change something throw Error with a sentence
+// naming the path and the reason; queries answer "no" instead of failing.
+class FileSystem {
+public:
+    virtual ~FileSystem() = default;
+
+    virtual std::string currentDirectory() const = 0;
+    virtual bool exists(const std::string& path) const = 0;      // follows symbolic links
+    virtual bool isDirectory(const std::string& path) const = 0; // follows symbolic links
+    virtual std::optional<FileIdentity> identity(const std::string& path) const = 0;
+    // The absolute, standardised path with symbolic links resolved in every component that
+    // exists; components past the last existing one are kept as they are.
+    virtual std::string resolveSymlinks(const std::string& absolutePath) const = 0;
+    // Entries other than "." and "..", in no particular order; empty when unreadable.
+    virtual std::vector<DirectoryEntry> list(const std::string& directory) const = 0;
+
+    virtual std::optional<std::string> readFile(const std::string& path) const = 0;
+    virtual std::optional<std::string> readPrefix(const std::string& path,
+                                                  std::size_t maxBytes) const = 0;
+
+    // Replaces the file in one rename, after the new bytes and the folder are on disk.
+    virtual void writeFileAtomically(const std::string& path, std::string_view bytes) = 0;
+    virtual void createDirectories(const std::string& path) = 0;
+    virtual void copyFile(const std::string& from, const std::string& to) = 0;
+    virtual void copyDirectory(const std::string& from, const std::string& to) = 0;
+    virtual void removeFile(const std::string& path) = 0;
+    // Blocks until the lock on the file (created if absent) is ours.
+    virtual std::unique_ptr<FileLock> lockExclusive(const std::string& path) = 0;
+};
+
+} // namespace tidewell

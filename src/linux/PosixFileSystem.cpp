@@ -1,0 +1,253 @@
+#include "linux/PosixFileSystem.h"
+
+#include "core/platform/Error.h"
+#include "core/platform/PathText.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+#include <dirent.h>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace tidewell {
+namespace {
+
+[[noreturn]] void fail(const std::string& what, const std::string& path, int error) {
+    throw Error(what + " " + path + ": " + std::strerror(error));
+}
+
+class FileDescriptor {
+public:
+    explicit FileDescriptor(int fd) : fd_(fd) {}
+    ~FileDescriptor() {
+        if (fd_ >= 0)
+            ::close(fd_);
+    }
+    FileDescriptor(const FileDescriptor&) = delete;
+    FileDescriptor& operator=(const FileDescriptor&) = delete;
+    int get() const { return fd_; }
+    int release() { return std::exchange(fd_, -1); }
+
+private:
+    int fd_;
+};
+
+class FlockLock : public FileLock {
+public:
+    explicit FlockLock(int fd) : fd_(fd) {}
+    ~FlockLock() override {
+        ::flock(fd_, LOCK_UN);
+        ::close(fd_);
+    }
+
+private:
+    int fd_;
+};
+
+std::string parentOf(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    if (slash == std::string::npos)
+        return ".";
+    return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+bool writeAll(int fd, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(fd, bytes.data(), bytes.size());
+        if (written < 0) {
+            if (errno == EINTR)
+                continue;
+            return false;
+        }
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+std::optional<std::string> readUpTo(const std::string& path, std::size_t maxBytes) {
+    FileDescriptor fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (fd.get() < 0)
+        return std::nullopt;
+    struct stat info {};
+    if (::fstat(fd.get(), &info) != 0 || S_ISDIR(info.st_mode))
+        return std::nullopt;
+    std::string bytes;
+    bytes.reserve(std::min<std::size_t>(maxBytes, static_cast<std::size_t>(info.st_size)));
+    char buffer[65536];
+    while (bytes.size() < maxBytes) {
+        const ssize_t got =
+            ::read(fd.get(), buffer, std::min(sizeof buffer, maxBytes - bytes.size()));
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0)
+            return std::nullopt;
+        if (got == 0)
+            break;
+        bytes.append(buffer, static_cast<std::size_t>(got));
+    }
+    return bytes;
+}
+
+// A name no other writer uses, so that the temporary file can be created exclusively.
+std::string temporaryNameBeside(const std::string& path) {
+    static std::atomic<unsigned> counter{0};
+    return parentOf(path) + "/." + PathText::lastComponent(path) + ".tmp-" +
+           std::to_string(::getpid()) + "-" + std::to_string(counter++);
+}
+
+} // namespace
+
+std::string PosixFileSystem::currentDirectory() const {
+    char buffer[PATH_MAX];
+    if (::getcwd(buffer, sizeof buffer))
+        return buffer;
+    const char* pwd = std::getenv("PWD");
+    return pwd && *pwd == '/' ? pwd : "/";
+}
+
+bool PosixFileSystem::exists(const std::string& path) const {
+    struct stat info {};
+    return ::stat(path.c_str(), &info) == 0;
+}
+
+bool PosixFileSystem::isDirectory(const std::string& path) const {
+    struct stat info {};
+    return ::stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
+}
+
+std::optional<FileIdentity> PosixFileSystem::identity(const std::string& path) const {
+    struct stat info {};
+    if (::stat(path.c_str(), &info) != 0)
+        return std::nullopt;
+    return FileIdentity{static_cast<std::int64_t>(info.st_dev),
+                        static_cast<std::uint64_t>(info.st_ino)};
+}
+
+std::string PosixFileSystem::resolveSymlinks(const std::string& absolutePath) const {
+    const std::string path = PathText::standardized(absolutePath);
+    // Try the whole path first, then ever shorter prefixes: the longest one that resolves
+    // is joined with the components that do not exist (yet).
+    std::size_t end = path.size();
+    while (true) {
+        const std::string prefix = end == 0 ? "/" : path.substr(0, end);
+        if (char* resolved = ::realpath(prefix.c_str(), nullptr)) {
+            std::string result = resolved;
+            std::free(resolved);
+            const std::string rest = path.substr(end);
+            if (!rest.empty())
+                result = result == "/" ? rest : result + rest;
+            return result;
+        }
+        if (end == 0)
+            return path;
+        end = path.rfind('/', end - 1);
+        if (end == std::string::npos)
+            return path;
+    }
+}
+
+std::vector<DirectoryEntry> PosixFileSystem::list(const std::string& directory) const {
+    std::vector<DirectoryEntry> entries;
+    DIR* handle = ::opendir(directory.c_str());
+    if (!handle)
+        return entries;
+    while (const dirent* entry = ::readdir(handle)) {
+        const std::string name = entry->d_name;
+        if (name == "." || name == "..")
+            continue;
+        bool isDirectory = entry->d_type == DT_DIR;
+        if (entry->d_type == DT_LNK || entry->d_type == DT_UNKNOWN)
+            isDirectory = this->isDirectory(directory + "/" + name);
+        entries.push_back({name, isDirectory});
+    }
+    ::closedir(handle);
+    return entries;
+}
+
+std::optional<std::string> PosixFileSystem::readFile(const std::string& path) const {
+    return readUpTo(path, SIZE_MAX);
+}
+
+std::optional<std::string> PosixFileSystem::readPrefix(const std::string& path,
+                                                       std::size_t maxBytes) const {
+    return readUpTo(path, maxBytes);
+}
+
+void PosixFileSystem::writeFileAtomically(const std::string& path, std::string_view bytes) {
+    std::string temporary;
+    int fd = -1;
+    do {
+        temporary = temporaryNameBeside(path);
+        fd = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    } while (fd < 0 && errno == EEXIST);
+    if (fd < 0)
+        fail("Cannot write a file in the folder", parentOf(path), errno);
+
+    FileDescriptor file(fd);
+    const bool written = writeAll(file.get(), bytes) && ::fsync(file.get()) == 0;
+    const int writeError = errno;
+    const bool closed = ::close(file.release()) == 0;
+    if (!written || !closed) {
+        ::unlink(temporary.c_str());
+        fail("Cannot write", path, written ? errno : writeError);
+    }
+    if (::rename(temporary.c_str(), path.c_str()) != 0) {
+        const int renameError = errno;
+        ::unlink(temporary.c_str());
+        fail("Cannot replace", path, renameError);
+    }
+    // The rename is durable only once the folder itself is on disk.
+    FileDescriptor folder(::open(parentOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (folder.get() >= 0)
+        ::fsync(folder.get());
+}
+
+void PosixFileSystem::createDirectories(const std::string& path) {
+    std::error_code error;
+    std::filesystem::create_directories(path, error);
+    if (error)
+        throw Error("Cannot create the folder " + path + ": " + error.message());
+}
+
+void PosixFileSystem::copyFile(const std::string& from, const std::string& to) {
+    std::error_code error;
+    std::filesystem::copy_file(from, to, std::filesystem::copy_options::overwrite_existing, error);
+    if (error)
+        throw Error("Cannot copy " + from + " to " + to + ": " + error.message());
+}
+
+void PosixFileSystem::copyDirectory(const std::string& from, const std::string& to) {
+    std::error_code error;
+    std::filesystem::copy(from, to, std::filesystem::copy_options::recursive, error);
+    if (error)
+        throw Error("Cannot copy " + from + " to " + to + ": " + error.message());
+}
+
+void PosixFileSystem::removeFile(const std::string& path) {
+    if (::unlink(path.c_str()) != 0)
+        fail("Cannot remove", path, errno);
+}
+
+std::unique_ptr<FileLock> PosixFileSystem::lockExclusive(const std::string& path) {
+    const int fd = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    if (fd < 0)
+        fail("Cannot open the lock file", path, errno);
+    while (::flock(fd, LOCK_EX) != 0) {
+        if (errno != EINTR) {
+            const int error = errno;
+            ::close(fd);
+            fail("Cannot lock", path, error);
+        }
+    }
+    return std::make_unique<FlockLock>(fd);
+}
+
+} // namespace tidewell

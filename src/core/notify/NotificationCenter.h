@@ -16,7 +16,11 @@ namespace tidewell {
 // before its task runs is not called.
 class NotificationCenter {
 public:
+    using Deliver = std::function<void(MainQueue::Task)>;
+
     explicit NotificationCenter(MainQueue& queue);
+    // For a process without an event loop: `deliver` runs each handler's task.
+    explicit NotificationCenter(Deliver deliver) : deliver_(std::move(deliver)) {}
 
     ObserverToken addObserver(std::string name, std::function<void()> handler);
     void removeObserver(ObserverToken token);
@@ -29,7 +33,7 @@ private:
     };
     using Registry = std::map<ObserverToken, Observer>;
 
-    MainQueue& queue_;
+    Deliver deliver_;
     // Shared with queued tasks so that a task outliving the centre finds no observers.
     std::shared_ptr<Registry> observers_ = std::make_shared<Registry>();
     ObserverToken nextToken_ = 1;

@@ -1,0 +1,48 @@
+#include "core/items/Deduplication.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+namespace tidewell {
+namespace {
+
+void merge(NotchItem& kept, const NotchItem& newcomer) {
+    kept.isFavorite = kept.isFavorite || newcomer.isFavorite;
+    const bool isNewer = newcomer.lastOpenedAt > kept.lastOpenedAt;
+    if (newcomer.lastOpenedAt >= kept.lastOpenedAt)
+        kept.lastOpenedAt = newcomer.lastOpenedAt;
+    if (!isNewer)
+        return;
+    kept.name = newcomer.name;
+    kept.initials = newcomer.initials;
+    kept.tintHex = newcomer.tintHex;
+    if (newcomer.iconPath)
+        kept.iconPath = newcomer.iconPath;
+    if (newcomer.sortOrder)
+        kept.sortOrder = newcomer.sortOrder;
+    if (!newcomer.launchCommand.empty())
+        kept.launchCommand = newcomer.launchCommand;
+}
+
+} // namespace
+
+std::vector<NotchItem> deduplicated(std::vector<NotchItem> items, FolderIdentity& folders) {
+    std::stable_sort(items.begin(), items.end(), [](const NotchItem& a, const NotchItem& b) {
+        return a.createdAt < b.createdAt;
+    });
+    std::vector<NotchItem> result;
+    result.reserve(items.size());
+    std::unordered_map<std::string, std::size_t> indexByFolder;
+    for (NotchItem& newcomer : items) {
+        newcomer.path = folders.normalizedPath(newcomer.path);
+        const auto [place, isFirst] =
+            indexByFolder.try_emplace(folders.identifier(newcomer.path), result.size());
+        if (isFirst)
+            result.push_back(std::move(newcomer));
+        else
+            merge(result[place->second], newcomer);
+    }
+    return result;
+}
+
+} // namespace tidewell

@@ -1,0 +1,249 @@
+#include "core/items/ItemDatabase.h"
+
+#include "core/items/Deduplication.h"
+#include "core/items/InternetDate.h"
+#include "core/items/ItemsJson.h"
+#include "core/items/Utf8.h"
+#include "core/notify/NotificationNames.h"
+#include "core/platform/Error.h"
+#include "core/platform/PathText.h"
+
+#include <algorithm>
+
+namespace tidewell {
+namespace {
+
+// Strings that are not valid UTF-8 cannot be written as JSON text.
+void requireUtf8(const std::string& what, const std::string& text) {
+    if (!Utf8::isValid(text))
+        throw Error("The " + what + " " + Utf8::escapingInvalidBytes(text) +
+                    " is not valid UTF-8, so it cannot be stored.");
+}
+
+void requireUtf8(const NotchItem& item) {
+    requireUtf8("name", item.name);
+    requireUtf8("path", item.path);
+    requireUtf8("initials", item.initials);
+    requireUtf8("colour", item.tintHex);
+    requireUtf8("start command", item.launchCommand);
+    if (item.iconPath)
+        requireUtf8("icon path", *item.iconPath);
+}
+
+// A timestamp that sorts and suits a file name: 20250304T180741Z.
+std::string compactTimestamp(Date date) {
+    std::string text = InternetDate::format(date);
+    std::erase_if(text, [](char c) { return c == '-' || c == ':'; });
+    return text;
+}
+
+} // namespace
+
+ItemDatabase::ItemDatabase(Services services, DataFolder folder)
+    : services_(services), folder_(std::move(folder)), scanner_(services.files),
+      iconCache_(services.files, folder_.iconsFolder()) {}
+
+std::vector<NotchItem> ItemDatabase::load() {
+    migrateLegacyLibraryIfNeeded();
+    const FileContents contents = readItemsFile();
+    std::vector<NotchItem> items = deduplicated(contents.items);
+    if (items.size() < contents.items.size()) {
+        // Write the merged list back, under the lock and from a fresh read.
+        try {
+            modify([](std::vector<NotchItem>&) { return false; });
+        } catch (const Error&) {
+        }
+    }
+    return items;
+}
+
+void ItemDatabase::save(const std::vector<NotchItem>& items) {
+    modify([&items](std::vector<NotchItem>& current) {
+        current = items;
+        return true;
+    });
+}
+
+void ItemDatabase::modify(const std::function<bool(std::vector<NotchItem>&)>& change) {
+    modifyWithFolders([&change](std::vector<NotchItem>& items, FolderIdentity&) {
+        return change(items);
+    });
+}
+
+void ItemDatabase::modifyWithFolders(const Change& change) {
+    migrateLegacyLibraryIfNeeded();
+    bool isSaved = false;
+    {
+        services_.files.createDirectories(folder_.path);
+        const auto lock = services_.files.lockExclusive(folder_.itemsLock());
+        const FileContents contents = readItemsFile();
+        if (contents.isUnreadable)
+            throw Error("Cannot read " + folder_.itemsFile() + ", so it was left unchanged.");
+        FolderIdentity folders(services_.files);
+        std::vector<NotchItem> items = tidewell::deduplicated(contents.items, folders);
+        const bool hadDuplicates = items.size() < contents.items.size();
+        isSaved = change(items, folders);
+        if (isSaved) {
+            if (contents.isUndecodable)
+                preserveUndecodableFile();
+            write(tidewell::deduplicated(std::move(items), folders));
+        } else if (hadDuplicates) {
+            try {
+                write(items);
+            } catch (const Error&) {
+            }
+        }
+    }
+    if (isSaved)
+        postItemsChanged();
+}
+
+NotchItem ItemDatabase::upsert(const UpsertRequest& request) {
+    NotchItem result;
+    modifyWithFolders([&](std::vector<NotchItem>& items, FolderIdentity& folders) {
+        const Date now = services_.clock.now();
+        const std::string key = folders.identifier(request.path);
+        const std::string folder = folders.normalizedPath(request.path);
+        requireUtf8("path", folder);
+        const auto found = std::find_if(items.begin(), items.end(), [&](const NotchItem& item) {
+            return folders.identifier(item.path) == key;
+        });
+        if (found != items.end()) {
+            update(*found, request, folder, now);
+            result = *found;
+        } else {
+            result = makeItem(request, folder, now);
+            items.push_back(result);
+        }
+        requireUtf8(result);
+        return true;
+    });
+    return result;
+}
+
+void ItemDatabase::touch(const Uuid& id) {
+    modify([&](std::vector<NotchItem>& items) {
+        const auto found = std::find_if(items.begin(), items.end(),
+                                        [&id](const NotchItem& item) { return item.id == id; });
+        if (found == items.end())
+            return false;
+        found->lastOpenedAt = services_.clock.now();
+        return true;
+    });
+}
+
+int ItemDatabase::cacheExternalIcons() {
+    int count = 0;
+    const std::string cachePrefix = PathText::standardized(iconCache_.directory()) + "/";
+    modify([&](std::vector<NotchItem>& items) {
+        for (NotchItem& item : items) {
+            if (!item.iconPath || PathText::standardized(*item.iconPath).starts_with(cachePrefix))
+                continue;
+            if (const auto copy = iconCache_.cache(item.iconPath, item.id)) {
+                item.iconPath = copy;
+                ++count;
+            }
+        }
+        return true;
+    });
+    return count;
+}
+
+std::vector<NotchItem> ItemDatabase::deduplicated(const std::vector<NotchItem>& items) const {
+    FolderIdentity folders(services_.files);
+    return tidewell::deduplicated(items, folders);
+}
+
+std::string ItemDatabase::folderIdentifier(const std::string& path) const {
+    return FolderIdentity(services_.files).identifier(path);
+}
+
+void ItemDatabase::migrateLegacyLibraryIfNeeded() {
+    FileSystem& files = services_.files;
+    if (!files.exists(folder_.legacyItemsFile()) || files.exists(folder_.itemsFile()))
+        return;
+    try {
+        files.createDirectories(folder_.path);
+    } catch (const Error&) {
+    }
+    if (const auto legacyItems = files.readFile(folder_.legacyItemsFile())) {
+        try {
+            files.writeFileAtomically(folder_.itemsFile(), *legacyItems);
+        } catch (const Error&) {
+        }
+    }
+    if (files.isDirectory(folder_.legacyIconsFolder()) && !files.exists(folder_.iconsFolder())) {
+        try {
+            files.copyDirectory(folder_.legacyIconsFolder(), folder_.iconsFolder());
+        } catch (const Error&) {
+        }
+    }
+}
+
+ItemDatabase::FileContents ItemDatabase::readItemsFile() const {
+    const auto bytes = services_.files.readFile(folder_.itemsFile());
+    if (!bytes)
+        return {.isUnreadable = services_.files.exists(folder_.itemsFile())};
+    auto items = ItemsJson::decode(*bytes);
+    if (!items)
+        return {.isUndecodable = true};
+    return {.items = std::move(*items)};
+}
+
+void ItemDatabase::write(const std::vector<NotchItem>& items) {
+    services_.files.createDirectories(folder_.path);
+    for (const NotchItem& item : items)
+        requireUtf8(item);
+    services_.files.writeFileAtomically(folder_.itemsFile(), ItemsJson::encode(items));
+}
+
+// Keeps a file that could not be read as items beside the new one, so nothing is lost.
+void ItemDatabase::preserveUndecodableFile() {
+    const std::string copy =
+        folder_.itemsFile() + ".corrupt-" + compactTimestamp(services_.clock.now());
+    services_.files.copyFile(folder_.itemsFile(), copy);
+}
+
+void ItemDatabase::postItemsChanged() {
+    services_.localCenter.post(notchItemsChanged);
+    services_.distributedCenter.post(notchItemsChanged);
+}
+
+NotchItem ItemDatabase::makeItem(const UpsertRequest& request, const std::string& folder,
+                                 Date now) const {
+    std::string displayName = request.name ? *request.name : PathText::lastComponent(folder);
+    if (displayName.empty())
+        displayName = folder;
+    NotchItem item;
+    item.id = Uuid::random();
+    const auto iconSource = request.icon ? request.icon : scanner_.bestIcon(folder);
+    item.iconPath = iconCache_.cache(iconSource, item.id);
+    item.name = displayName;
+    item.path = folder;
+    item.initials = NotchItem::makeInitials(displayName);
+    item.tintHex = NotchItem::makeTint(displayName);
+    item.launchCommand = request.command;
+    item.isFavorite = request.favorite;
+    item.lastOpenedAt = now;
+    item.createdAt = request.favorite ? now : now - std::chrono::seconds(2);
+    return item;
+}
+
+void ItemDatabase::update(NotchItem& item, const UpsertRequest& request,
+                          const std::string& folder, Date now) const {
+    item.path = folder;
+    item.lastOpenedAt = now;
+    item.isFavorite = item.isFavorite || request.favorite;
+    if (request.name && !request.name->empty()) {
+        item.name = *request.name;
+        item.initials = NotchItem::makeInitials(*request.name);
+    }
+    if (!request.command.empty())
+        item.launchCommand = request.command;
+    if (request.icon)
+        item.iconPath = iconCache_.cache(request.icon, item.id);
+    else if (item.iconPath && !iconCache_.isManaged(*item.iconPath))
+        item.iconPath = iconCache_.cache(item.iconPath, item.id);
+}
+
+} // namespace tidewell

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "core/items/ItemDatabase.h"
+#include "core/notify/NotificationCenter.h"
+#include "core/notify/NotificationNames.h"
+#include "linux/PosixFileSystem.h"
+#include "support/FakeClock.h"
+#include "support/FakeDistributedCenter.h"
+#include "support/FakeMainQueue.h"
+#include "support/TemporaryDirectory.h"
+
+#include <gtest/gtest.h>
+
+namespace tidewell::testing {
+
+// An item database on real files in a fresh folder, with fake time and notification
+// centres that count what was posted.
+class ItemsFixture : public ::testing::Test {
+protected:
+    ItemsFixture() {
+        localCenter.addObserver(notchItemsChanged, [this] { ++localPosts; });
+    }
+
+    // The number of in-process posts delivered so far.
+    int deliveredLocalPosts() {
+        queue.runUntilIdle();
+        return localPosts;
+    }
+    std::string itemsFileBytes() const { return files.readFile(database.itemsURL()).value_or(""); }
+
+    TemporaryDirectory root;
+    UserPaths paths{.home = root.makeFolder("home"), .applicationSupport = root.makeFolder("data")};
+    DataFolder folder{paths};
+    PosixFileSystem files;
+    FakeClock clock;
+    FakeMainQueue queue{clock};
+    NotificationCenter localCenter{queue};
+    FakeDistributedCenter distributedCenter;
+    ItemDatabase database{{files, clock, localCenter, distributedCenter}, folder};
+
+private:
+    int localPosts = 0;
+};
+
+} // namespace tidewell::testing

@@ -19,7 +19,7 @@ void NotificationCenter::post(std::string_view name) {
     for (const auto& [token, observer] : *observers_) {
         if (observer.name != name)
             continue;
-        queue_.post([weakObservers, token] {
+        queue_.post([weakObservers, token = token] {
             const auto observers = weakObservers.lock();
             if (!observers)
                 return;

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tidewell {
+
+// Code points of UTF-8 text, for the few places that look at characters rather than bytes.
+namespace Utf8Text {
+
+// A byte that does not start a valid sequence reads as U+FFFD, so any input is usable.
+std::u32string decode(std::string_view text);
+std::string encode(std::u32string_view codePoints);
+// Letters, marks and numbers of every script.
+bool isAlphanumeric(char32_t codePoint);
+
+} // namespace Utf8Text
+} // namespace tidewell

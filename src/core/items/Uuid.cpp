@@ -1,0 +1,84 @@
+#include "core/items/Uuid.h"
+
+#include <random>
+
+namespace tidewell {
+
+namespace {
+
+constexpr std::size_t textLength = 36;
+
+bool isHyphenPosition(std::size_t position) {
+    return position == 8 || position == 13 || position == 18 || position == 23;
+}
+
+// Hexadecimal digit values by byte, -1 for every other byte; the items file holds thousands
+// of identifiers, all read on every load.
+constexpr std::array<std::int8_t, 256> hexDigitValues = [] {
+    std::array<std::int8_t, 256> values{};
+    values.fill(-1);
+    for (int digit = 0; digit < 10; ++digit)
+        values['0' + digit] = static_cast<std::int8_t>(digit);
+    for (int digit = 0; digit < 6; ++digit) {
+        values['a' + digit] = static_cast<std::int8_t>(10 + digit);
+        values['A' + digit] = static_cast<std::int8_t>(10 + digit);
+    }
+    return values;
+}();
+
+std::mt19937_64& generator() {
+    thread_local std::mt19937_64 engine = [] {
+        std::random_device device;
+        std::seed_seq seed{device(), device(), device(), device(), device(), device()};
+        return std::mt19937_64(seed);
+    }();
+    return engine;
+}
+
+} // namespace
+
+Uuid Uuid::random() {
+    std::array<std::uint8_t, 16> bytes;
+    std::uniform_int_distribution<unsigned> byteDistribution(0, 255);
+    for (auto& byte : bytes)
+        byte = static_cast<std::uint8_t>(byteDistribution(generator()));
+    bytes[6] = static_cast<std::uint8_t>((bytes[6] & 0x0F) | 0x40); // version 4
+    bytes[8] = static_cast<std::uint8_t>((bytes[8] & 0x3F) | 0x80); // RFC 4122 variant
+    return Uuid(bytes);
+}
+
+std::optional<Uuid> Uuid::parse(std::string_view text) {
+    if (text.size() != textLength)
+        return std::nullopt;
+    std::array<std::uint8_t, 16> bytes{};
+    std::size_t digitCount = 0;
+    for (std::size_t position = 0; position < textLength; ++position) {
+        if (isHyphenPosition(position)) {
+            if (text[position] != '-')
+                return std::nullopt;
+            continue;
+        }
+        const int value = hexDigitValues[static_cast<unsigned char>(text[position])];
+        if (value < 0)
+            return std::nullopt;
+        auto& byte = bytes[digitCount / 2];
+        byte = static_cast<std::uint8_t>(digitCount % 2 == 0 ? value << 4 : byte | value);
+        ++digitCount;
+    }
+    return Uuid(bytes);
+}
+
+std::string Uuid::text() const {
+    static constexpr char digits[] = "0123456789ABCDEF";
+    std::string result;
+    result.reserve(textLength);
+    for (std::size_t index = 0; index < bytes_.size(); ++index) {
+        if (index == 4 || index == 6 || index == 8 || index == 10)
+            result += '-';
+        result += digits[bytes_[index] >> 4];
+        result += digits[bytes_[index] & 0x0F];
+    }
+    return result;
+}
+
+} // namespace tidewell

@@ -2,7 +2,7 @@
 
 #include "core/cli/AddArguments.h"
 #include "core/cli/ProcessRunner.h"
-#include "core/items/Utf8.h"
+#include "core/items/Utf8Text.h"
 #include "core/platform/Error.h"
 #include "core/platform/PathText.h"
 
@@ -27,7 +27,7 @@ constexpr const char* usageText = "tide - put terminal projects in your MacBook 
 constexpr const char* removeUsage = "Usage: tide remove <name-or-id>\n";
 
 bool namesMatch(const std::string& name, const std::string& query) {
-    return Utf8::caseFolded(name) == Utf8::caseFolded(query);
+    return Utf8Text::caseFolded(name) == Utf8Text::caseFolded(query);
 }
 
 } // namespace

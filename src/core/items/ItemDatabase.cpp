@@ -3,7 +3,7 @@
 #include "core/items/Deduplication.h"
 #include "core/items/InternetDate.h"
 #include "core/items/ItemsJson.h"
-#include "core/items/Utf8.h"
+#include "core/items/Utf8Text.h"
 #include "core/notify/NotificationNames.h"
 #include "core/platform/Error.h"
 #include "core/platform/PathText.h"
@@ -15,8 +15,8 @@ namespace {
 
 // Strings that are not valid UTF-8 cannot be written as JSON text.
 void requireUtf8(const std::string& what, const std::string& text) {
-    if (!Utf8::isValid(text))
-        throw Error("The " + what + " " + Utf8::escapingInvalidBytes(text) +
+    if (!Utf8Text::isValid(text))
+        throw Error("The " + what + " " + Utf8Text::escapingInvalidBytes(text) +
                     " is not valid UTF-8, so it cannot be stored.");
 }
 
@@ -182,12 +182,17 @@ void ItemDatabase::migrateLegacyLibraryIfNeeded() {
 
 ItemDatabase::FileContents ItemDatabase::readItemsFile() const {
     const auto bytes = services_.files.readFile(folder_.itemsFile());
-    if (!bytes)
-        return {.isUnreadable = services_.files.exists(folder_.itemsFile())};
+    FileContents contents;
+    if (!bytes) {
+        contents.isUnreadable = services_.files.exists(folder_.itemsFile());
+        return contents;
+    }
     auto items = ItemsJson::decode(*bytes);
-    if (!items)
-        return {.isUndecodable = true};
-    return {.items = std::move(*items)};
+    if (items)
+        contents.items = std::move(*items);
+    else
+        contents.isUndecodable = true;
+    return contents;
 }
 
 void ItemDatabase::write(const std::vector<NotchItem>& items) {

@@ -1,5 +1,7 @@
 #include "core/items/Utf8Text.h"
 
+#include <cstdio>
+#include <cstdlib>
 #include <utf8proc.h>
 
 namespace tidewell::Utf8Text {
@@ -7,6 +9,14 @@ namespace tidewell::Utf8Text {
 namespace {
 
 constexpr char32_t replacementCharacter = 0xFFFD;
+
+// Length of the valid UTF-8 character at the start of the text, or 0 when it is invalid.
+std::size_t validCharacterLength(std::string_view text) {
+    utf8proc_int32_t codePoint = 0;
+    const auto length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
+                                         static_cast<utf8proc_ssize_t>(text.size()), &codePoint);
+    return length > 0 ? static_cast<std::size_t>(length) : 0;
+}
 
 } // namespace
 
@@ -58,6 +68,50 @@ bool isAlphanumeric(char32_t codePoint) {
     default:
         return false;
     }
+}
+
+bool isValid(std::string_view text) {
+    while (!text.empty()) {
+        if (static_cast<unsigned char>(text.front()) < 0x80) {
+            text.remove_prefix(1);
+            continue;
+        }
+        const std::size_t length = validCharacterLength(text);
+        if (length == 0)
+            return false;
+        text.remove_prefix(length);
+    }
+    return true;
+}
+
+std::string escapingInvalidBytes(std::string_view text) {
+    std::string result;
+    while (!text.empty()) {
+        std::size_t length = validCharacterLength(text);
+        if (length > 0) {
+            result.append(text.substr(0, length));
+        } else {
+            char escaped[5];
+            std::snprintf(escaped, sizeof escaped, "\\x%02X", static_cast<unsigned char>(text[0]));
+            result += escaped;
+            length = 1;
+        }
+        text.remove_prefix(length);
+    }
+    return result;
+}
+
+std::string caseFolded(std::string_view text) {
+    utf8proc_uint8_t* folded = nullptr;
+    const auto length = utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
+                                     static_cast<utf8proc_ssize_t>(text.size()), &folded,
+                                     static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE |
+                                                                    UTF8PROC_CASEFOLD));
+    if (length < 0)
+        return std::string(text);
+    std::string result(reinterpret_cast<const char*>(folded), static_cast<std::size_t>(length));
+    std::free(folded);
+    return result;
 }
 
 } // namespace tidewell::Utf8Text

@@ -10,7 +10,8 @@ namespace tidewell::ImageHeaderReaders {
 
 // Each reader recognises its own format by content and has no size for anything else,
 // including its own format when the header is damaged or cut short.
-std::optional<ImageSize> stbImageSize(std::string_view bytes); // PNG, JPEG, GIF, BMP
+std::optional<ImageSize> stbImageSize(std::string_view bytes); // PNG, GIF, BMP
+std::optional<ImageSize> jpegSize(std::string_view bytes);
 std::optional<ImageSize> webpSize(std::string_view bytes);
 std::optional<ImageSize> icoSize(std::string_view bytes);
 std::optional<ImageSize> icnsSize(std::string_view bytes);

@@ -31,6 +31,22 @@ TEST(ImageSize, ReadsPngJpegGifAndBmpHeaders) {
     expectSize(png(7, 9) + "trailing bytes", 7, 9);
 }
 
+TEST(ImageSize, FindsTheJpegFrameHeaderBehindOtherSegments) {
+    const std::string start = jpeg(1, 1).substr(0, 2);
+    const std::string frame = jpeg(640, 480).substr(2);
+    const std::string exif = std::string("\xFF\xE1\x00\x08" "Exif\0\0", 10);
+    // A Huffman table whose code counts add up to more than 256 symbols: damaged, and no
+    // reason to distrust the frame header after it.
+    const std::string oversizedTable =
+        std::string("\xFF\xC4\x00\x13\x00", 5) + std::string(16, '\x11');
+    expectSize(start + exif + oversizedTable + frame, 640, 480);
+    expectSize(start + "\xFF\xFF" + frame, 640, 480); // fill bytes before a marker
+    expectSize(start + std::string("\xFF\xC2") + frame.substr(2), 640, 480); // progressive
+    expectNoSize(start + std::string("\xFF\xDA\x00\x02", 4) + frame);        // scan before frame
+    expectNoSize(start + std::string("\xFF\xE0\x00\x01", 4) + frame);        // impossible length
+    expectNoSize(start + exif);
+}
+
 TEST(ImageSize, ReadsLossyLosslessAndExtendedWebp) {
     expectSize(webpLossy(320, 240), 320, 240);
     expectSize(webpLossless(1, 16384), 1, 16384);

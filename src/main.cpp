@@ -1,3 +1,69 @@
-int main() {
-    return 0;
+// The one executable is both the application and, named `tide` or given a command, the
+// command-line tool. The choice is made from the arguments before anything else exists:
+// the tool must start in about a millisecond, so it never loads the user interface.
+
+#include "core/cli/CLI.h"
+#include "core/items/ItemDatabase.h"
+#include "core/login/LaunchAgentManager.h"
+#include "core/notify/NotificationCenter.h"
+#include "core/notify/NotificationNames.h"
+#include "core/platform/SystemClock.h"
+#include "linux/CurrentApplicationLocation.h"
+#include "linux/GuiLibrary.h"
+#include "linux/PosixFileSystem.h"
+#include "linux/PosixProcessLauncher.h"
+#include "linux/SdBusNotificationCenter.h"
+#include "linux/SingleInstanceGuard.h"
+#include "linux/XdgAutostartLoginItemService.h"
+#include "linux/XdgPaths.h"
+
+#include <iostream>
+
+namespace {
+
+using namespace tidewell;
+
+int runTool(const std::vector<std::string>& arguments) {
+    PosixFileSystem files;
+    SystemClock clock;
+    // The tool has no event loop, and nothing in it observes notifications.
+    NotificationCenter localCenter([](MainQueue::Task task) { task(); });
+    SdBusNotificationCenter distributedCenter;
+    const UserPaths paths = XdgPaths::userPaths();
+    ItemDatabase database({files, clock, localCenter, distributedCenter}, DataFolder(paths));
+    const ApplicationLocation application = currentApplicationLocation();
+    XdgAutostartLoginItemService loginItems(files, XdgPaths::configHome(), application);
+    const LaunchAgentManager launchAtLogin(files, loginItems, paths, application);
+    PosixProcessLauncher launcher;
+    CLI cli({.database = database,
+             .launchAtLogin = launchAtLogin,
+             .launcher = launcher,
+             .files = files,
+             .home = paths.home,
+             .applicationExecutable = application.executable,
+             .version = TIDEWELL_VERSION,
+             .out = std::cout,
+             .errors = std::cerr});
+    return cli.run(arguments);
+}
+
+// Only one application per user: a second start asks the first to show its shelf.
+int runApplication(int argc, char** argv) {
+    const auto guard = SingleInstanceGuard::acquire(DataFolder(XdgPaths::userPaths()));
+    if (!guard) {
+        SdBusNotificationCenter().post(notchShowShelf);
+        return 0;
+    }
+    const std::string executable = currentApplicationLocation().executable;
+    const std::string folder = executable.substr(0, executable.rfind('/'));
+    return GuiLibrary::run(argc, argv, folder.empty() ? "/" : folder, TIDEWELL_GUI_LIBRARY_DIR);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const std::vector<std::string> arguments(argv, argv + argc);
+    if (CLI::isCLIInvocation(arguments))
+        return runTool(arguments);
+    return runApplication(argc, argv);
 }

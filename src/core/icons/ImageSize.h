@@ -11,7 +11,7 @@ struct ImageSize {
 };
 
 // The size an image declares in its header, recognised by content, not by file name:
-// PNG, JPEG, GIF and BMP through stb_image; WebP, ICO, ICNS, TIFF and SVG (width/height or
+// PNG, GIF and BMP through stb_image; JPEG, WebP, ICO, ICNS, TIFF and SVG (width/height or
 // viewBox) by readers of our own. Anything else, or a damaged header, has no size.
 std::optional<ImageSize> imageSizeFromHeader(std::string_view bytes);
 

@@ -78,9 +78,11 @@ int CLI::add(const std::vector<std::string>& arguments, bool favorite) {
     try {
         const std::optional<std::string> icon =
             parsed.icon ? std::optional(resolvedPath(parsed.icon)) : std::nullopt;
-        const NotchItem item = services_.database.upsert(
-            {.path = path, .favorite = favorite, .name = parsed.name, .command = parsed.command,
-             .icon = icon});
+        const NotchItem item = services_.database.upsert({.path = path,
+                                                          .favorite = favorite,
+                                                          .name = parsed.name,
+                                                          .command = parsed.command,
+                                                          .icon = icon});
         services_.out << (favorite ? "Pinned" : "Added to recent") << ": " << item.name << '\n';
         return 0;
     } catch (const Error& error) {
@@ -91,8 +93,8 @@ int CLI::add(const std::vector<std::string>& arguments, bool favorite) {
 
 std::string CLI::resolvedPath(const std::optional<std::string>& path) const {
     const std::string workingDirectory = services_.files.currentDirectory();
-    const std::string expanded = PathText::expandingTilde(path.value_or(workingDirectory),
-                                                          services_.home);
+    const std::string expanded =
+        PathText::expandingTilde(path.value_or(workingDirectory), services_.home);
     return PathText::standardized(PathText::absolute(expanded, workingDirectory));
 }
 

@@ -10,9 +10,8 @@ const std::string& FolderIdentity::normalizedPath(const std::string& path) {
     const auto known = normalized_.find(path);
     if (known != normalized_.end())
         return known->second;
-    const std::string absolute = path.starts_with('/')
-                                     ? path
-                                     : PathText::absolute(path, files_.currentDirectory());
+    const std::string absolute =
+        path.starts_with('/') ? path : PathText::absolute(path, files_.currentDirectory());
     return normalized_[path] = files_.resolveSymlinks(PathText::standardized(absolute));
 }
 

@@ -65,9 +65,8 @@ void ItemDatabase::save(const std::vector<NotchItem>& items) {
 }
 
 void ItemDatabase::modify(const std::function<bool(std::vector<NotchItem>&)>& change) {
-    modifyWithFolders([&change](std::vector<NotchItem>& items, FolderIdentity&) {
-        return change(items);
-    });
+    modifyWithFolders(
+        [&change](std::vector<NotchItem>& items, FolderIdentity&) { return change(items); });
 }
 
 void ItemDatabase::modifyWithFolders(const Change& change) {
@@ -234,8 +233,8 @@ NotchItem ItemDatabase::makeItem(const UpsertRequest& request, const std::string
     return item;
 }
 
-void ItemDatabase::update(NotchItem& item, const UpsertRequest& request,
-                          const std::string& folder, Date now) const {
+void ItemDatabase::update(NotchItem& item, const UpsertRequest& request, const std::string& folder,
+                          Date now) const {
     item.path = folder;
     item.lastOpenedAt = now;
     item.isFavorite = item.isFavorite || request.favorite;

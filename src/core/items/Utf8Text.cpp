@@ -103,10 +103,10 @@ std::string escapingInvalidBytes(std::string_view text) {
 
 std::string caseFolded(std::string_view text) {
     utf8proc_uint8_t* folded = nullptr;
-    const auto length = utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
-                                     static_cast<utf8proc_ssize_t>(text.size()), &folded,
-                                     static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE |
-                                                                    UTF8PROC_CASEFOLD));
+    const auto length = utf8proc_map(
+        reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
+        static_cast<utf8proc_ssize_t>(text.size()), &folded,
+        static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE | UTF8PROC_CASEFOLD));
     if (length < 0)
         return std::string(text);
     std::string result(reinterpret_cast<const char*>(folded), static_cast<std::size_t>(length));

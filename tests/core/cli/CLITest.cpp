@@ -1,4 +1,5 @@
 #include "core/cli/CLI.h"
+
 #include "support/FakeLoginItemService.h"
 #include "support/FakeProcessLauncher.h"
 #include "support/ItemsFixture.h"
@@ -126,8 +127,8 @@ TEST_F(CLITest, FoldersResolveFromHomeAndTheWorkingDirectory) {
     EXPECT_EQ(missing.status, 2);
     EXPECT_EQ(missing.errors, "Path does not exist: " + cwdFiles.workingDirectory + "/nowhere\n");
 
-    CLI::Services services{database, launchAtLogin, launcher, cwdFiles, paths.home, "", "",
-                           std::cout, std::cerr};
+    CLI::Services services{database, launchAtLogin, launcher, cwdFiles, paths.home, "",
+                           "",       std::cout,     std::cerr};
     EXPECT_EQ(CLI(services).resolvedPath("~"), paths.home);
     EXPECT_EQ(CLI(services).resolvedPath(std::nullopt), cwdFiles.workingDirectory);
     EXPECT_EQ(CLI(services).resolvedPath("a//b/./c/.."), cwdFiles.workingDirectory + "/a/b");
@@ -213,8 +214,8 @@ TEST_F(CLITest, ShowLeavesTheFlagAndStartsTheApplication) {
     const Result shown = run({"show"});
     EXPECT_EQ(shown.status, 0);
     EXPECT_TRUE(files.exists(folder.showOnLaunchFlag()));
-    EXPECT_EQ(launcher.launches, (std::vector<FakeProcessLauncher::Launch>{
-                                     {"/opt/tidewell/bin/tidewell", {}, true}}));
+    EXPECT_EQ(launcher.launches,
+              (std::vector<FakeProcessLauncher::Launch>{{"/opt/tidewell/bin/tidewell", {}, true}}));
 
     launcher.startFailure = "Cannot start tidewell: Permission denied";
     const Result failed = run({"show"});

@@ -34,7 +34,9 @@ TEST(ImageSize, ReadsPngJpegGifAndBmpHeaders) {
 TEST(ImageSize, FindsTheJpegFrameHeaderBehindOtherSegments) {
     const std::string start = jpeg(1, 1).substr(0, 2);
     const std::string frame = jpeg(640, 480).substr(2);
-    const std::string exif = std::string("\xFF\xE1\x00\x08" "Exif\0\0", 10);
+    const std::string exif = std::string("\xFF\xE1\x00\x08"
+                                         "Exif\0\0",
+                                         10);
     // A Huffman table whose code counts add up to more than 256 symbols: damaged, and no
     // reason to distrust the frame header after it.
     const std::string oversizedTable =

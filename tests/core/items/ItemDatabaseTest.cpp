@@ -14,7 +14,9 @@ class ItemDatabaseTest : public ItemsFixture {
 protected:
     NotchItem upsert(const std::string& path, bool favorite = false,
                      std::optional<std::string> name = std::nullopt, std::string command = "") {
-        return database.upsert({.path = path, .favorite = favorite, .name = std::move(name),
+        return database.upsert({.path = path,
+                                .favorite = favorite,
+                                .name = std::move(name),
                                 .command = std::move(command)});
     }
     void writeItems(const std::vector<NotchItem>& items) {

@@ -123,35 +123,21 @@ bool PosixFileSystem::isDirectory(const std::string& path) const {
     return ::stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
 }
 
-std::optional<FileIdentity> PosixFileSystem::identity(const std::string& path) const {
+std::optional<LinkStatus> PosixFileSystem::linkStatus(const std::string& path) const {
     struct stat info {};
-    if (::stat(path.c_str(), &info) != 0)
+    if (::lstat(path.c_str(), &info) != 0)
         return std::nullopt;
-    return FileIdentity{static_cast<std::int64_t>(info.st_dev),
-                        static_cast<std::uint64_t>(info.st_ino)};
+    return LinkStatus{
+        S_ISLNK(info.st_mode),
+        {static_cast<std::int64_t>(info.st_dev), static_cast<std::uint64_t>(info.st_ino)}};
 }
 
-std::string PosixFileSystem::resolveSymlinks(const std::string& absolutePath) const {
-    const std::string path = PathText::standardized(absolutePath);
-    // Try the whole path first, then ever shorter prefixes: the longest one that resolves
-    // is joined with the components that do not exist (yet).
-    std::size_t end = path.size();
-    while (true) {
-        const std::string prefix = end == 0 ? "/" : path.substr(0, end);
-        if (char* resolved = ::realpath(prefix.c_str(), nullptr)) {
-            std::string result = resolved;
-            std::free(resolved);
-            const std::string rest = path.substr(end);
-            if (!rest.empty())
-                result = result == "/" ? rest : result + rest;
-            return result;
-        }
-        if (end == 0)
-            return path;
-        end = path.rfind('/', end - 1);
-        if (end == std::string::npos)
-            return path;
-    }
+std::optional<std::string> PosixFileSystem::readSymbolicLink(const std::string& path) const {
+    char buffer[PATH_MAX];
+    const ssize_t length = ::readlink(path.c_str(), buffer, sizeof buffer);
+    if (length < 0 || static_cast<std::size_t>(length) == sizeof buffer)
+        return std::nullopt;
+    return std::string(buffer, static_cast<std::size_t>(length));
 }
 
 std::vector<DirectoryEntry> PosixFileSystem::list(const std::string& directory) const {
@@ -164,8 +150,11 @@ std::vector<DirectoryEntry> PosixFileSystem::list(const std::string& directory) 
         if (name == "." || name == "..")
             continue;
         bool isDirectory = entry->d_type == DT_DIR;
-        if (entry->d_type == DT_LNK || entry->d_type == DT_UNKNOWN)
-            isDirectory = this->isDirectory(directory + "/" + name);
+        if (entry->d_type == DT_UNKNOWN) {
+            struct stat info {};
+            const std::string path = directory + "/" + name;
+            isDirectory = ::lstat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
+        }
         entries.push_back({name, isDirectory});
     }
     ::closedir(handle);

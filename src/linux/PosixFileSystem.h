@@ -10,8 +10,8 @@ public:
     std::string currentDirectory() const override;
     bool exists(const std::string& path) const override;
     bool isDirectory(const std::string& path) const override;
-    std::optional<FileIdentity> identity(const std::string& path) const override;
-    std::string resolveSymlinks(const std::string& absolutePath) const override;
+    std::optional<LinkStatus> linkStatus(const std::string& path) const override;
+    std::optional<std::string> readSymbolicLink(const std::string& path) const override;
     std::vector<DirectoryEntry> list(const std::string& directory) const override;
 
     std::optional<std::string> readFile(const std::string& path) const override;

@@ -72,7 +72,7 @@ public:
         : scanner_(scanner), files_(files), root_(std::move(root)) {}
 
     std::optional<std::string> bestIcon() {
-        visitChildren(root_, files_.resolveSymlinks(root_), 1);
+        visitChildren(root_, 1);
         if (!best_)
             return std::nullopt;
         return best_->path;
@@ -84,8 +84,7 @@ private:
         std::string path;
     };
 
-    void visitChildren(const std::string& directory, const std::string& resolvedDirectory,
-                       int depth) {
+    void visitChildren(const std::string& directory, int depth) {
         std::vector<DirectoryEntry> entries = files_.list(directory);
         std::sort(entries.begin(), entries.end(),
                   [](const auto& a, const auto& b) { return a.name < b.name; });
@@ -100,16 +99,13 @@ private:
                 continue;
             const std::string path = joined(directory, entry.name);
             const std::string name = lowercased(entry.name);
-            const std::string resolvedPath = joined(resolvedDirectory, entry.name);
-            // A link to a directory is not followed, so that a link to an ancestor cannot
-            // lead the walk in circles.
-            const bool isDirectory =
-                entry.isDirectory && files_.resolveSymlinks(path) == resolvedPath;
-            if (isDirectory && isOneOf(skippedDirectoryNames, name))
+            // A link to a directory is no directory here and is not followed, so that a
+            // link to an ancestor cannot lead the walk in circles.
+            if (entry.isDirectory && isOneOf(skippedDirectoryNames, name))
                 continue;
             judge(path, name, depth);
-            if (isDirectory && !isOneOf(packageExtensions, PathText::extension(name)))
-                visitChildren(path, resolvedPath, depth + 1);
+            if (entry.isDirectory && !isOneOf(packageExtensions, PathText::extension(name)))
+                visitChildren(path, depth + 1);
             if (isFinished_)
                 return;
         }

@@ -27,9 +27,12 @@ void merge(NotchItem& kept, const NotchItem& newcomer) {
 } // namespace
 
 std::vector<NotchItem> deduplicated(std::vector<NotchItem> items, FolderIdentity& folders) {
-    std::stable_sort(items.begin(), items.end(), [](const NotchItem& a, const NotchItem& b) {
+    const auto isOlder = [](const NotchItem& a, const NotchItem& b) {
         return a.createdAt < b.createdAt;
-    });
+    };
+    // Saved files are in order already; sorting them again only moves records around.
+    if (!std::is_sorted(items.begin(), items.end(), isOlder))
+        std::stable_sort(items.begin(), items.end(), isOlder);
     std::vector<NotchItem> result;
     result.reserve(items.size());
     std::unordered_map<std::string, std::size_t> indexByFolder;

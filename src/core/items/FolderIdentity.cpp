@@ -5,29 +5,109 @@
 #include <cstdint>
 
 namespace tidewell {
+namespace {
+
+// As many links as the kernel follows in one lookup before it reports a loop.
+constexpr int maximumLinkDepth = 40;
+
+std::string parentOf(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+std::string joined(const std::string& directory, std::string_view name) {
+    return directory == "/" ? "/" + std::string(name) : directory + "/" + std::string(name);
+}
+
+} // namespace
 
 const std::string& FolderIdentity::normalizedPath(const std::string& path) {
-    const auto known = normalized_.find(path);
-    if (known != normalized_.end())
-        return known->second;
-    const std::string absolute =
-        path.starts_with('/') ? path : PathText::absolute(path, files_.currentDirectory());
-    return normalized_[path] = files_.resolveSymlinks(PathText::standardized(absolute));
+    return resolve(standardizedAbsolute(path)).path;
 }
 
 const std::string& FolderIdentity::identifier(const std::string& path) {
     const auto known = identifiers_.find(path);
     if (known != identifiers_.end())
         return known->second;
+    const Resolution& resolution = resolve(standardizedAbsolute(path));
     std::string identifier;
-    if (const auto identity = files_.identity(path)) {
+    if (resolution.identity) {
         // The device number is written as a signed 32-bit value, as earlier files have it.
-        identifier = "ino:" + std::to_string(static_cast<std::int32_t>(identity->device)) + ":" +
-                     std::to_string(identity->inode);
+        identifier =
+            "ino:" + std::to_string(static_cast<std::int32_t>(resolution.identity->device)) + ":" +
+            std::to_string(resolution.identity->inode);
     } else {
-        identifier = "path:" + normalizedPath(path);
+        identifier = "path:" + resolution.path;
     }
     return identifiers_[path] = std::move(identifier);
+}
+
+const FolderIdentity::Resolution& FolderIdentity::resolve(const std::string& standardizedPath) {
+    const auto known = resolutions_.find(standardizedPath);
+    if (known != resolutions_.end())
+        return known->second;
+    Resolution resolution;
+    if (standardizedPath == "/") {
+        const auto& root = linkStatus("/");
+        resolution = {"/", root ? std::optional(root->identity) : std::nullopt};
+    } else {
+        const Resolution parent = resolve(parentOf(standardizedPath));
+        resolution = resolveChild(parent, PathText::lastComponent(standardizedPath), 0);
+    }
+    return resolutions_[standardizedPath] = std::move(resolution);
+}
+
+FolderIdentity::Resolution FolderIdentity::resolveChild(const Resolution& parent,
+                                                        std::string_view name, int linkDepth) {
+    std::string candidate = joined(parent.path, name);
+    if (!parent.identity)
+        return {std::move(candidate), std::nullopt};
+    const auto& status = linkStatus(candidate);
+    if (!status)
+        return {std::move(candidate), std::nullopt};
+    if (!status->isSymbolicLink)
+        return {std::move(candidate), status->identity};
+    Resolution target = followLink(parent, candidate, linkDepth + 1);
+    // A link that leads nowhere stays as it is, as does everything below it.
+    if (!target.identity)
+        return {std::move(candidate), std::nullopt};
+    return target;
+}
+
+// Walks the link's target from the folder holding the link; ".." steps up from the real
+// folder reached so far, which is what the kernel does.
+FolderIdentity::Resolution FolderIdentity::followLink(const Resolution& parent,
+                                                      const std::string& link, int linkDepth) {
+    const auto target = files_.readSymbolicLink(link);
+    if (!target || linkDepth > maximumLinkDepth)
+        return {link, std::nullopt};
+    Resolution current = target->starts_with('/') ? resolve("/") : parent;
+    std::size_t start = 0;
+    while (start <= target->size() && current.identity) {
+        std::size_t end = target->find('/', start);
+        if (end == std::string::npos)
+            end = target->size();
+        const std::string_view component = std::string_view(*target).substr(start, end - start);
+        start = end + 1;
+        if (component.empty() || component == ".")
+            continue;
+        current = component == ".." ? resolve(parentOf(current.path))
+                                    : resolveChild(current, component, linkDepth);
+    }
+    return current;
+}
+
+const std::optional<LinkStatus>& FolderIdentity::linkStatus(const std::string& path) {
+    const auto known = statuses_.find(path);
+    if (known != statuses_.end())
+        return known->second;
+    return statuses_[path] = files_.linkStatus(path);
+}
+
+std::string FolderIdentity::standardizedAbsolute(const std::string& path) const {
+    if (path.starts_with('/'))
+        return PathText::standardized(path);
+    return PathText::standardized(PathText::absolute(path, files_.currentDirectory()));
 }
 
 } // namespace tidewell

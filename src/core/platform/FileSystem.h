@@ -17,7 +17,13 @@ struct FileIdentity {
 
 struct DirectoryEntry {
     std::string name;
-    bool isDirectory = false; // after following a symbolic link; false when it cannot be read
+    bool isDirectory = false; // a real directory: a symbolic link to one is not
+};
+
+// What a path names itself, without following a symbolic link at its end.
+struct LinkStatus {
+    bool isSymbolicLink = false;
+    FileIdentity identity;
 };
 
 // Held while an exclusive advisory lock is taken; destruction releases it.
@@ -36,10 +42,8 @@ public:
     virtual std::string currentDirectory() const = 0;
     virtual bool exists(const std::string& path) const = 0;      // follows symbolic links
     virtual bool isDirectory(const std::string& path) const = 0; // follows symbolic links
-    virtual std::optional<FileIdentity> identity(const std::string& path) const = 0;
-    // The absolute, standardised path with symbolic links resolved in every component that
-    // exists; components past the last existing one are kept as they are.
-    virtual std::string resolveSymlinks(const std::string& absolutePath) const = 0;
+    virtual std::optional<LinkStatus> linkStatus(const std::string& path) const = 0;
+    virtual std::optional<std::string> readSymbolicLink(const std::string& path) const = 0;
     // Entries other than "." and "..", in no particular order; empty when unreadable.
     virtual std::vector<DirectoryEntry> list(const std::string& directory) const = 0;
 

@@ -4,7 +4,31 @@
 
 namespace tidewell::PathText {
 
+namespace {
+
+// Most paths are stored standardised already; they need no rebuilding.
+bool isStandardized(std::string_view path) {
+    if (path.empty() || path == "/")
+        return !path.empty();
+    if (path.back() == '/' || path.find("//") != std::string_view::npos)
+        return false;
+    for (std::size_t start = 0; start < path.size();) {
+        std::size_t end = path.find('/', start);
+        if (end == std::string_view::npos)
+            end = path.size();
+        const std::string_view component = path.substr(start, end - start);
+        if (component == "." || component == "..")
+            return false;
+        start = end + 1;
+    }
+    return true;
+}
+
+} // namespace
+
 std::string standardized(std::string_view path) {
+    if (isStandardized(path))
+        return std::string(path);
     const bool isAbsolute = !path.empty() && path.front() == '/';
     std::vector<std::string_view> components;
     std::size_t start = 0;

@@ -12,7 +12,7 @@
 #include "linux/GuiLibrary.h"
 #include "linux/PosixFileSystem.h"
 #include "linux/PosixProcessLauncher.h"
-#include "linux/SdBusNotificationCenter.h"
+#include "linux/SessionBusPoster.h"
 #include "linux/SingleInstanceGuard.h"
 #include "linux/XdgAutostartLoginItemService.h"
 #include "linux/XdgPaths.h"
@@ -28,7 +28,7 @@ int runTool(const std::vector<std::string>& arguments) {
     SystemClock clock;
     // The tool has no event loop, and nothing in it observes notifications.
     NotificationCenter localCenter([](MainQueue::Task task) { task(); });
-    SdBusNotificationCenter distributedCenter;
+    SessionBusPoster distributedCenter;
     const UserPaths paths = XdgPaths::userPaths();
     ItemDatabase database({files, clock, localCenter, distributedCenter}, DataFolder(paths));
     const ApplicationLocation application = currentApplicationLocation();
@@ -51,7 +51,7 @@ int runTool(const std::vector<std::string>& arguments) {
 int runApplication(int argc, char** argv) {
     const auto guard = SingleInstanceGuard::acquire(DataFolder(XdgPaths::userPaths()));
     if (!guard) {
-        SdBusNotificationCenter().post(notchShowShelf);
+        SessionBusPoster().post(notchShowShelf);
         return 0;
     }
     const std::string executable = currentApplicationLocation().executable;

@@ -1,5 +1,7 @@
 #include "linux/SdBusNotificationCenter.h"
 
+#include "linux/BusNames.h"
+
 #include <systemd/sd-bus.h>
 #include <time.h>
 #include <vector>
@@ -7,9 +9,9 @@
 namespace tidewell {
 namespace {
 
-constexpr const char* objectPath = "/com/quorvel/tidewell";
-constexpr const char* interfaceName = "com.quorvel.tidewell.Notifications";
-constexpr const char* memberName = "Posted";
+using BusNames::interfaceName;
+using BusNames::memberName;
+using BusNames::objectPath;
 
 std::uint64_t monotonicMicroseconds() {
     timespec now{};

@@ -3,6 +3,7 @@
 #include "linux/PosixProcessLauncher.h"
 #include "support/PrivateSessionBus.h"
 #include "support/ScopedEnvironment.h"
+#include "support/ServeBus.h"
 #include "support/TemporaryDirectory.h"
 
 #include <chrono>
@@ -15,21 +16,7 @@ namespace {
 
 using namespace std::chrono_literals;
 using testing::PrivateSessionBus;
-
-// Runs the center's part of an event loop until the condition holds; false after five
-// seconds without it (the messages travel through a real daemon).
-bool serveUntil(SdBusNotificationCenter& center, const std::function<bool()>& condition) {
-    const auto deadline = std::chrono::steady_clock::now() + 5s;
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > deadline)
-            return false;
-        pollfd descriptor{center.fileDescriptor(), static_cast<short>(center.events()), 0};
-        const std::uint64_t timeout = std::min<std::uint64_t>(center.timeoutMicroseconds(), 100000);
-        ::poll(&descriptor, 1, static_cast<int>((timeout + 999) / 1000));
-        center.processPending();
-    }
-    return true;
-}
+using testing::serveUntil;
 
 class SdBusNotificationCenterTest : public ::testing::Test {
 protected:

@@ -37,7 +37,9 @@ std::vector<NotchItem> deduplicated(std::vector<NotchItem> items, FolderIdentity
     result.reserve(items.size());
     std::unordered_map<std::string, std::size_t> indexByFolder;
     for (NotchItem& newcomer : items) {
-        newcomer.path = folders.normalizedPath(newcomer.path);
+        if (const std::string& normalized = folders.normalizedPath(newcomer.path);
+            normalized != newcomer.path)
+            newcomer.path = normalized;
         const auto [place, isFirst] =
             indexByFolder.try_emplace(folders.identifier(newcomer.path), result.size());
         if (isFirst)

@@ -19,6 +19,14 @@ std::string joined(const std::string& directory, std::string_view name) {
     return directory == "/" ? "/" + std::string(name) : directory + "/" + std::string(name);
 }
 
+std::string identifierOf(const std::string& path, const std::optional<FileIdentity>& identity) {
+    if (!identity)
+        return "path:" + path;
+    // The device number is written as a signed 32-bit value, as earlier files have it.
+    return "ino:" + std::to_string(static_cast<std::int32_t>(identity->device)) + ":" +
+           std::to_string(identity->inode);
+}
+
 } // namespace
 
 const std::string& FolderIdentity::normalizedPath(const std::string& path) {
@@ -26,20 +34,7 @@ const std::string& FolderIdentity::normalizedPath(const std::string& path) {
 }
 
 const std::string& FolderIdentity::identifier(const std::string& path) {
-    const auto known = identifiers_.find(path);
-    if (known != identifiers_.end())
-        return known->second;
-    const Resolution& resolution = resolve(standardizedAbsolute(path));
-    std::string identifier;
-    if (resolution.identity) {
-        // The device number is written as a signed 32-bit value, as earlier files have it.
-        identifier =
-            "ino:" + std::to_string(static_cast<std::int32_t>(resolution.identity->device)) + ":" +
-            std::to_string(resolution.identity->inode);
-    } else {
-        identifier = "path:" + resolution.path;
-    }
-    return identifiers_[path] = std::move(identifier);
+    return resolve(standardizedAbsolute(path)).identifier;
 }
 
 const FolderIdentity::Resolution& FolderIdentity::resolve(const std::string& standardizedPath) {
@@ -48,12 +43,13 @@ const FolderIdentity::Resolution& FolderIdentity::resolve(const std::string& sta
         return known->second;
     Resolution resolution;
     if (standardizedPath == "/") {
-        const auto& root = linkStatus("/");
+        const auto root = files_.linkStatus("/");
         resolution = {"/", root ? std::optional(root->identity) : std::nullopt};
     } else {
         const Resolution parent = resolve(parentOf(standardizedPath));
         resolution = resolveChild(parent, PathText::lastComponent(standardizedPath), 0);
     }
+    resolution.identifier = identifierOf(resolution.path, resolution.identity);
     return resolutions_[standardizedPath] = std::move(resolution);
 }
 
@@ -62,7 +58,7 @@ FolderIdentity::Resolution FolderIdentity::resolveChild(const Resolution& parent
     std::string candidate = joined(parent.path, name);
     if (!parent.identity)
         return {std::move(candidate), std::nullopt};
-    const auto& status = linkStatus(candidate);
+    const auto status = files_.linkStatus(candidate);
     if (!status)
         return {std::move(candidate), std::nullopt};
     if (!status->isSymbolicLink)
@@ -95,13 +91,6 @@ FolderIdentity::Resolution FolderIdentity::followLink(const Resolution& parent,
                                     : resolveChild(current, component, linkDepth);
     }
     return current;
-}
-
-const std::optional<LinkStatus>& FolderIdentity::linkStatus(const std::string& path) {
-    const auto known = statuses_.find(path);
-    if (known != statuses_.end())
-        return known->second;
-    return statuses_[path] = files_.linkStatus(path);
 }
 
 std::string FolderIdentity::standardizedAbsolute(const std::string& path) const {

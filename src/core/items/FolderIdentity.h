@@ -29,18 +29,16 @@ private:
     struct Resolution {
         std::string path;
         std::optional<FileIdentity> identity; // none when something on the way is missing
+        std::string identifier;
     };
 
     const Resolution& resolve(const std::string& standardizedPath);
     Resolution resolveChild(const Resolution& parent, std::string_view name, int linkDepth);
     Resolution followLink(const Resolution& parent, const std::string& link, int linkDepth);
-    const std::optional<LinkStatus>& linkStatus(const std::string& path);
     std::string standardizedAbsolute(const std::string& path) const;
 
     const FileSystem& files_;
     std::unordered_map<std::string, Resolution> resolutions_;
-    std::unordered_map<std::string, std::optional<LinkStatus>> statuses_;
-    std::unordered_map<std::string, std::string> identifiers_;
 };
 
 } // namespace tidewell

@@ -35,7 +35,7 @@ public:
         FileSystem& files;
         const Clock& clock;
         NotificationCenter& localCenter;
-        DistributedNotificationCenter& distributedCenter;
+        NotificationPoster& distributedCenter;
     };
 
     ItemDatabase(Services services, DataFolder folder);

@@ -11,10 +11,15 @@ using ObserverToken = std::uint64_t;
 
 // A best-effort broadcast of a bare name to every process of the current user that
 // observes it, the posting process included. Posting never fails visibly.
-class DistributedNotificationCenter {
+class NotificationPoster {
 public:
-    virtual ~DistributedNotificationCenter() = default;
+    virtual ~NotificationPoster() = default;
     virtual void post(std::string_view name) = 0;
+};
+
+// A poster that can also be listened to.
+class DistributedNotificationCenter : public NotificationPoster {
+public:
     virtual ObserverToken addObserver(std::string name, std::function<void()> handler) = 0;
     virtual void removeObserver(ObserverToken token) = 0;
 };

@@ -1,4 +1,5 @@
 #include "core/items/FolderIdentity.h"
+
 #include "linux/PosixFileSystem.h"
 #include "support/TemporaryDirectory.h"
 
@@ -18,7 +19,9 @@ protected:
         fs::create_symlink(target, path);
         return path;
     }
-    std::string normalized(const std::string& path) { return FolderIdentity(files).normalizedPath(path); }
+    std::string normalized(const std::string& path) {
+        return FolderIdentity(files).normalizedPath(path);
+    }
 
     TemporaryDirectory root;
     PosixFileSystem files;

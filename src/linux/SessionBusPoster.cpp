@@ -1,0 +1,196 @@
+#include "linux/SessionBusPoster.h"
+
+#include "linux/BusNames.h"
+#include "linux/DBusMessageWriter.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstddef>
+#include <cstdlib>
+#include <cstring>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace tidewell {
+namespace {
+
+constexpr const char* busName = "org.freedesktop.DBus";
+constexpr const char* busPath = "/org/freedesktop/DBus";
+constexpr timeval replyTimeout{1, 0};
+
+std::string percentDecoded(std::string_view text) {
+    std::string result;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '%' && i + 2 < text.size()) {
+            result += static_cast<char>(std::strtol(std::string(text.substr(i + 1, 2)).c_str(),
+                                                    nullptr, 16));
+            i += 2;
+        } else {
+            result += text[i];
+        }
+    }
+    return result;
+}
+
+std::string sessionBusAddress() {
+    if (const char* address = std::getenv("DBUS_SESSION_BUS_ADDRESS"); address && *address)
+        return address;
+    if (const char* runtime = std::getenv("XDG_RUNTIME_DIR"); runtime && *runtime == '/')
+        return std::string("unix:path=") + runtime + "/bus";
+    return "";
+}
+
+class Socket {
+public:
+    explicit Socket(int fd) : fd_(fd) {}
+    ~Socket() {
+        if (fd_ >= 0)
+            ::close(fd_);
+    }
+    Socket(const Socket&) = delete;
+    Socket& operator=(const Socket&) = delete;
+    int get() const { return fd_; }
+
+private:
+    int fd_;
+};
+
+int connectTo(const std::string& path) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    if (path.empty() || path.size() >= sizeof address.sun_path)
+        return -1;
+    std::memcpy(address.sun_path, path.data(), path.size());
+    if (path.front() == '@')
+        address.sun_path[0] = '\0';
+    const int fd = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    if (fd < 0)
+        return -1;
+    const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + path.size() +
+                                               (path.front() == '@' ? 0 : 1));
+    ::setsockopt(fd, SOL_SOCKET, SO_RCVTIMEO, &replyTimeout, sizeof replyTimeout);
+    ::setsockopt(fd, SOL_SOCKET, SO_SNDTIMEO, &replyTimeout, sizeof replyTimeout);
+    if (::connect(fd, reinterpret_cast<const sockaddr*>(&address), length) != 0) {
+        ::close(fd);
+        return -1;
+    }
+    return fd;
+}
+
+bool sendAll(int fd, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t sent = ::send(fd, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+        if (sent < 0 && errno == EINTR)
+            continue;
+        if (sent <= 0)
+            return false;
+        bytes.remove_prefix(static_cast<std::size_t>(sent));
+    }
+    return true;
+}
+
+std::uint32_t readUint32(std::string_view bytes, std::size_t offset, bool isLittleEndian) {
+    std::uint32_t value = 0;
+    for (int i = 0; i < 4; ++i) {
+        const auto byte = static_cast<unsigned char>(bytes[offset + (isLittleEndian ? i : 3 - i)]);
+        value |= static_cast<std::uint32_t>(byte) << (8 * i);
+    }
+    return value;
+}
+
+// Length of the first complete message in the buffer, or 0 when more bytes are needed.
+std::size_t completeMessageLength(std::string_view bytes) {
+    if (bytes.size() < 16)
+        return 0;
+    const bool isLittleEndian = bytes[0] == 'l';
+    const std::size_t fieldsEnd = 16 + readUint32(bytes, 12, isLittleEndian);
+    const std::size_t total = (fieldsEnd + 7) / 8 * 8 + readUint32(bytes, 4, isLittleEndian);
+    return bytes.size() >= total ? total : 0;
+}
+
+// Reads until the bus has answered this many method calls. It answers in order, so the
+// last answer means that everything sent before it has been handled.
+bool awaitAnswers(int fd, int count) {
+    std::string buffer;
+    bool isAuthenticated = false;
+    char chunk[4096];
+    while (count > 0) {
+        const ssize_t got = ::recv(fd, chunk, sizeof chunk, 0);
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got <= 0)
+            return false;
+        buffer.append(chunk, static_cast<std::size_t>(got));
+        if (!isAuthenticated) {
+            const std::size_t lineEnd = buffer.find("\r\n");
+            if (lineEnd == std::string::npos)
+                continue;
+            if (!buffer.starts_with("OK "))
+                return false;
+            buffer.erase(0, lineEnd + 2);
+            isAuthenticated = true;
+        }
+        while (const std::size_t length = completeMessageLength(buffer)) {
+            const auto type = static_cast<unsigned char>(buffer[1]);
+            if (type == 2 || type == 3) // method return or error
+                --count;
+            buffer.erase(0, length);
+        }
+    }
+    return true;
+}
+
+std::string authentication() {
+    std::string uid = std::to_string(::getuid());
+    std::string hex;
+    for (const char digit : uid) {
+        static constexpr char digits[] = "0123456789abcdef";
+        hex += digits[static_cast<unsigned char>(digit) >> 4];
+        hex += digits[static_cast<unsigned char>(digit) & 0x0F];
+    }
+    return std::string(1, '\0') + "AUTH EXTERNAL " + hex + "\r\nBEGIN\r\n";
+}
+
+} // namespace
+
+std::string SessionBusPoster::socketPath(std::string_view busAddress) {
+    while (!busAddress.empty()) {
+        const std::size_t end = std::min(busAddress.find(';'), busAddress.size());
+        const std::string_view address = busAddress.substr(0, end);
+        busAddress.remove_prefix(std::min(end + 1, busAddress.size()));
+        if (!address.starts_with("unix:"))
+            continue;
+        std::string_view keys = address.substr(5);
+        while (!keys.empty()) {
+            const std::size_t comma = std::min(keys.find(','), keys.size());
+            const std::string_view pair = keys.substr(0, comma);
+            keys.remove_prefix(std::min(comma + 1, keys.size()));
+            if (pair.starts_with("path="))
+                return percentDecoded(pair.substr(5));
+            if (pair.starts_with("abstract="))
+                return "@" + percentDecoded(pair.substr(9));
+        }
+    }
+    return "";
+}
+
+void SessionBusPoster::post(std::string_view name) {
+    const Socket socket(connectTo(socketPath(sessionBusAddress())));
+    if (socket.get() < 0)
+        return;
+    using Type = DBusMessageWriter::Type;
+    // Authentication, Hello and the signal go out together; the answer to the last call
+    // confirms that the signal reached the bus before the connection closes.
+    const std::string messages =
+        authentication() +
+        DBusMessageWriter::message({Type::methodCall, 1, busPath, busName, "Hello", busName}, {}) +
+        DBusMessageWriter::message({Type::signal, 2, BusNames::objectPath,
+                                    BusNames::interfaceName, BusNames::memberName, ""},
+                                   {name}) +
+        DBusMessageWriter::message({Type::methodCall, 3, busPath, busName, "GetId", busName}, {});
+    if (sendAll(socket.get(), messages))
+        awaitAnswers(socket.get(), 2);
+}
+
+} // namespace tidewell

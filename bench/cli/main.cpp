@@ -1,0 +1,92 @@
+// Times the command-line tool's commands against zoxide and /bin/true on the same machine
+// in the same run, so that the ratios mean something wherever it runs. Absolute times
+// vary with the machine and are only printed, never judged.
+
+#include "LinkedLibraries.h"
+#include "Report.h"
+#include "Workspace.h"
+#include "support/PrivateSessionBus.h"
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <optional>
+
+namespace {
+
+using namespace tidewell;
+using namespace tidewell::bench;
+
+constexpr int warmUps = 5;
+constexpr int runs = 41;
+constexpr std::array recordCounts{10, 1'000, 10'000};
+
+// The tool posts on the session bus after every save, so a bus should be there as on a
+// desktop: the one of the environment, else one of our own for the run.
+struct SessionBus {
+    std::optional<testing::PrivateSessionBus> privateBus;
+    std::string address;
+    std::string description;
+};
+
+void connectSessionBus(SessionBus& bus) {
+    if (const char* address = std::getenv("DBUS_SESSION_BUS_ADDRESS"); address && *address) {
+        bus.address = address;
+        bus.description = "the environment's";
+        return;
+    }
+    try {
+        bus.privateBus.emplace();
+        bus.address = bus.privateBus->address();
+        bus.description = "no session bus in the environment; a private dbus-daemon for the run";
+    } catch (const std::exception& error) {
+        bus.description = std::string("no session bus (") + error.what() + ")";
+    }
+}
+
+SizeTimes measure(const Workspace& workspace, int records) {
+    workspace.prepareTide(records);
+    workspace.prepareZoxide(records);
+    return {.records = records,
+            .tideHere = medianMilliseconds(workspace.tide(records, {"."}), warmUps, runs),
+            .tideAdd = medianMilliseconds(workspace.tide(records, {"add", "."}), warmUps, runs),
+            .tideList = medianMilliseconds(workspace.tide(records, {"list"}), warmUps, runs),
+            .zoxideAdd = medianMilliseconds(workspace.zoxideAdd(records), warmUps, runs)};
+}
+
+int benchmark(const std::string& tideExecutable) {
+    SessionBus bus;
+    connectSessionBus(bus);
+    std::printf("tide: %s\nSession bus: %s\n", tideExecutable.c_str(), bus.description.c_str());
+    std::printf("Median of %d runs after %d warm-up runs; each start spawned and waited for, "
+                "standard output to /dev/null.\n",
+                runs, warmUps);
+    std::fflush(stdout);
+
+    const Workspace workspace(tideExecutable, recordCounts.back(), bus.address);
+    const double trueTime = medianMilliseconds(workspace.trueCommand(), warmUps, runs);
+    std::vector<SizeTimes> sizes;
+    for (int records : recordCounts)
+        sizes.push_back(measure(workspace, records));
+    printTimes(sizes, trueTime);
+
+    const auto libraries = linkedLibraries(tideExecutable);
+    printLibraries(libraries, desktopLibraries(libraries));
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        std::fprintf(stderr, "Usage: %s <path of tidewell>\n", argv[0]);
+        return 2;
+    }
+    try {
+        return benchmark(argv[1]);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "Benchmark failed: %s\n", error.what());
+        return 1;
+    }
+}

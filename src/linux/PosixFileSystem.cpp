@@ -2,6 +2,7 @@
 
 #include "core/platform/Error.h"
 #include "core/platform/PathText.h"
+#include "linux/FileDescriptor.h"
 
 #include <algorithm>
 #include <atomic>
@@ -23,22 +24,6 @@ namespace {
 [[noreturn]] void fail(const std::string& what, const std::string& path, int error) {
     throw Error(what + " " + path + ": " + std::strerror(error));
 }
-
-class FileDescriptor {
-public:
-    explicit FileDescriptor(int fd) : fd_(fd) {}
-    ~FileDescriptor() {
-        if (fd_ >= 0)
-            ::close(fd_);
-    }
-    FileDescriptor(const FileDescriptor&) = delete;
-    FileDescriptor& operator=(const FileDescriptor&) = delete;
-    int get() const { return fd_; }
-    int release() { return std::exchange(fd_, -1); }
-
-private:
-    int fd_;
-};
 
 class FlockLock : public FileLock {
 public:

@@ -2,6 +2,7 @@
 
 #include "linux/BusNames.h"
 #include "linux/DBusMessageWriter.h"
+#include "linux/FileDescriptor.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -23,8 +24,8 @@ std::string percentDecoded(std::string_view text) {
     std::string result;
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] == '%' && i + 2 < text.size()) {
-            result += static_cast<char>(std::strtol(std::string(text.substr(i + 1, 2)).c_str(),
-                                                    nullptr, 16));
+            result += static_cast<char>(
+                std::strtol(std::string(text.substr(i + 1, 2)).c_str(), nullptr, 16));
             i += 2;
         } else {
             result += text[i];
@@ -40,21 +41,6 @@ std::string sessionBusAddress() {
         return std::string("unix:path=") + runtime + "/bus";
     return "";
 }
-
-class Socket {
-public:
-    explicit Socket(int fd) : fd_(fd) {}
-    ~Socket() {
-        if (fd_ >= 0)
-            ::close(fd_);
-    }
-    Socket(const Socket&) = delete;
-    Socket& operator=(const Socket&) = delete;
-    int get() const { return fd_; }
-
-private:
-    int fd_;
-};
 
 int connectTo(const std::string& path) {
     sockaddr_un address{};
@@ -176,7 +162,7 @@ std::string SessionBusPoster::socketPath(std::string_view busAddress) {
 }
 
 void SessionBusPoster::post(std::string_view name) {
-    const Socket socket(connectTo(socketPath(sessionBusAddress())));
+    const FileDescriptor socket(connectTo(socketPath(sessionBusAddress())));
     if (socket.get() < 0)
         return;
     using Type = DBusMessageWriter::Type;
@@ -185,8 +171,8 @@ void SessionBusPoster::post(std::string_view name) {
     const std::string messages =
         authentication() +
         DBusMessageWriter::message({Type::methodCall, 1, busPath, busName, "Hello", busName}, {}) +
-        DBusMessageWriter::message({Type::signal, 2, BusNames::objectPath,
-                                    BusNames::interfaceName, BusNames::memberName, ""},
+        DBusMessageWriter::message({Type::signal, 2, BusNames::objectPath, BusNames::interfaceName,
+                                    BusNames::memberName, ""},
                                    {name}) +
         DBusMessageWriter::message({Type::methodCall, 3, busPath, busName, "GetId", busName}, {});
     if (sendAll(socket.get(), messages))

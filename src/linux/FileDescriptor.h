@@ -1,0 +1,26 @@
+#pragma once
+
+#include <unistd.h>
+#include <utility>
+
+namespace tidewell {
+
+// Owns an open descriptor and closes it when it goes away; -1 owns nothing.
+class FileDescriptor {
+public:
+    explicit FileDescriptor(int fd) : fd_(fd) {}
+    ~FileDescriptor() {
+        if (fd_ >= 0)
+            ::close(fd_);
+    }
+    FileDescriptor(const FileDescriptor&) = delete;
+    FileDescriptor& operator=(const FileDescriptor&) = delete;
+
+    int get() const { return fd_; }
+    int release() { return std::exchange(fd_, -1); }
+
+private:
+    int fd_;
+};
+
+} // namespace tidewell

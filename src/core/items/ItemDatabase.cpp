@@ -201,10 +201,14 @@ void ItemDatabase::write(const std::vector<NotchItem>& items) {
     services_.files.writeFileAtomically(folder_.itemsFile(), ItemsJson::encode(items));
 }
 
-// Keeps a file that could not be read as items beside the new one, so nothing is lost.
+// Keeps a file that could not be read as items beside the new one, so nothing is lost; a copy
+// kept earlier in the same second is not replaced.
 void ItemDatabase::preserveUndecodableFile() {
-    const std::string copy =
+    const std::string name =
         folder_.itemsFile() + ".corrupt-" + compactTimestamp(services_.clock.now());
+    std::string copy = name;
+    for (int number = 2; services_.files.exists(copy); ++number)
+        copy = name + "-" + std::to_string(number);
     services_.files.copyFile(folder_.itemsFile(), copy);
 }
 

@@ -207,6 +207,12 @@ TEST_F(ItemDatabaseTest, AnUndecodableFileIsKeptBesideTheNewOne) {
     upsert(root.makeFolder("p"));
     EXPECT_EQ(database.load().size(), 1u);
     EXPECT_EQ(files.readFile(database.itemsURL() + ".corrupt-20250304T180741Z"), garbage);
+
+    const std::string otherGarbage = "{\"a\": 1}";
+    root.write("data/Tidewell/items.json", otherGarbage);
+    upsert(root.makeFolder("q"));
+    EXPECT_EQ(files.readFile(database.itemsURL() + ".corrupt-20250304T180741Z"), garbage);
+    EXPECT_EQ(files.readFile(database.itemsURL() + ".corrupt-20250304T180741Z-2"), otherGarbage);
 }
 
 TEST_F(ItemDatabaseTest, AFolderThatCannotBeCreatedFailsTheSaveAndChangesNothing) {

@@ -1,0 +1,80 @@
+#include "e2e/EndToEndTest.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+namespace tidewell::testing {
+
+EndToEndTest::EndToEndTest() {
+    std::filesystem::permissions(runtimeFolder, std::filesystem::perms::owner_all);
+}
+
+std::string EndToEndTest::buildFolder() {
+    const char* folder = std::getenv("TIDEWELL_BUILD_DIR");
+    if (!folder || !*folder)
+        throw std::runtime_error("TIDEWELL_BUILD_DIR names no build folder; run through ctest");
+    return folder;
+}
+
+std::map<std::string, std::string> EndToEndTest::environment() const {
+    const char* path = std::getenv("PATH");
+    return {{"PATH", path ? path : "/usr/bin:/bin"},
+            {"HOME", home},
+            {"XDG_DATA_HOME", dataHome},
+            {"XDG_CONFIG_HOME", configHome},
+            {"XDG_RUNTIME_DIR", runtimeFolder},
+            {"DBUS_SESSION_BUS_ADDRESS", bus.address()}};
+}
+
+ChildProcess::Launch EndToEndTest::tideLaunch(const std::vector<std::string>& arguments,
+                                              const std::string& workingDirectory) const {
+    std::vector<std::string> command = {tidePath()};
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    return {
+        .arguments = command, .workingDirectory = workingDirectory, .environment = environment()};
+}
+
+ProcessResult EndToEndTest::tide(const std::vector<std::string>& arguments,
+                                 const std::string& workingDirectory) const {
+    return ChildProcess::run(tideLaunch(arguments, workingDirectory));
+}
+
+void EndToEndTest::expectResult(const ProcessResult& result, const std::string& out,
+                                const std::string& errors, int status) {
+    EXPECT_FALSE(result.timedOut);
+    EXPECT_EQ(result.standardOutput, out);
+    EXPECT_EQ(result.standardError, errors);
+    EXPECT_EQ(result.status, status);
+}
+
+std::string EndToEndTest::project(const std::string& name) const {
+    return root.makeFolder("projects/" + name);
+}
+
+void EndToEndTest::writeItemsFile(const std::string& bytes) const {
+    std::filesystem::create_directories(dataFolder());
+    std::ofstream(itemsFile(), std::ios::binary) << bytes;
+}
+
+std::optional<std::string> EndToEndTest::readFile(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file)
+        return std::nullopt;
+    std::ostringstream bytes;
+    bytes << file.rdbuf();
+    return bytes.str();
+}
+
+std::vector<std::string> EndToEndTest::entries(const std::string& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+        names.push_back(entry.path().filename());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+} // namespace tidewell::testing

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "support/ChildProcess.h"
+#include "support/PrivateSessionBus.h"
+#include "support/TemporaryDirectory.h"
+
+#include <gtest/gtest.h>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tidewell::testing {
+
+// The built program run as its user would run it, but with a home, XDG folders and a
+// session bus of the test's own, so nothing of the machine's user is read or changed.
+class EndToEndTest : public ::testing::Test {
+protected:
+    EndToEndTest();
+
+    // The build folder and the programs in it.
+    static std::string buildFolder();
+    static std::string tidePath() { return buildFolder() + "/tide"; }
+    static std::string tidewellPath() { return buildFolder() + "/tidewell"; }
+
+    // The isolated environment: PATH of the test, the test's folders and bus, nothing else.
+    std::map<std::string, std::string> environment() const;
+    // `tide` with these arguments, started in that folder; change it before running if needed.
+    ChildProcess::Launch tideLaunch(const std::vector<std::string>& arguments,
+                                    const std::string& workingDirectory) const;
+    ProcessResult tide(const std::vector<std::string>& arguments,
+                       const std::string& workingDirectory) const;
+
+    // Checks all that a finished command left behind, and that it finished in time.
+    static void expectResult(const ProcessResult& result, const std::string& out,
+                             const std::string& errors, int status);
+
+    // A new folder below the test's projects folder.
+    std::string project(const std::string& name) const;
+    std::string dataFolder() const { return dataHome + "/Tidewell"; }
+    std::string itemsFile() const { return dataFolder() + "/items.json"; }
+    std::string itemsFileBytes() const { return readFile(itemsFile()).value_or(""); }
+    void writeItemsFile(const std::string& bytes) const;
+
+    static std::optional<std::string> readFile(const std::string& path);
+    // The names in a folder, sorted.
+    static std::vector<std::string> entries(const std::string& folder);
+
+    TemporaryDirectory root;
+    PrivateSessionBus bus;
+    std::string home = root.makeFolder("home");
+    std::string dataHome = root.makeFolder("data");
+    std::string configHome = root.makeFolder("config");
+    std::string runtimeFolder = root.makeFolder("runtime");
+};
+
+} // namespace tidewell::testing

@@ -184,6 +184,17 @@ void PosixFileSystem::writeFileAtomically(const std::string& path, std::string_v
         ::fsync(folder.get());
 }
 
+void PosixFileSystem::writeNewPrivateFile(const std::string& path, std::string_view bytes) {
+    FileDescriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+    if (file.get() < 0)
+        fail("Cannot create", path, errno);
+    if (!writeAll(file.get(), bytes)) {
+        const int error = errno;
+        ::unlink(path.c_str());
+        fail("Cannot write", path, error);
+    }
+}
+
 void PosixFileSystem::createDirectories(const std::string& path) {
     std::error_code error;
     std::filesystem::create_directories(path, error);

@@ -19,6 +19,7 @@ public:
                                           std::size_t maxBytes) const override;
 
     void writeFileAtomically(const std::string& path, std::string_view bytes) override;
+    void writeNewPrivateFile(const std::string& path, std::string_view bytes) override;
     void createDirectories(const std::string& path) override;
     void copyFile(const std::string& from, const std::string& to) override;
     void copyDirectory(const std::string& from, const std::string& to) override;

@@ -68,8 +68,8 @@ TEST_F(PosixFileSystemTest, AFailedWriteKeepsTheOldFileAndRemovesItsTemporaryFil
         files.writeFileAtomically(root.path() + "/missing/items.json", "x");
         FAIL() << "writing into a missing folder should fail";
     } catch (const Error& error) {
-        EXPECT_EQ(std::string(error.what()),
-                  "Cannot write a file in the folder " + root.path() + "/missing: No such file or directory");
+        EXPECT_EQ(std::string(error.what()), "Cannot write a file in the folder " + root.path() +
+                                                 "/missing: No such file or directory");
     }
 }
 
@@ -91,7 +91,8 @@ TEST_F(PosixFileSystemTest, ListingTellsRealFoldersFromLinksToThem) {
     const auto link = files.linkStatus(root.path() + "/project/link");
     ASSERT_TRUE(link);
     EXPECT_TRUE(link->isSymbolicLink);
-    EXPECT_EQ(files.readSymbolicLink(root.path() + "/project/link"), root.path() + "/project/folder");
+    EXPECT_EQ(files.readSymbolicLink(root.path() + "/project/link"),
+              root.path() + "/project/folder");
     EXPECT_FALSE(files.readSymbolicLink(root.path() + "/project/folder"));
     EXPECT_FALSE(files.linkStatus(root.path() + "/nothing"));
     EXPECT_TRUE(files.list(root.path() + "/nothing").empty());

@@ -53,6 +53,8 @@ public:
 
     // Replaces the file in one rename, after the new bytes and the folder are on disk.
     virtual void writeFileAtomically(const std::string& path, std::string_view bytes) = 0;
+    // Creates a file that must not exist yet, readable and writable by its owner only.
+    virtual void writeNewPrivateFile(const std::string& path, std::string_view bytes) = 0;
     virtual void createDirectories(const std::string& path) = 0;
     virtual void copyFile(const std::string& from, const std::string& to) = 0;
     virtual void copyDirectory(const std::string& from, const std::string& to) = 0;

@@ -1,4 +1,5 @@
 #include "core/notify/NotificationCenter.h"
+
 #include "support/FakeMainQueue.h"
 
 #include <gtest/gtest.h>
@@ -27,7 +28,8 @@ TEST_F(NotificationCenterTest, ObserversOfTheNameHearEachPostAsALaterMainQueueTa
 }
 
 TEST_F(NotificationCenterTest, AnObserverRemovedBeforeItsTaskRunsIsNotCalled) {
-    const ObserverToken token = center.addObserver("Tidewell.itemsChanged", [&] { heard.push_back("gone"); });
+    const ObserverToken token =
+        center.addObserver("Tidewell.itemsChanged", [&] { heard.push_back("gone"); });
     center.addObserver("Tidewell.itemsChanged", [&] { heard.push_back("kept"); });
     center.post("Tidewell.itemsChanged");
     center.removeObserver(token);

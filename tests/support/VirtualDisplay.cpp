@@ -1,0 +1,105 @@
+#include "support/VirtualDisplay.h"
+
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <spawn.h>
+#include <stdexcept>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+extern char** environ;
+
+namespace tidewell::testing {
+namespace {
+
+pid_t spawn(std::vector<std::string> arguments, posix_spawn_file_actions_t* actions) {
+    std::vector<char*> argv;
+    for (std::string& argument : arguments)
+        argv.push_back(argument.data());
+    argv.push_back(nullptr);
+    pid_t pid = -1;
+    if (::posix_spawnp(&pid, argv[0], actions, nullptr, argv.data(), environ) != 0)
+        throw std::runtime_error("cannot start " + arguments.front());
+    return pid;
+}
+
+void stop(pid_t pid) {
+    if (pid <= 0)
+        return;
+    ::kill(pid, SIGTERM);
+    ::waitpid(pid, nullptr, 0);
+}
+
+// Xvfb writes the display number it chose to the descriptor once it accepts clients.
+std::string readDisplayNumber(int fd) {
+    std::string number;
+    char c = 0;
+    while (::read(fd, &c, 1) == 1 && c != '\n')
+        number += c;
+    return number;
+}
+
+bool hasWindowManager() {
+    FILE* output = ::popen("xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null", "r");
+    if (!output)
+        return false;
+    char line[256] = {};
+    const bool found = std::fgets(line, sizeof line, output) && std::strstr(line, "window id");
+    ::pclose(output);
+    return found;
+}
+
+} // namespace
+
+VirtualDisplay::VirtualDisplay() {
+    int pipe[2];
+    if (::pipe(pipe) != 0)
+        throw std::runtime_error(std::string("pipe: ") + std::strerror(errno));
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addclose(&actions, pipe[0]);
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    server_ = spawn({"Xvfb", "-displayfd", std::to_string(pipe[1]), "-screen", "0",
+                     "1920x1080x24", "-nolisten", "tcp"},
+                    &actions);
+    posix_spawn_file_actions_destroy(&actions);
+    ::close(pipe[1]);
+    const std::string number = readDisplayNumber(pipe[0]);
+    ::close(pipe[0]);
+    if (number.empty()) {
+        stop(server_);
+        throw std::runtime_error("Xvfb did not start");
+    }
+    name_ = ":" + number;
+    environment_.set("DISPLAY", name_);
+    startWindowManager();
+}
+
+VirtualDisplay::~VirtualDisplay() {
+    stop(windowManager_);
+    stop(server_);
+}
+
+void VirtualDisplay::startWindowManager() {
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    windowManager_ = spawn({"openbox", "--sm-disable"}, &actions);
+    posix_spawn_file_actions_destroy(&actions);
+    // Tests expect a managed desktop from the start: wait (bounded) for openbox to announce
+    // itself on the root window.
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (!hasWindowManager()) {
+        if (std::chrono::steady_clock::now() > deadline)
+            throw std::runtime_error("openbox did not start");
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+}
+
+} // namespace tidewell::testing

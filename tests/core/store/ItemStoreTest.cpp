@@ -1,0 +1,239 @@
+#include "core/store/ItemStore.h"
+
+#include "core/items/ItemsJson.h"
+#include "support/FakeWorkspace.h"
+#include "support/ItemsFixture.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace tidewell::testing {
+namespace {
+
+using std::chrono::seconds;
+using Names = std::vector<std::string>;
+using SortOrders = std::vector<std::optional<std::int64_t>>;
+
+Names names(const std::vector<NotchItem>& items) {
+    Names result;
+    for (const NotchItem& item : items)
+        result.push_back(item.name);
+    return result;
+}
+
+SortOrders sortOrders(const std::vector<NotchItem>& items) {
+    SortOrders result;
+    for (const NotchItem& item : items)
+        result.push_back(item.sortOrder);
+    return result;
+}
+
+// The favourites in the file, in the order their sort orders give.
+Names placedNamesInFile(ItemDatabase& database) {
+    auto items = database.load();
+    std::erase_if(items, [](const NotchItem& item) { return !item.sortOrder; });
+    std::sort(items.begin(), items.end(),
+              [](const NotchItem& a, const NotchItem& b) { return a.sortOrder < b.sortOrder; });
+    return names(items);
+}
+
+class ItemStoreTest : public ItemsFixture {
+protected:
+    // A pinned project folder whose record was created `age` seconds from now.
+    NotchItem pinned(const std::string& name, std::optional<std::int64_t> sortOrder, int age = 0) {
+        NotchItem item;
+        item.id = Uuid::random();
+        item.name = name;
+        item.path = root.makeFolder("projects/" + name);
+        item.initials = NotchItem::makeInitials(name);
+        item.tintHex = NotchItem::makeTint(name);
+        item.isFavorite = true;
+        item.createdAt = item.lastOpenedAt = clock.now() + seconds(age);
+        item.sortOrder = sortOrder;
+        return item;
+    }
+
+    // Writes the items file and opens a fresh store on it, with no notification pending.
+    ItemStore& openStore(const std::vector<NotchItem>& items) {
+        opened.reset();
+        database.save(items);
+        queue.runUntilIdle();
+        opened = std::make_unique<ItemStore>(
+            ItemStore::Services{database, localCenter, distributedCenter, queue, workspace});
+        changes = 0;
+        counting = opened->itemsChanged.connect([this] { ++changes; });
+        return *opened;
+    }
+
+    FakeWorkspace workspace;
+    std::unique_ptr<ItemStore> opened;
+    int changes = 0;
+    Connection counting;
+};
+
+TEST_F(ItemStoreTest, FavoritesPutPlacedOnesInOrderThenUnplacedOldestFirst) {
+    NotchItem recent = pinned("recent", std::nullopt);
+    recent.isFavorite = false;
+    const auto& store =
+        openStore({pinned("two", 2, 30), pinned("late", std::nullopt, 20), pinned("zero", 0, 10),
+                   recent, pinned("early", std::nullopt, 5)});
+    EXPECT_EQ(names(store.favorites()), (Names{"zero", "two", "early", "late"}));
+}
+
+TEST_F(ItemStoreTest, ReorderTakesTheTargetsPlaceInMemoryUntilSaved) {
+    const struct {
+        int moved;
+        int target;
+        Names expected;
+    } cases[] = {{0, 2, {"B", "C", "A", "D"}}, {3, 1, {"A", "D", "B", "C"}}};
+    for (const auto& [moved, target, expected] : cases) {
+        SCOPED_TRACE(moved);
+        const std::vector items{pinned("A", 0), pinned("B", 1), pinned("C", 2), pinned("D", 3)};
+        ItemStore& store = openStore(items);
+        const std::string savedBytes = itemsFileBytes();
+
+        store.reorderFavorite(items[moved].id, items[target].id);
+        EXPECT_EQ(names(store.favorites()), expected);
+        EXPECT_EQ(sortOrders(store.favorites()), (SortOrders{0, 1, 2, 3}));
+        EXPECT_EQ(changes, 1);
+        EXPECT_EQ(itemsFileBytes(), savedBytes);
+
+        store.saveFavoriteOrder();
+        EXPECT_EQ(placedNamesInFile(database), expected);
+        EXPECT_EQ(names(store.favorites()), expected);
+    }
+}
+
+TEST_F(ItemStoreTest, ReorderWithAnUnknownOrTheSameIdChangesNothing) {
+    const std::vector items{pinned("A", 0), pinned("B", 1)};
+    ItemStore& store = openStore(items);
+    store.reorderFavorite(Uuid::random(), items[1].id);
+    store.reorderFavorite(items[0].id, Uuid::random());
+    store.reorderFavorite(items[0].id, items[0].id);
+    EXPECT_EQ(store.items(), items);
+    EXPECT_EQ(changes, 0);
+}
+
+TEST_F(ItemStoreTest, FoldersAddedBeforeAFavouriteAreNumberedInPlaceEvenIfOneFails) {
+    const struct {
+        const char* description;
+        bool withFailingPath;
+    } cases[] = {{"all recorded", false}, {"one not valid UTF-8", true}};
+    for (const auto& [description, withFailingPath] : cases) {
+        SCOPED_TRACE(description);
+        const std::vector items{pinned("X", 0), pinned("Y", 1), pinned("Z", 2)};
+        ItemStore& store = openStore(items);
+        std::vector<std::string> paths{root.makeFolder("new/P1"), root.makeFolder("new/P2")};
+        if (withFailingPath)
+            paths.insert(paths.begin() + 1, root.path() + "/new/P\xff");
+
+        store.add(paths, items[1].id);
+        EXPECT_EQ(names(store.favorites()), (Names{"X", "P1", "P2", "Y", "Z"}));
+        EXPECT_EQ(sortOrders(store.favorites()), (SortOrders{0, 1, 2, 3, 4}));
+        EXPECT_EQ(placedNamesInFile(database), (Names{"X", "P1", "P2", "Y", "Z"}));
+    }
+}
+
+TEST_F(ItemStoreTest, FoldersAddedWithoutATargetStayUnplacedAfterOlderOnes) {
+    ItemStore& store =
+        openStore({pinned("X", 0), pinned("old", std::nullopt, -60), pinned("Y", 1)});
+    store.add({root.makeFolder("new/P1"), root.makeFolder("new/P2")}, std::nullopt);
+    store.add(root.makeFolder("new/recent"), false);
+    EXPECT_EQ(names(store.favorites()), (Names{"X", "Y", "old", "P1", "P2"}));
+    EXPECT_EQ(sortOrders(store.favorites()),
+              (SortOrders{0, 1, std::nullopt, std::nullopt, std::nullopt}));
+    EXPECT_EQ(store.items().size(), 6u);
+    EXPECT_EQ(store.items(), database.load());
+}
+
+TEST_F(ItemStoreTest, UnpinClearsThePlaceAndPinningAgainLeavesItUnplaced) {
+    const std::vector items{pinned("X", 0), pinned("Y", 1), pinned("Z", 2)};
+    ItemStore& store = openStore(items);
+    store.unpin(items[1].id);
+    EXPECT_EQ(names(store.favorites()), (Names{"X", "Z"}));
+    EXPECT_FALSE(store.items()[1].isFavorite);
+    EXPECT_FALSE(store.items()[1].sortOrder);
+    EXPECT_EQ(store.items(), database.load());
+
+    store.add(items[1].path, true);
+    EXPECT_EQ(names(store.favorites()), (Names{"X", "Z", "Y"}));
+    EXPECT_FALSE(store.favorites()[2].sortOrder);
+}
+
+TEST_F(ItemStoreTest, RemoveDeletesTheItemAndAnUnknownIdStillSaves) {
+    const std::vector items{pinned("X", 0), pinned("Y", 1)};
+    ItemStore& store = openStore(items);
+    store.remove(items[0].id);
+    EXPECT_EQ(names(database.load()), Names{"Y"});
+    EXPECT_EQ(names(store.items()), Names{"Y"});
+
+    const std::size_t postsBefore = distributedCenter.posted.size();
+    store.remove(Uuid::random());
+    EXPECT_EQ(distributedCenter.posted.size(), postsBefore + 1);
+    EXPECT_EQ(names(store.items()), Names{"Y"});
+}
+
+TEST_F(ItemStoreTest, OpenAsksTheDesktopAndRecordsTheOpening) {
+    const NotchItem item = pinned("X", 0);
+    ItemStore& store = openStore({item});
+    clock.advance(std::chrono::hours(1));
+    store.open(item);
+    const FakeWorkspace::Call opening{FakeWorkspace::Operation::openFolder, item.path};
+    EXPECT_EQ(workspace.calls, std::vector{opening});
+    EXPECT_EQ(store.items()[0].lastOpenedAt, clock.now());
+    EXPECT_EQ(database.load()[0].lastOpenedAt, clock.now());
+}
+
+TEST_F(ItemStoreTest, ANotificationReloadsLaterAndDropsAnUnsavedReorder) {
+    const std::vector items{pinned("A", 0), pinned("B", 1)};
+    ItemStore& store = openStore(items);
+    root.write("data/Tidewell/items.json", ItemsJson::encode({items[0]}));
+    distributedCenter.post(notchItemsChanged);
+    EXPECT_EQ(store.items().size(), 2u);
+    queue.runUntilIdle();
+    EXPECT_EQ(store.items(), std::vector{items[0]});
+
+    ItemStore& reordered = openStore(items);
+    reordered.reorderFavorite(items[1].id, items[0].id);
+    EXPECT_EQ(names(reordered.favorites()), (Names{"B", "A"}));
+    distributedCenter.post(notchItemsChanged);
+    queue.runUntilIdle();
+    EXPECT_EQ(names(reordered.favorites()), (Names{"A", "B"}));
+}
+
+TEST_F(ItemStoreTest, AStoreGoneBeforeItsReloadRunsIsLeftAlone) {
+    openStore({pinned("A", 0)});
+    distributedCenter.post(notchItemsChanged);
+    localCenter.post(notchItemsChanged);
+    opened.reset();
+    queue.runUntilIdle();
+    EXPECT_EQ(changes, 0);
+
+    distributedCenter.post(notchItemsChanged);
+    EXPECT_EQ(queue.pendingCount(), 0u);
+}
+
+TEST_F(ItemStoreTest, ItsOwnSaveReloadsOncePerCentreWithoutChangingTheList) {
+    const std::vector items{pinned("A", 0), pinned("B", 1)};
+    ItemStore& store = openStore(items);
+    store.unpin(items[0].id);
+    EXPECT_EQ(changes, 1);
+    const std::vector<NotchItem> saved = store.items();
+    queue.runUntilIdle();
+    EXPECT_EQ(changes, 3);
+    EXPECT_EQ(store.items(), saved);
+}
+
+TEST_F(ItemStoreTest, AChangeByAnotherWriterSinceTheLastLoadIsKept) {
+    const std::vector items{pinned("A", 0), pinned("B", 1)};
+    ItemStore& store = openStore(items);
+    database.upsert({.path = root.makeFolder("projects/C"), .favorite = true});
+    ASSERT_EQ(store.items().size(), 2u);
+
+    store.unpin(items[0].id);
+    EXPECT_EQ(names(database.load()), (Names{"A", "B", "C"}));
+    EXPECT_EQ(names(store.favorites()), (Names{"B", "C"}));
+}
+
+} // namespace
+} // namespace tidewell::testing

@@ -6,7 +6,7 @@ set -euo pipefail
 packages=(
   # build
   g++ cmake ninja-build pkg-config
-  libsimdjson-dev libutf8proc-dev libstb-dev libsystemd-dev
+  libsimdjson-dev libutf8proc-dev libstb-dev libsystemd-dev qt6-base-dev libglib2.0-dev
   # run
   dbus xdg-utils
   # test, fuzz and benchmark

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "support/PrivateSessionBus.h"
+#include "support/ScopedEnvironment.h"
+#include "support/TemporaryDirectory.h"
+
+#include <gtest/gtest.h>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tidewell::testing {
+
+// How a test handler was started, as it reported itself.
+struct HandlerLaunch {
+    std::string processId;
+    std::string sessionId;
+    std::vector<std::string> arguments;
+    std::vector<std::string> environment; // NAME=value
+    bool hasVariable(const std::string& name) const;
+};
+
+// A desktop of the tests' own: XDG folders in a temporary folder where the only
+// applications are two test handlers (the default for folders, and an entry with the Codex
+// application's id), and a private session bus. GIO and QSettings read these folders once
+// per process, so the desktop is installed for the whole program, before any test.
+class TestDesktop {
+public:
+    static constexpr const char* folderHandlerId = "tidewell-test-opener";
+    static constexpr const char* codexId = "com.openai.codex";
+
+    TestDesktop();
+
+    // The gtest environment that installs the desktop and removes it after the last test.
+    static ::testing::Environment* installation();
+    static const TestDesktop& current();
+
+    const std::string& configHome() const { return configHome_; }
+    // A folder for the tests' projects.
+    const TemporaryDirectory& files() const { return root_; }
+    // Waits for the handler's next report, which it writes once started, and consumes it;
+    // none when no report came within ten seconds.
+    std::optional<HandlerLaunch> waitForLaunch(const std::string& handlerId) const;
+
+private:
+    void installHandler(const std::string& handlerId, const std::string& extraKeys) const;
+
+    TemporaryDirectory root_;
+    std::string configHome_;
+    ScopedEnvironment environment_;
+    PrivateSessionBus bus_;
+};
+
+} // namespace tidewell::testing

@@ -15,6 +15,7 @@ namespace {
 const ApplicationLocation installedCopy{"/usr/local/bin/tidewell", true};
 const ApplicationLocation buildTreeCopy{"/home/user/src/tidewell/build/tidewell", false};
 
+const std::string ownAgent = "com.quorvel.tidewell.login.plist";
 const std::vector<std::string> oldAgentFiles = {
     "com.quorvel.tidewell.app.plist",
     "com.ledgebox.login.plist",
@@ -40,12 +41,15 @@ protected:
         }
         return "";
     }
-    std::string agentFile(const std::string& name = "com.quorvel.tidewell.login.plist") const {
+    std::string agentFile(const std::string& name = ownAgent) const {
         return home.path() + "/Library/LaunchAgents/" + name;
+    }
+    void writeAgentFile(const std::string& name = ownAgent) {
+        home.write("Library/LaunchAgents/" + name, "old");
     }
     void writeOldAgentFiles() {
         for (const std::string& name : oldAgentFiles)
-            home.write("Library/LaunchAgents/" + name, "old");
+            writeAgentFile(name);
     }
     bool isMigrated() const { return defaults.boolean("Tidewell.didMigrateLoginItem") == true; }
     int postsDelivered() {
@@ -74,7 +78,7 @@ TEST_F(LaunchAgentManagerTest, StatusFollowsTheServiceUnlessTheAgentFileExists) 
     };
     for (const bool hasAgentFile : {false, true}) {
         if (hasAgentFile)
-            home.write("Library/LaunchAgents/com.quorvel.tidewell.login.plist", "anything");
+            writeAgentFile();
         for (const auto& [status, description] : answers) {
             SCOPED_TRACE(description);
             service.currentStatus = status;
@@ -129,70 +133,55 @@ TEST_F(LaunchAgentManagerTest, InstallRegistersWithTheServiceOrFallsBackToTheAge
 TEST_F(LaunchAgentManagerTest, TheAgentFileNamesTheProgramEscapedAndIsRewrittenEveryTime) {
     defaults.setBoolean("Tidewell.didMigrateLoginItem", true);
     service.currentStatus = LoginItemStatus::notFound;
-    home.write("Library/LaunchAgents/com.quorvel.tidewell.login.plist", "stale");
+    writeAgentFile();
     manager({"/opt/R&D <new>/bin/tidewell", true}).install(defaults, notifications);
-    EXPECT_EQ(files.readFile(agentFile()),
-              "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-              "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
-              "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
-              "<plist version=\"1.0\">\n"
-              "<dict>\n"
-              "\t<key>Label</key>\n"
-              "\t<string>com.quorvel.tidewell.login</string>\n"
-              "\t<key>ProgramArguments</key>\n"
-              "\t<array>\n"
-              "\t\t<string>/usr/bin/open</string>\n"
-              "\t\t<string>/opt/R&amp;D &lt;new&gt;/bin/tidewell</string>\n"
-              "\t</array>\n"
-              "\t<key>RunAtLoad</key>\n"
-              "\t<true/>\n"
-              "\t<key>KeepAlive</key>\n"
-              "\t<false/>\n"
-              "\t<key>ProcessType</key>\n"
-              "\t<string>Interactive</string>\n"
-              "</dict>\n"
-              "</plist>\n");
-    EXPECT_EQ(postsDelivered(), 1);
+    EXPECT_EQ(
+        files.readFile(agentFile()),
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE plist PUBLIC "
+        "\"-//Apple//DTD PLIST 1.0//EN\" \"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+        "<plist version=\"1.0\">\n<dict>\n"
+        "\t<key>Label</key>\n\t<string>com.quorvel.tidewell.login</string>\n"
+        "\t<key>ProgramArguments</key>\n\t<array>\n\t\t<string>/usr/bin/open</string>\n"
+        "\t\t<string>/opt/R&amp;D &lt;new&gt;/bin/tidewell</string>\n\t</array>\n"
+        "\t<key>RunAtLoad</key>\n\t<true/>\n\t<key>KeepAlive</key>\n\t<false/>\n"
+        "\t<key>ProcessType</key>\n\t<string>Interactive</string>\n</dict>\n</plist>\n");
 }
 
+// A registration that cannot be removed is made again anyway.
 TEST_F(LaunchAgentManagerTest, FirstInstallCleansUpOldRegistrationsOnce) {
-    writeOldAgentFiles();
-    home.write("Library/LaunchAgents/com.quorvel.tidewell.login.plist", "old");
-    home.write("Library/LaunchAgents/org.example.other.plist", "someone else's");
-    service.currentStatus = LoginItemStatus::enabled;
+    for (const bool unregisterFails : {false, true}) {
+        SCOPED_TRACE(unregisterFails ? "unregister fails" : "unregister works");
+        writeOldAgentFiles();
+        writeAgentFile();
+        writeAgentFile("org.example.other.plist");
+        defaults.values.clear();
+        service = FakeLoginItemService();
+        service.currentStatus = LoginItemStatus::requiresApproval;
+        if (unregisterFails)
+            service.unregisterFailure = "Busy.";
+        const int posts = postsDelivered();
 
-    manager().install(defaults, notifications);
-    for (const std::string& name : oldAgentFiles)
-        EXPECT_FALSE(files.exists(agentFile(name))) << name;
-    EXPECT_FALSE(files.exists(agentFile()));
-    EXPECT_TRUE(files.exists(agentFile("org.example.other.plist")));
-    EXPECT_TRUE(isMigrated());
-    // The old registration is dropped and a fresh one made.
-    EXPECT_EQ(service.unregisterCount, 1);
-    EXPECT_EQ(service.registerCount, 1);
+        EXPECT_EQ(installFailure(), "");
+        for (const std::string& name : oldAgentFiles)
+            EXPECT_FALSE(files.exists(agentFile(name))) << name;
+        EXPECT_FALSE(files.exists(agentFile()));
+        EXPECT_TRUE(files.exists(agentFile("org.example.other.plist")));
+        EXPECT_TRUE(isMigrated());
+        EXPECT_EQ(service.unregisterCount, 1);
+        EXPECT_EQ(service.registerCount, unregisterFails ? 0 : 1);
+        EXPECT_EQ(postsDelivered(), posts + 1);
 
-    writeOldAgentFiles();
-    manager().install(defaults, notifications);
-    for (const std::string& name : oldAgentFiles)
-        EXPECT_TRUE(files.exists(agentFile(name))) << name;
-    EXPECT_EQ(service.unregisterCount, 1);
-    EXPECT_EQ(service.registerCount, 1);
-    EXPECT_EQ(postsDelivered(), 2);
-}
-
-TEST_F(LaunchAgentManagerTest, CleanUpIgnoresUnregisterFailures) {
-    service.currentStatus = LoginItemStatus::requiresApproval;
-    service.unregisterFailure = "Busy.";
-    EXPECT_EQ(installFailure(), "");
-    EXPECT_EQ(service.unregisterCount, 1);
-    EXPECT_TRUE(isMigrated());
-    EXPECT_EQ(postsDelivered(), 1);
+        writeOldAgentFiles();
+        manager().install(defaults, notifications);
+        EXPECT_TRUE(files.exists(agentFile(oldAgentFiles[0])));
+        EXPECT_EQ(service.unregisterCount, 1);
+    }
 }
 
 TEST_F(LaunchAgentManagerTest, AnOldAgentFileThatCannotBeRemovedStopsBeforeAnythingChanges) {
     // A folder where an old agent file would be cannot be removed as a file.
     home.write("Library/LaunchAgents/com.ledgebox.login.plist/keep", "");
-    home.write("Library/LaunchAgents/com.ledgebox.app.plist", "old");
+    writeAgentFile("com.ledgebox.app.plist");
     service.currentStatus = LoginItemStatus::enabled;
 
     EXPECT_THROW(manager().install(defaults, notifications), Error);
@@ -204,7 +193,7 @@ TEST_F(LaunchAgentManagerTest, AnOldAgentFileThatCannotBeRemovedStopsBeforeAnyth
 }
 
 TEST_F(LaunchAgentManagerTest, UninstallRemovesTheAgentFileAndTheRegistration) {
-    home.write("Library/LaunchAgents/com.quorvel.tidewell.login.plist", "agent");
+    writeAgentFile();
     service.currentStatus = LoginItemStatus::notFound;
     manager().uninstall(defaults, notifications);
     EXPECT_FALSE(files.exists(agentFile()));

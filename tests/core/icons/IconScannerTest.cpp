@@ -1,6 +1,5 @@
 #include "core/icons/IconScanner.h"
 
-#include "ImageBytes.h"
 #include "linux/PosixFileSystem.h"
 #include "support/TemporaryDirectory.h"
 
@@ -10,11 +9,14 @@
 namespace tidewell {
 namespace {
 
-using testing::ImageBytes::icns;
-using testing::ImageBytes::png;
+// Shapes are given as SVG text: images are read by their content, whatever their names.
+std::string image(int width, int height) {
+    return "<svg width=\"" + std::to_string(width) + "\" height=\"" + std::to_string(height) +
+           "\"/>";
+}
 
-const std::string square = png(64, 64);
-const std::string wide = png(64, 32);
+const std::string square = image(64, 64);
+const std::string wide = image(64, 32);
 
 class IconScannerTest : public ::testing::Test {
 protected:
@@ -31,7 +33,7 @@ protected:
 // The numbers are the scores of the files compared; square images earn a bonus.
 TEST(IconScanner, ScoresNamePlaceAndShape) {
     using Files = std::vector<std::pair<std::string, std::string>>;
-    const Files scored = {{"assets/favicon.ico", wide}, {"icon.icns", icns({"info"})}};
+    const Files scored = {{"assets/favicon.ico", wide}, {"icon.icns", "no size to read"}};
     const std::string catalog = "Assets.xcassets/AppIcon.appiconset/icon_512x512.png";
     const std::string pruned[] = {"node_modules", "Pods",          "DerivedData", "BUILD",
                                   "dist",         "out",           "vendor",      "venv",
@@ -136,10 +138,11 @@ TEST_F(IconScannerTest, PreferredDirectoriesAreThoseBelowTheRoot) {
 }
 
 TEST_F(IconScannerTest, SquareMeansWithinEightPercent) {
-    EXPECT_TRUE(scanner.isSquare(project.write("a.png", png(100, 93))));
-    EXPECT_FALSE(scanner.isSquare(project.write("b.png", png(100, 92))));
+    EXPECT_TRUE(scanner.isSquare(project.write("a.png", image(100, 93))));
+    EXPECT_FALSE(scanner.isSquare(project.write("b.png", image(100, 92))));
     EXPECT_TRUE(scanner.isSquare(project.write("c.svg", R"(<svg viewBox="0 0 24 24"/>)")));
-    EXPECT_TRUE(scanner.isSquare(project.write("d.png", png(256, 256) + std::string(70000, 'x'))));
+    EXPECT_TRUE(
+        scanner.isSquare(project.write("d.png", image(256, 256) + std::string(70000, 'x'))));
     EXPECT_FALSE(scanner.isSquare(project.write("e.png", "not an image")));
     EXPECT_FALSE(scanner.isSquare(inProject("missing.png")));
     EXPECT_FALSE(scanner.isSquare(project.makeFolder("f.png")));

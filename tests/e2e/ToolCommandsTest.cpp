@@ -205,17 +205,17 @@ TEST_F(ToolCommandsTest, OpenRecordsTheFolderAndReturnsTheOpenersStatus) {
         "fake-bin/xdg-open", "#!/bin/sh\nprintf '%s\\n' \"$@\" > '" + opened + "'\nexit 3\n");
     std::filesystem::permissions(opener, std::filesystem::perms::owner_all);
     const std::string web = project("web");
-    const auto open = [&](const std::string& folder) {
+    const auto tideOpen = [&](const std::string& folder) {
         ChildProcess::Launch command = launch(tidePath(), {"open", folder}, web);
         command.environment["PATH"] = root.path() + "/fake-bin:" + command.environment["PATH"];
         return ChildProcess::run(command);
     };
 
-    expectResult(open("missing"), "", "Path does not exist: " + web + "/missing\n", 2);
+    expectResult(tideOpen("missing"), "", "Path does not exist: " + web + "/missing\n", 2);
     EXPECT_FALSE(readFile(opened));
     EXPECT_FALSE(readFile(itemsFile()));
 
-    expectResult(open("."), "Added to recent: web\n", "", 3);
+    expectResult(tideOpen("."), "Added to recent: web\n", "", 3);
     EXPECT_EQ(readFile(opened), web + "\n");
     ASSERT_EQ(storedItems().size(), 1u);
     EXPECT_EQ(storedItems()[0].path, web);

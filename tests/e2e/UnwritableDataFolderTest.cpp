@@ -1,6 +1,7 @@
 #include "e2e/EndToEndTest.h"
 
 #include <filesystem>
+#include <functional>
 #include <unistd.h>
 
 namespace tidewell::testing {
@@ -9,17 +10,16 @@ namespace {
 // Tests may run as root, whom permission bits do not stop: every case here stops root too.
 class UnwritableDataFolderTest : public EndToEndTest {
 protected:
-    // Records one project, makes saving fail as `breakSaving` does, and checks that adding and
-    // removing then fail with the reason and leave the items file as it was.
-    void
-    expectSavesFail(const std::function<ChildProcess::Launch(ChildProcess::Launch)>& breakSaving,
-                    const std::string& reason) {
-        ASSERT_EQ(tide({"add", "."}, project("kept")).status, 0);
+    // Adding and removing, run through `wrapped`, fail with the reason and change nothing.
+    void expectSavesFail(
+        const std::string& reason,
+        const std::function<std::vector<std::string>(std::vector<std::string>)>& wrapped =
+            [](auto command) { return command; }) {
         const std::string before = itemsFileBytes();
         for (const std::vector<std::string>& arguments :
              std::vector<std::vector<std::string>>{{"add", "."}, {"remove", "kept"}}) {
-            SCOPED_TRACE(arguments.front());
-            const auto command = breakSaving(launch(tidePath(), arguments, project("web")));
+            ChildProcess::Launch command = launch(tidePath(), arguments, project("web"));
+            command.arguments = wrapped(command.arguments);
             expectResult(ChildProcess::run(command), "", "tide: " + reason + "\n", 1);
         }
         EXPECT_EQ(itemsFileBytes(), before);
@@ -47,13 +47,10 @@ TEST_F(UnwritableDataFolderTest, ADataFolderBelowARegularFileFailsEverySaveWithI
 }
 
 TEST_F(UnwritableDataFolderTest, ALockFileThatIsAFolderFailsTheSaveAndKeepsTheItems) {
-    expectSavesFail(
-        [&](ChildProcess::Launch command) {
-            std::filesystem::remove(dataFolder() + "/items.lock");
-            std::filesystem::create_directory(dataFolder() + "/items.lock");
-            return command;
-        },
-        "Cannot open the lock file " + dataFolder() + "/items.lock: Is a directory");
+    ASSERT_EQ(tide({"add", "."}, project("kept")).status, 0);
+    std::filesystem::remove(dataFolder() + "/items.lock");
+    std::filesystem::create_directory(dataFolder() + "/items.lock");
+    expectSavesFail("Cannot open the lock file " + dataFolder() + "/items.lock: Is a directory");
 }
 
 // The tool runs in a mount namespace of its own, with the data folder mounted read-only.
@@ -62,18 +59,18 @@ TEST_F(UnwritableDataFolderTest, AReadOnlyDataFolderFailsTheSaveAndKeepsTheItems
     probe.insert(probe.end(), {"sh", "-c", R"(mount --bind -o ro "$0" "$0")", root.path()});
     if (ChildProcess::run({.arguments = probe, .environment = environment()}).status != 0)
         GTEST_SKIP() << "this machine allows no mount namespace";
+    ASSERT_EQ(tide({"add", "."}, project("kept")).status, 0);
 
-    expectSavesFail(
-        [&](ChildProcess::Launch command) {
-            std::vector<std::string> wrapped = unshare();
-            wrapped.insert(
-                wrapped.end(),
-                {"sh", "-c", R"(mount --bind -o ro "$0" "$0" && exec "$@")", dataFolder()});
-            wrapped.insert(wrapped.end(), command.arguments.begin(), command.arguments.end());
-            command.arguments = wrapped;
-            return command;
-        },
-        "Cannot open the lock file " + dataFolder() + "/items.lock: Read-only file system");
+    expectSavesFail("Cannot open the lock file " + dataFolder() +
+                        "/items.lock: Read-only file system",
+                    [&](const std::vector<std::string>& command) {
+                        std::vector<std::string> wrapped = unshare();
+                        wrapped.insert(wrapped.end(),
+                                       {"sh", "-c", R"(mount --bind -o ro "$0" "$0" && exec "$@")",
+                                        dataFolder()});
+                        wrapped.insert(wrapped.end(), command.begin(), command.end());
+                        return wrapped;
+                    });
     EXPECT_EQ(entries(dataFolder()), (std::vector<std::string>{"items.json", "items.lock"}));
 }
 

@@ -48,7 +48,6 @@ TEST_F(ItemDatabaseTest, NewItemsTakeTheirLookAndIconFromTheFolderAndAreAnnounce
     EXPECT_FALSE(recent.isFavorite);
     EXPECT_FALSE(recent.sortOrder);
     EXPECT_EQ(recent.lastOpenedAt, clock.now());
-    // Recent before pinned among records made in the same second.
     EXPECT_EQ(recent.createdAt, clock.now() - seconds(2));
     EXPECT_EQ(recent.iconPath, folder.iconsFolder() + "/" + recent.id.text() + ".ico");
     EXPECT_EQ(files.readFile(*recent.iconPath), "ico");

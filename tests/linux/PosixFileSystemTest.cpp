@@ -82,21 +82,6 @@ TEST_F(PosixFileSystemTest, ListingTellsRealFoldersFromLinksToThem) {
     EXPECT_FALSE(files.readFile(folder));
 }
 
-TEST_F(PosixFileSystemTest, CopiesAndRemovalsReportWhatFailed) {
-    const std::string source = root.write("icons/logo.png", "png");
-    files.copyFile(source, root.path() + "/copy.png");
-    files.copyFile(source, root.path() + "/copy.png");
-    EXPECT_EQ(files.readFile(root.path() + "/copy.png"), "png");
-    files.copyDirectory(root.path() + "/icons", root.path() + "/icons2");
-    EXPECT_EQ(files.readFile(root.path() + "/icons2/logo.png"), "png");
-    files.removeFile(root.path() + "/copy.png");
-    EXPECT_FALSE(files.exists(root.path() + "/copy.png"));
-    EXPECT_THROW(files.removeFile(root.path() + "/copy.png"), Error);
-    EXPECT_THROW(files.copyFile(root.path() + "/none", root.path() + "/x"), Error);
-    root.write("blocker");
-    EXPECT_THROW(files.createDirectories(root.path() + "/blocker/folder"), Error);
-}
-
 TEST_F(PosixFileSystemTest, TheLockIsExclusiveUntilReleased) {
     const std::string lockFile = root.path() + "/items.lock";
     auto isFree = [&] {

@@ -1,5 +1,4 @@
 #include "e2e/EndToEndTest.h"
-#include "e2e/ItemsFileText.h"
 
 #include <algorithm>
 #include <ctime>
@@ -8,25 +7,15 @@
 namespace tidewell::testing {
 namespace {
 
-const std::regex preservedName(R"(items\.json\.corrupt-\d{8}T\d{6}Z(-\d+)?)");
-
-// The name a copy kept at that time gets: items.json.corrupt-20250304T180741Z.
-std::string preservedNameAt(std::time_t time) {
-    std::tm parts{};
-    ::gmtime_r(&time, &parts);
-    char text[64];
-    std::strftime(text, sizeof text, "items.json.corrupt-%Y%m%dT%H%M%SZ", &parts);
-    return text;
-}
-
 class DamagedItemsFileTest : public EndToEndTest {
 protected:
-    // The contents of the preserved copies, sorted.
-    std::vector<std::string> preservedCopies() const {
+    // The contents of the kept copies, sorted; every name says when it was made.
+    std::vector<std::string> keptCopies() const {
+        const std::regex keptName(R"(items\.json\.corrupt-\d{8}T\d{6}Z(-\d+)?)");
         std::vector<std::string> copies;
         for (const std::string& name : entries(dataFolder()))
             if (name.starts_with("items.json.corrupt-")) {
-                EXPECT_TRUE(std::regex_match(name, preservedName)) << name;
+                EXPECT_TRUE(std::regex_match(name, keptName)) << name;
                 copies.push_back(readFile(dataFolder() + "/" + name).value_or("(unreadable)"));
             }
         std::sort(copies.begin(), copies.end());
@@ -43,36 +32,32 @@ TEST_F(DamagedItemsFileTest, UndecodableFilesListAsEmptyAndAreKeptWhenTheNextSav
         const std::string folder = project("p" + std::to_string(index));
         writeItemsFile(damaged[index]);
 
-        const ProcessResult listed = tide({"list"}, folder);
-        EXPECT_EQ(listed.standardOutput, "");
-        EXPECT_EQ(listed.standardError, "");
-        EXPECT_EQ(listed.status, 0);
+        expectResult(tide({"list"}, folder), "", "", 0);
         EXPECT_EQ(itemsFileBytes(), damaged[index]);
-
-        const ProcessResult added = tide({"add", "."}, folder);
-        EXPECT_EQ(added.standardOutput, "Pinned: p" + std::to_string(index) + "\n");
-        EXPECT_EQ(added.standardError, "");
-        EXPECT_EQ(added.status, 0);
-        EXPECT_EQ(stringValues(itemsFileBytes(), "id").size(), 1u);
+        expectResult(tide({"add", "."}, folder), "Pinned: p" + std::to_string(index) + "\n", "", 0);
+        EXPECT_EQ(storedItems().size(), 1u);
     }
     // Several copies are usually made within one second; each keeps a name of its own.
     std::sort(damaged.begin(), damaged.end());
-    EXPECT_EQ(preservedCopies(), damaged);
+    EXPECT_EQ(keptCopies(), damaged);
 }
 
 TEST_F(DamagedItemsFileTest, AKeptCopyNeverReplacesAnEarlierOne) {
     const std::time_t now = std::time(nullptr);
     std::vector<std::string> expected = {"{\"damaged\": true}"};
     for (std::time_t second = now - 1; second <= now + 3; ++second) {
-        const std::string earlier = "earlier copy " + std::to_string(second);
-        root.write("data/Tidewell/" + preservedNameAt(second), earlier);
-        expected.push_back(earlier);
+        std::tm parts{};
+        ::gmtime_r(&second, &parts);
+        char name[64];
+        std::strftime(name, sizeof name, "items.json.corrupt-%Y%m%dT%H%M%SZ", &parts);
+        expected.push_back("earlier copy " + std::to_string(second));
+        root.write("data/Tidewell/" + std::string(name), expected.back());
     }
-    writeItemsFile("{\"damaged\": true}");
+    writeItemsFile(expected.front());
 
     EXPECT_EQ(tide({"add", "."}, project("web")).status, 0);
     std::sort(expected.begin(), expected.end());
-    EXPECT_EQ(preservedCopies(), expected);
+    EXPECT_EQ(keptCopies(), expected);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "e2e/EndToEndTest.h"
 
+#include "core/items/ItemsJson.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
@@ -30,9 +32,10 @@ std::map<std::string, std::string> EndToEndTest::environment() const {
             {"DBUS_SESSION_BUS_ADDRESS", bus.address()}};
 }
 
-ChildProcess::Launch EndToEndTest::tideLaunch(const std::vector<std::string>& arguments,
-                                              const std::string& workingDirectory) const {
-    std::vector<std::string> command = {tidePath()};
+ChildProcess::Launch EndToEndTest::launch(const std::string& program,
+                                          const std::vector<std::string>& arguments,
+                                          const std::string& workingDirectory) const {
+    std::vector<std::string> command = {program};
     command.insert(command.end(), arguments.begin(), arguments.end());
     return {
         .arguments = command, .workingDirectory = workingDirectory, .environment = environment()};
@@ -40,7 +43,7 @@ ChildProcess::Launch EndToEndTest::tideLaunch(const std::vector<std::string>& ar
 
 ProcessResult EndToEndTest::tide(const std::vector<std::string>& arguments,
                                  const std::string& workingDirectory) const {
-    return ChildProcess::run(tideLaunch(arguments, workingDirectory));
+    return ChildProcess::run(launch(tidePath(), arguments, workingDirectory));
 }
 
 void EndToEndTest::expectResult(const ProcessResult& result, const std::string& out,
@@ -60,6 +63,10 @@ void EndToEndTest::writeItemsFile(const std::string& bytes) const {
     std::ofstream(itemsFile(), std::ios::binary) << bytes;
 }
 
+std::vector<NotchItem> EndToEndTest::storedItems() const {
+    return ItemsJson::decode(itemsFileBytes()).value_or(std::vector<NotchItem>());
+}
+
 std::optional<std::string> EndToEndTest::readFile(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     if (!file)
@@ -75,6 +82,19 @@ std::vector<std::string> EndToEndTest::entries(const std::string& folder) {
         names.push_back(entry.path().filename());
     std::sort(names.begin(), names.end());
     return names;
+}
+
+std::string EndToEndTest::filled(std::string text,
+                                 const std::map<std::string, std::string>& values) {
+    for (const auto& [key, value] : values) {
+        std::string escaped;
+        for (const char c : value)
+            escaped += c == '/' ? std::string("\\/") : std::string(1, c);
+        for (std::size_t at = text.find(key); at != std::string::npos;
+             at = text.find(key, at + escaped.size()))
+            text.replace(at, key.size(), escaped);
+    }
+    return text;
 }
 
 } // namespace tidewell::testing

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/items/NotchItem.h"
 #include "support/ChildProcess.h"
 #include "support/PrivateSessionBus.h"
 #include "support/TemporaryDirectory.h"
@@ -17,19 +18,18 @@ class EndToEndTest : public ::testing::Test {
 protected:
     EndToEndTest();
 
-    // The build folder and the programs in it.
     static std::string buildFolder();
     static std::string tidePath() { return buildFolder() + "/tide"; }
     static std::string tidewellPath() { return buildFolder() + "/tidewell"; }
 
     // The isolated environment: PATH of the test, the test's folders and bus, nothing else.
     std::map<std::string, std::string> environment() const;
-    // `tide` with these arguments, started in that folder; change it before running if needed.
-    ChildProcess::Launch tideLaunch(const std::vector<std::string>& arguments,
-                                    const std::string& workingDirectory) const;
+    // The program with these arguments, started in that folder; change it before running.
+    ChildProcess::Launch launch(const std::string& program,
+                                const std::vector<std::string>& arguments,
+                                const std::string& workingDirectory) const;
     ProcessResult tide(const std::vector<std::string>& arguments,
                        const std::string& workingDirectory) const;
-
     // Checks all that a finished command left behind, and that it finished in time.
     static void expectResult(const ProcessResult& result, const std::string& out,
                              const std::string& errors, int status);
@@ -40,10 +40,15 @@ protected:
     std::string itemsFile() const { return dataFolder() + "/items.json"; }
     std::string itemsFileBytes() const { return readFile(itemsFile()).value_or(""); }
     void writeItemsFile(const std::string& bytes) const;
+    // The records of the items file; none when it cannot be read.
+    std::vector<NotchItem> storedItems() const;
 
     static std::optional<std::string> readFile(const std::string& path);
     // The names in a folder, sorted.
     static std::vector<std::string> entries(const std::string& folder);
+    // The text with each key replaced by its value, slashes written "\/" as the items file
+    // writes them.
+    static std::string filled(std::string text, const std::map<std::string, std::string>& values);
 
     TemporaryDirectory root;
     PrivateSessionBus bus;

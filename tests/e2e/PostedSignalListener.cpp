@@ -30,7 +30,7 @@ bool PostedSignalListener::waitFor(const std::string& name, int count,
     while (true) {
         while (sd_bus_process(bus_, nullptr) > 0) {
         }
-        if (countOf(name) >= count)
+        if (std::count(received_.begin(), received_.end(), name) >= count)
             return true;
         const auto left = std::chrono::duration_cast<std::chrono::microseconds>(
             deadline - std::chrono::steady_clock::now());
@@ -38,10 +38,6 @@ bool PostedSignalListener::waitFor(const std::string& name, int count,
             return false;
         sd_bus_wait(bus_, static_cast<std::uint64_t>(left.count()));
     }
-}
-
-int PostedSignalListener::countOf(const std::string& name) const {
-    return static_cast<int>(std::count(received_.begin(), received_.end(), name));
 }
 
 int PostedSignalListener::onPosted(sd_bus_message* message, void* listener, sd_bus_error*) {

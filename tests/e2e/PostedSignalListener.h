@@ -25,7 +25,6 @@ public:
                  std::chrono::milliseconds timeout = std::chrono::seconds(5));
     // The names received so far, in arrival order.
     const std::vector<std::string>& received() const { return received_; }
-    int countOf(const std::string& name) const;
 
 private:
     static int onPosted(sd_bus_message* message, void* listener, sd_bus_error* error);

@@ -1,71 +1,95 @@
+#include "core/items/InternetDate.h"
+#include "core/items/ItemsJson.h"
 #include "e2e/EndToEndTest.h"
-#include "e2e/ItemsFileText.h"
+
+#include <filesystem>
 
 namespace tidewell::testing {
 namespace {
 
+using std::chrono::seconds;
+
 // A 32 x 32 icon: the header and directory entry of an .ico file and a few pixel bytes.
 const std::string favicon("\0\0\1\0\1\0\x20\x20\0\0\1\0\x20\0\x04\0\0\0\x16\0\0\0PIXL", 26);
 
-constexpr const char* usageText = "tide - put terminal projects in your MacBook notch\n"
-                                  "\n"
-                                  "  tide .                         Add this folder to Recent\n"
-                                  "  tide add .                     Pin this folder\n"
-                                  "  tide add . --name Studio       Pin with a custom name\n"
-                                  "  tide add . --command \"npm run dev\"\n"
-                                  "  tide open .                    Record and open this folder\n"
-                                  "  tide show                      Reveal the shelf\n"
-                                  "  tide login-status              Show launch-at-login status\n"
-                                  "  tide cache-icons               Cache project icons locally\n"
-                                  "  tide list                      List all items\n"
-                                  "  tide remove <name-or-id>       Remove an item\n";
+const std::string usageText = "tide - put terminal projects in your MacBook notch\n"
+                              "\n"
+                              "  tide .                         Add this folder to Recent\n"
+                              "  tide add .                     Pin this folder\n"
+                              "  tide add . --name Studio       Pin with a custom name\n"
+                              "  tide add . --command \"npm run dev\"\n"
+                              "  tide open .                    Record and open this folder\n"
+                              "  tide show                      Reveal the shelf\n"
+                              "  tide login-status              Show launch-at-login status\n"
+                              "  tide cache-icons               Cache project icons locally\n"
+                              "  tide list                      List all items\n"
+                              "  tide remove <name-or-id>       Remove an item\n";
 
-StoredItem item(std::string id, std::string name, bool isFavorite, std::string lastOpenedAt) {
-    return {.createdAt = "2025-01-01T08:00:00Z",
-            .id = std::move(id),
-            .initials = name.substr(0, 1),
-            .isFavorite = isFavorite,
-            .lastOpenedAt = std::move(lastOpenedAt),
+// The items file after `tide .` in the folder "web"; the values in angle brackets vary.
+const std::string webFile = R"([
+  {
+    "createdAt" : "<created>",
+    "id" : "<id>",
+    "initials" : "WE",
+    "isFavorite" : <favorite>,
+    "lastOpenedAt" : "<opened>",
+    "launchCommand" : "",
+    "name" : "web",
+    "path" : "<path>",
+    "tintHex" : "#A45CC2"
+  }
+])";
+
+const std::string studioFile = R"([
+  {
+    "createdAt" : "<created>",
+    "iconPath" : "<icon>",
+    "id" : "<id>",
+    "initials" : "ST",
+    "isFavorite" : true,
+    "lastOpenedAt" : "<created>",
+    "launchCommand" : "npm run dev",
+    "name" : "Studio",
+    "path" : "<path>",
+    "tintHex" : "#4E91A8"
+  }
+])";
+
+// A record for a folder that does not exist, written by the test rather than the tool.
+NotchItem record(const std::string& name, bool isFavorite, const std::string& lastOpenedAt,
+                 Uuid id = Uuid::random()) {
+    return {.id = id,
             .name = name,
             .path = "/projects/" + name,
-            .tintHex = "#2FA57C"};
+            .initials = NotchItem::makeInitials(name),
+            .tintHex = "#2FA57C",
+            .isFavorite = isFavorite,
+            .createdAt = *InternetDate::parse("2025-01-01T08:00:00Z"),
+            .lastOpenedAt = *InternetDate::parse(lastOpenedAt)};
 }
 
-class ToolCommandsTest : public EndToEndTest {
-protected:
-    void writeItems(const std::vector<StoredItem>& items) const {
-        writeItemsFile(itemsFileText(items));
-    }
-};
+using ToolCommandsTest = EndToEndTest;
 
 TEST_F(ToolCommandsTest, DotRecordsTheFolderAsRecentAndAddPinsTheSameRecord) {
     const std::string web = project("web");
-
     expectResult(tide({"."}, web), "Added to recent: web\n", "", 0);
-    const std::string recent = itemsFileBytes();
-    ASSERT_EQ(stringValues(recent, "id").size(), 1u);
-    const std::string id = stringValues(recent, "id")[0];
-    const std::string createdAt = stringValues(recent, "createdAt")[0];
-    const std::string firstOpened = stringValues(recent, "lastOpenedAt")[0];
-    EXPECT_EQ(epochSeconds(firstOpened) - epochSeconds(createdAt), 2);
-    StoredItem expected{.createdAt = createdAt,
-                        .id = id,
-                        .initials = "WE",
-                        .isFavorite = false,
-                        .lastOpenedAt = firstOpened,
-                        .name = "web",
-                        .path = web,
-                        .tintHex = "#A45CC2"};
-    EXPECT_EQ(recent, itemsFileText({expected}));
+    const std::vector<NotchItem> recent = storedItems();
+    ASSERT_EQ(recent.size(), 1u);
+    EXPECT_EQ(recent[0].lastOpenedAt - recent[0].createdAt, seconds(2));
+    const auto expectedFile = [&](const char* isFavorite, const NotchItem& stored) {
+        return filled(webFile, {{"<created>", InternetDate::format(recent[0].createdAt)},
+                                {"<id>", recent[0].id.text()},
+                                {"<favorite>", isFavorite},
+                                {"<opened>", InternetDate::format(stored.lastOpenedAt)},
+                                {"<path>", web}});
+    };
+    EXPECT_EQ(itemsFileBytes(), expectedFile("false", recent[0]));
 
     expectResult(tide({"add", "."}, web), "Pinned: web\n", "", 0);
-    const std::string pinned = itemsFileBytes();
-    ASSERT_EQ(stringValues(pinned, "lastOpenedAt").size(), 1u);
-    expected.isFavorite = true;
-    expected.lastOpenedAt = stringValues(pinned, "lastOpenedAt")[0];
-    EXPECT_GE(epochSeconds(expected.lastOpenedAt), epochSeconds(firstOpened));
-    EXPECT_EQ(pinned, itemsFileText({expected}));
-
+    const std::vector<NotchItem> pinned = storedItems();
+    ASSERT_EQ(pinned.size(), 1u);
+    EXPECT_GE(pinned[0].lastOpenedAt, recent[0].lastOpenedAt);
+    EXPECT_EQ(itemsFileBytes(), expectedFile("true", pinned[0]));
     expectResult(tide({"list"}, web), "* web\t" + web + "\n", "", 0);
 }
 
@@ -75,22 +99,15 @@ TEST_F(ToolCommandsTest, AddWithNameAndCommandStoresThemAndCachesTheProjectIcon)
 
     expectResult(tide({"add", ".", "--name", "Studio", "--command", "npm run dev"}, studio),
                  "Pinned: Studio\n", "", 0);
-
-    const std::string text = itemsFileBytes();
-    ASSERT_EQ(stringValues(text, "id").size(), 1u);
-    const std::string id = stringValues(text, "id")[0];
-    const std::string createdAt = stringValues(text, "createdAt")[0];
+    const std::vector<NotchItem> stored = storedItems();
+    ASSERT_EQ(stored.size(), 1u);
+    const std::string id = stored[0].id.text();
     const std::string icon = dataFolder() + "/Icons/" + id + ".ico";
-    EXPECT_EQ(text, itemsFileText({{.createdAt = createdAt,
-                                    .iconPath = icon,
-                                    .id = id,
-                                    .initials = "ST",
-                                    .isFavorite = true,
-                                    .lastOpenedAt = createdAt,
-                                    .launchCommand = "npm run dev",
-                                    .name = "Studio",
-                                    .path = studio,
-                                    .tintHex = "#4E91A8"}}));
+    EXPECT_EQ(itemsFileBytes(),
+              filled(studioFile, {{"<created>", InternetDate::format(stored[0].createdAt)},
+                                  {"<icon>", icon},
+                                  {"<id>", id},
+                                  {"<path>", studio}}));
     EXPECT_EQ(readFile(icon), favicon);
     EXPECT_EQ(entries(dataFolder() + "/Icons"), std::vector<std::string>{id + ".ico"});
 }
@@ -100,11 +117,10 @@ TEST_F(ToolCommandsTest, ListShowsMostRecentlyOpenedFirstAndKeepsFileOrderForEqu
     expectResult(tide({"list"}, folder), "", "", 0);
     EXPECT_FALSE(readFile(itemsFile())) << "listing must not create the file";
 
-    writeItems(
-        {item("00000000-0000-4000-8000-00000000000A", "Alpha", false, "2025-02-01T10:00:00Z"),
-         item("00000000-0000-4000-8000-00000000000B", "Bravo", true, "2025-02-01T12:00:00Z"),
-         item("00000000-0000-4000-8000-00000000000C", "Charlie", true, "2025-02-01T11:00:00Z"),
-         item("00000000-0000-4000-8000-00000000000D", "Delta", false, "2025-02-01T11:00:00Z")});
+    writeItemsFile(ItemsJson::encode({record("Alpha", false, "2025-02-01T10:00:00Z"),
+                                      record("Bravo", true, "2025-02-01T12:00:00Z"),
+                                      record("Charlie", true, "2025-02-01T11:00:00Z"),
+                                      record("Delta", false, "2025-02-01T11:00:00Z")}));
     expectResult(tide({"list", "ignored"}, folder),
                  "* Bravo\t/projects/Bravo\n"
                  "* Charlie\t/projects/Charlie\n"
@@ -114,60 +130,95 @@ TEST_F(ToolCommandsTest, ListShowsMostRecentlyOpenedFirstAndKeepsFileOrderForEqu
 }
 
 TEST_F(ToolCommandsTest, RemoveMatchesNamesInAnyCaseAndUpperCaseIdPrefixes) {
-    const std::string folder = project("anywhere");
-    const StoredItem studio =
-        item("5D0C1E2F-0000-4000-8000-000000000001", "Studio", true, "2025-02-01T10:00:00Z");
-    const StoredItem alpha =
-        item("A1B2C3D4-0000-4000-8000-000000000002", "Alpha", false, "2025-02-01T10:00:00Z");
-    const StoredItem upperX =
-        item("B0000000-0000-4000-8000-000000000003", "X", false, "2025-02-01T10:00:00Z");
-    const StoredItem lowerX =
-        item("C0000000-0000-4000-8000-000000000004", "x", false, "2025-02-01T10:00:00Z");
-    writeItems({studio, alpha, upperX, lowerX});
-    const std::string before = itemsFileBytes();
-
-    expectResult(tide({"remove"}, folder), "", "Usage: tide remove <name-or-id>\n", 2);
-    expectResult(tide({"remove", ""}, folder), "", "Usage: tide remove <name-or-id>\n", 2);
-    expectResult(tide({"remove", "Nothing"}, folder), "", "No item matched Nothing\n", 1);
-    expectResult(tide({"remove", "a1b2c3d4"}, folder), "", "No item matched a1b2c3d4\n", 1);
-    EXPECT_EQ(itemsFileBytes(), before);
-
-    expectResult(tide({"remove", "sTUDIO", "Alpha"}, folder), "", "", 0);
-    EXPECT_EQ(itemsFileBytes(), itemsFileText({alpha, upperX, lowerX}));
-    expectResult(tide({"remove", "A1B2C3D4"}, folder), "", "", 0);
-    EXPECT_EQ(itemsFileBytes(), itemsFileText({upperX, lowerX}));
-    expectResult(tide({"remove", "x"}, folder), "", "", 0);
-    EXPECT_EQ(itemsFileBytes(), "[\n\n]");
+    const NotchItem studio = record("Studio", true, "2025-02-01T10:00:00Z");
+    const NotchItem alpha = record("Alpha", false, "2025-02-01T10:00:00Z",
+                                   *Uuid::parse("A1B2C3D4-0000-4000-8000-000000000002"));
+    const NotchItem upperX = record("X", false, "2025-02-01T10:00:00Z");
+    const NotchItem lowerX = record("x", false, "2025-02-01T10:00:00Z");
+    const NotchItem accented = record("\u00c6r\u00f8", false, "2025-02-01T10:00:00Z");
+    const std::vector<NotchItem> all = {studio, alpha, upperX, lowerX, accented};
+    writeItemsFile(ItemsJson::encode(all));
+    const std::string usage = "Usage: tide remove <name-or-id>\n";
+    const struct {
+        std::vector<std::string> arguments;
+        std::string errors;
+        int status;
+        std::vector<NotchItem> left;
+    } steps[] = {
+        {{"remove"}, usage, 2, all},
+        {{"remove", ""}, usage, 2, all},
+        {{"remove", "Nothing"}, "No item matched Nothing\n", 1, all},
+        {{"remove", "a1b2c3d4"}, "No item matched a1b2c3d4\n", 1, all},
+        {{"remove", "sTUDIO", "Alpha"}, "", 0, {alpha, upperX, lowerX, accented}},
+        {{"remove", "A1B2C3D4"}, "", 0, {upperX, lowerX, accented}},
+        {{"remove", "\u00e6r\u00d8"}, "", 0, {upperX, lowerX}},
+        {{"remove", "x"}, "", 0, {}},
+    };
+    for (const auto& step : steps) {
+        SCOPED_TRACE(step.arguments.back());
+        expectResult(tide(step.arguments, project("anywhere")), "", step.errors, step.status);
+        EXPECT_EQ(itemsFileBytes(), ItemsJson::encode(step.left));
+    }
 }
 
 TEST_F(ToolCommandsTest, HelpVersionAndLoginStatusPrintTheirText) {
-    const std::string folder = project("anywhere");
-    for (const char* word : {"help", "--help", "-h"})
-        expectResult(tide({word, "extra"}, folder), usageText, "", 0);
-    expectResult(tide({"--version"}, folder), "tide " TIDEWELL_VERSION "\n", "", 0);
-    // The build folder is no install prefix, so there is nothing to register at login.
-    expectResult(tide({"login-status"}, folder), "not found\n", "", 0);
+    const struct {
+        std::vector<std::string> arguments;
+        std::string out;
+    } commands[] = {
+        {{"help", "extra"}, usageText},
+        {{"--help"}, usageText},
+        {{"-h"}, usageText},
+        {{"--version"}, "tide " TIDEWELL_VERSION "\n"},
+        // The build folder is no install prefix, so there is nothing to register at login.
+        {{"login-status"}, "not found\n"},
+    };
+    for (const auto& command : commands) {
+        SCOPED_TRACE(command.arguments.front());
+        expectResult(tide(command.arguments, project("anywhere")), command.out, "", 0);
+    }
     EXPECT_FALSE(readFile(itemsFile()));
 }
 
 TEST_F(ToolCommandsTest, CacheIconsCopiesIconsFromOutsideTheCacheOnce) {
     const std::string folder = project("logo-app");
     const std::string logo = root.write("projects/logo-app/logo.PNG", "not really a png");
-    StoredItem logoItem =
-        item("D0000000-0000-4000-8000-000000000001", "Logo", true, "2025-02-01T10:00:00Z");
+    NotchItem logoItem = record("Logo", true, "2025-02-01T10:00:00Z");
     logoItem.iconPath = logo;
-    const StoredItem plain =
-        item("E0000000-0000-4000-8000-000000000002", "Plain", true, "2025-02-01T10:00:00Z");
-    writeItems({logoItem, plain});
+    const NotchItem plain = record("Plain", true, "2025-02-01T10:00:00Z");
+    writeItemsFile(ItemsJson::encode({logoItem, plain}));
 
     expectResult(tide({"cache-icons"}, folder), "Cached 1 project icon\n", "", 0);
-    logoItem.iconPath = dataFolder() + "/Icons/D0000000-0000-4000-8000-000000000001.png";
-    EXPECT_EQ(itemsFileBytes(), itemsFileText({logoItem, plain}));
+    logoItem.iconPath = dataFolder() + "/Icons/" + logoItem.id.text() + ".png";
+    EXPECT_EQ(itemsFileBytes(), ItemsJson::encode({logoItem, plain}));
     EXPECT_EQ(readFile(*logoItem.iconPath), "not really a png");
     EXPECT_EQ(readFile(logo), "not really a png");
 
     expectResult(tide({"cache-icons"}, folder), "Cached 0 project icons\n", "", 0);
-    EXPECT_EQ(itemsFileBytes(), itemsFileText({logoItem, plain}));
+    EXPECT_EQ(itemsFileBytes(), ItemsJson::encode({logoItem, plain}));
+}
+
+// The desktop's opener is replaced by a script that notes its arguments and fails with 3.
+TEST_F(ToolCommandsTest, OpenRecordsTheFolderAndReturnsTheOpenersStatus) {
+    const std::string opened = root.path() + "/opened";
+    const std::string opener = root.write(
+        "fake-bin/xdg-open", "#!/bin/sh\nprintf '%s\\n' \"$@\" > '" + opened + "'\nexit 3\n");
+    std::filesystem::permissions(opener, std::filesystem::perms::owner_all);
+    const std::string web = project("web");
+    const auto tideOpen = [&](const std::string& folder) {
+        ChildProcess::Launch command = launch(tidePath(), {"open", folder}, web);
+        command.environment["PATH"] = root.path() + "/fake-bin:" + command.environment["PATH"];
+        return ChildProcess::run(command);
+    };
+
+    expectResult(tideOpen("missing"), "", "Path does not exist: " + web + "/missing\n", 2);
+    EXPECT_FALSE(readFile(opened));
+    EXPECT_FALSE(readFile(itemsFile()));
+
+    expectResult(tideOpen("."), "Added to recent: web\n", "", 3);
+    EXPECT_EQ(readFile(opened), web + "\n");
+    ASSERT_EQ(storedItems().size(), 1u);
+    EXPECT_EQ(storedItems()[0].path, web);
 }
 
 } // namespace

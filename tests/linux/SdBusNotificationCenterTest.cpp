@@ -6,75 +6,43 @@
 #include "support/ServeBus.h"
 #include "support/TemporaryDirectory.h"
 
-#include <chrono>
 #include <gtest/gtest.h>
 #include <memory>
-#include <poll.h>
 
-namespace tidewell {
+namespace tidewell::testing {
 namespace {
 
-using namespace std::chrono_literals;
-using testing::PrivateSessionBus;
-using testing::serveUntil;
-
-class SdBusNotificationCenterTest : public ::testing::Test {
-protected:
+TEST(SdBusNotificationCenter, PostsReachTheObserversOfTheirNameInEveryProcess) {
     PrivateSessionBus bus;
-};
-
-TEST_F(SdBusNotificationCenterTest, PostReachesObserversOfThatNameInOtherProcessesAndItself) {
     SdBusNotificationCenter receiver;
     SdBusNotificationCenter sender;
-    int itemsChanged = 0;
-    int showShelf = 0;
+    std::vector<std::string> heard;
+    receiver.addObserver("Tidewell.itemsChanged", [&] { heard.push_back("itemsChanged"); });
+    receiver.addObserver("Tidewell.showShelf", [&] { heard.push_back("showShelf"); });
+    const ObserverToken removed =
+        receiver.addObserver("Tidewell.itemsChanged", [&] { heard.push_back("removed"); });
+    receiver.removeObserver(removed);
     int ownPosts = 0;
-    receiver.addObserver("Tidewell.itemsChanged", [&] { ++itemsChanged; });
-    receiver.addObserver("Tidewell.showShelf", [&] { ++showShelf; });
     sender.addObserver("Tidewell.showShelf", [&] { ++ownPosts; });
 
     sender.post("Tidewell.itemsChanged");
     sender.post("Tidewell.somethingElse");
-    sender.post("Tidewell.itemsChanged");
     sender.post("Tidewell.showShelf");
-
     // Signals from one sender arrive in order: once the last is in, all are.
-    ASSERT_TRUE(serveUntil(receiver, [&] { return showShelf == 1; }));
-    EXPECT_EQ(itemsChanged, 2);
+    ASSERT_TRUE(serveUntil(receiver, [&] { return heard.size() >= 2; }));
     ASSERT_TRUE(serveUntil(sender, [&] { return ownPosts == 1; }));
+
+    // The signal of any other program with the agreed path, interface and member is heard too.
+    ASSERT_EQ(PosixProcessLauncher().runAndWait(
+                  "dbus-send",
+                  {"--session", "--type=signal", "/com/quorvel/tidewell",
+                   "com.quorvel.tidewell.Notifications.Posted", "string:Tidewell.showShelf"}),
+              0);
+    ASSERT_TRUE(serveUntil(receiver, [&] { return heard.size() >= 3; }));
+    EXPECT_EQ(heard, (std::vector<std::string>{"itemsChanged", "showShelf", "showShelf"}));
 }
 
-TEST_F(SdBusNotificationCenterTest, RemovedObserversHearNothing) {
-    SdBusNotificationCenter receiver;
-    SdBusNotificationCenter sender;
-    int removedCalls = 0;
-    int keptCalls = 0;
-    const ObserverToken removed =
-        receiver.addObserver("Tidewell.itemsChanged", [&] { ++removedCalls; });
-    receiver.addObserver("Tidewell.showShelf", [&] { ++keptCalls; });
-    receiver.removeObserver(removed);
-
-    sender.post("Tidewell.itemsChanged");
-    sender.post("Tidewell.showShelf");
-    ASSERT_TRUE(serveUntil(receiver, [&] { return keptCalls == 1; }));
-    EXPECT_EQ(removedCalls, 0);
-}
-
-TEST_F(SdBusNotificationCenterTest, SignalHasTheAgreedPathInterfaceAndMember) {
-    SdBusNotificationCenter receiver;
-    int showShelf = 0;
-    receiver.addObserver("Tidewell.showShelf", [&] { ++showShelf; });
-
-    PosixProcessLauncher launcher;
-    ASSERT_EQ(
-        launcher.runAndWait("dbus-send", {"--session", "--type=signal", "/com/quorvel/tidewell",
-                                          "com.quorvel.tidewell.Notifications.Posted",
-                                          "string:Tidewell.showShelf"}),
-        0);
-    EXPECT_TRUE(serveUntil(receiver, [&] { return showShelf == 1; }));
-}
-
-TEST(SdBusNotificationCenterLosingBus, ClosesTheConnectionAndStaysQuiet) {
+TEST(SdBusNotificationCenter, LosingTheBusClosesTheConnectionQuietly) {
     auto bus = std::make_unique<PrivateSessionBus>();
     SdBusNotificationCenter center;
     bool called = false;
@@ -89,15 +57,13 @@ TEST(SdBusNotificationCenterLosingBus, ClosesTheConnectionAndStaysQuiet) {
     EXPECT_FALSE(called);
 }
 
-TEST(SdBusNotificationCenterWithoutBus, PostingDoesNothingSilently) {
-    testing::TemporaryDirectory folder;
-    testing::ScopedEnvironment environment;
+TEST(SdBusNotificationCenter, WithoutABusPostingDoesNothingSilently) {
+    TemporaryDirectory folder;
+    ScopedEnvironment environment;
     environment.set("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + folder.path() + "/no-bus");
-
     SdBusNotificationCenter center;
     bool called = false;
     center.addObserver("Tidewell.showShelf", [&] { called = true; });
-    center.post("Tidewell.showShelf");
     center.post("Tidewell.showShelf");
     center.processPending();
     EXPECT_EQ(center.fileDescriptor(), -1);
@@ -107,4 +73,4 @@ TEST(SdBusNotificationCenterWithoutBus, PostingDoesNothingSilently) {
 }
 
 } // namespace
-} // namespace tidewell
+} // namespace tidewell::testing

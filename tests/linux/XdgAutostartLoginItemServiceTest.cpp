@@ -22,49 +22,36 @@ protected:
         return config.path() + "/autostart/com.quorvel.tidewell.desktop";
     }
     std::string entryText() { return files.readFile(entryPath()).value_or(""); }
-    void writeEntry(const std::string& text) {
-        config.write("autostart/com.quorvel.tidewell.desktop", text);
-    }
 
     TemporaryDirectory config;
     PosixFileSystem files;
 };
 
-TEST_F(XdgAutostartLoginItemServiceTest, CopyOutsideAnInstallIsNotFound) {
-    EXPECT_EQ(service("/home/user/build/tidewell", false).status(), LoginItemStatus::notFound);
-    writeEntry("[Desktop Entry]\nType=Application\nExec=/usr/bin/tidewell\n");
-    EXPECT_EQ(service("/home/user/build/tidewell", false).status(), LoginItemStatus::notFound);
-}
-
 TEST_F(XdgAutostartLoginItemServiceTest, RegisterWritesAnEntryAndUnregisterRemovesIt) {
     auto autostart = service();
-    EXPECT_EQ(service().entryPath(), entryPath());
+    EXPECT_EQ(autostart.entryPath(), entryPath());
     EXPECT_EQ(autostart.status(), LoginItemStatus::notRegistered);
-
     autostart.registerApplication();
     EXPECT_EQ(autostart.status(), LoginItemStatus::enabled);
-    EXPECT_EQ(entryText(), "[Desktop Entry]\n"
-                           "Type=Application\n"
-                           "Name=Tidewell\n"
+    EXPECT_EQ(entryText(), "[Desktop Entry]\nType=Application\nName=Tidewell\n"
                            "Comment=A shelf of project folders at the top of the screen\n"
-                           "Exec=/usr/bin/tidewell\n"
-                           "Icon=com.quorvel.tidewell\n"
-                           "Terminal=false\n"
-                           "NoDisplay=false\n"
-                           "X-GNOME-Autostart-enabled=true\n");
+                           "Exec=/usr/bin/tidewell\nIcon=com.quorvel.tidewell\nTerminal=false\n"
+                           "NoDisplay=false\nX-GNOME-Autostart-enabled=true\n");
+    // A copy outside an install cannot be started at login, whatever the entry says.
+    EXPECT_EQ(service("/home/user/build/tidewell", false).status(), LoginItemStatus::notFound);
 
     autostart.unregisterApplication();
     EXPECT_FALSE(files.exists(entryPath()));
     EXPECT_EQ(autostart.status(), LoginItemStatus::notRegistered);
     EXPECT_NO_THROW(autostart.unregisterApplication());
+    EXPECT_EQ(service("/home/user/build/tidewell", false).status(), LoginItemStatus::notFound);
 }
 
+// Inside quotes '$' is escaped with a backslash, which the string value escapes again; '%' is
+// doubled so that it is not a field code.
 TEST_F(XdgAutostartLoginItemServiceTest, ExecQuotesPathsThatNeedIt) {
     service("/opt/My Apps/bin/tidewell").registerApplication();
     EXPECT_NE(entryText().find("\nExec=\"/opt/My Apps/bin/tidewell\"\n"), std::string::npos);
-
-    // Inside quotes '$' is escaped with a backslash, which the string value escapes again;
-    // '%' is doubled so that it is not a field code.
     service("/opt/a$b%c\\d/bin/tidewell").registerApplication();
     EXPECT_NE(entryText().find("\nExec=\"/opt/a\\\\$b%%c\\\\\\\\d/bin/tidewell\"\n"),
               std::string::npos)
@@ -72,7 +59,7 @@ TEST_F(XdgAutostartLoginItemServiceTest, ExecQuotesPathsThatNeedIt) {
 }
 
 TEST_F(XdgAutostartLoginItemServiceTest, EntriesSwitchedOffByTheUserAreNotRegistered) {
-    const std::vector<std::pair<std::string, LoginItemStatus>> entries = {
+    const std::pair<std::string, LoginItemStatus> entries[] = {
         {"[Desktop Entry]\nExec=tidewell\nHidden=true\n", LoginItemStatus::notRegistered},
         {"[Desktop Entry]\nX-GNOME-Autostart-enabled = false\n", LoginItemStatus::notRegistered},
         {"[Desktop Entry]\nHidden=false\nX-GNOME-Autostart-enabled=true\n",
@@ -82,7 +69,7 @@ TEST_F(XdgAutostartLoginItemServiceTest, EntriesSwitchedOffByTheUserAreNotRegist
         {"# Hidden=true\n[Desktop Entry]\nExec=tidewell\n", LoginItemStatus::enabled},
     };
     for (const auto& [text, status] : entries) {
-        writeEntry(text);
+        config.write("autostart/com.quorvel.tidewell.desktop", text);
         EXPECT_EQ(service().status(), status) << text;
     }
     service().registerApplication();

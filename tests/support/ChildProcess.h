@@ -1,5 +1,7 @@
 #pragma once
 
+#include "linux/FileDescriptor.h"
+
 #include <chrono>
 #include <map>
 #include <string>
@@ -17,8 +19,8 @@ struct ProcessResult {
 };
 
 // A program run as a process of its own, with exactly the given arguments, working folder and
-// environment. Its standard input reads /dev/null; standard output and error are captured
-// through pipes. A process still running when the object goes away is killed.
+// environment. Its standard input reads /dev/null; its output and errors go to files in
+// memory, so nothing it writes can block it. A process still running at the end is killed.
 class ChildProcess {
 public:
     struct Launch {
@@ -29,8 +31,6 @@ public:
         std::map<std::string, std::string> environment;
     };
 
-    static constexpr std::chrono::milliseconds defaultTimeout{10000};
-
     explicit ChildProcess(const Launch& launch);
     ~ChildProcess();
     ChildProcess(const ChildProcess&) = delete;
@@ -38,24 +38,17 @@ public:
 
     // Starts the program and waits for it.
     static ProcessResult run(const Launch& launch,
-                             std::chrono::milliseconds timeout = defaultTimeout);
-
-    pid_t pid() const { return pid_; }
-    // Collects the output until the program ends. Once the timeout has passed it is killed
-    // and the result says so. Output that programs it started write after it ended is not
-    // waited for.
-    ProcessResult wait(std::chrono::milliseconds timeout = defaultTimeout);
+                             std::chrono::milliseconds timeout = std::chrono::seconds(10));
+    // Waits until the program ends, killing it once the timeout has passed.
+    ProcessResult wait(std::chrono::milliseconds timeout = std::chrono::seconds(10));
 
 private:
-    void readAvailable(int& descriptor, std::string& into);
-    void drainPipes(ProcessResult& result);
     int reap();
-    void closeDescriptors();
 
-    pid_t pid_ = -1;
-    int exitDescriptor_ = -1; // a pidfd: readable once the process has ended
-    int outputDescriptor_ = -1;
-    int errorDescriptor_ = -1;
+    FileDescriptor output_;
+    FileDescriptor errors_;
+    pid_t pid_;
+    FileDescriptor exit_; // a pidfd: readable once the process has ended
     bool isReaped_ = false;
 };
 

@@ -1,6 +1,5 @@
 #include "core/icons/IconScanner.h"
 
-#include "ImageBytes.h"
 #include "linux/PosixFileSystem.h"
 #include "support/TemporaryDirectory.h"
 
@@ -10,11 +9,14 @@
 namespace tidewell {
 namespace {
 
-using testing::ImageBytes::icns;
-using testing::ImageBytes::png;
+// Shapes are given as SVG text: images are read by their content, whatever their names.
+std::string image(int width, int height) {
+    return "<svg width=\"" + std::to_string(width) + "\" height=\"" + std::to_string(height) +
+           "\"/>";
+}
 
-const std::string square = png(64, 64);
-const std::string wide = png(64, 32);
+const std::string square = image(64, 64);
+const std::string wide = image(64, 32);
 
 class IconScannerTest : public ::testing::Test {
 protected:
@@ -28,91 +30,80 @@ protected:
     IconScanner scanner{files};
 };
 
-TEST_F(IconScannerTest, RootThatIsAFileIsItsOwnIconWhenItIsAnImage) {
+// The numbers are the scores of the files compared; square images earn a bonus.
+TEST(IconScanner, ScoresNamePlaceAndShape) {
+    using Files = std::vector<std::pair<std::string, std::string>>;
+    const Files scored = {{"assets/favicon.ico", wide}, {"icon.icns", "no size to read"}};
+    const std::string catalog = "Assets.xcassets/AppIcon.appiconset/icon_512x512.png";
+    const std::string pruned[] = {"node_modules", "Pods",          "DerivedData", "BUILD",
+                                  "dist",         "out",           "vendor",      "venv",
+                                  "__pycache__",  "target",        "coverage",    ".git",
+                                  "Tool.app",     "Kit.Framework", "static/Build"};
+    Files hidden = {{".icon.png", square}};
+    for (const std::string& folder : pruned)
+        hidden.push_back({folder + "/icon.png", square});
+    const struct {
+        std::string what;
+        Files files;
+        std::optional<std::string> best;
+    } cases[] = {
+        {"no icon-like name",
+         {{"README.md", "# Project"},
+          {"photo.png", square},
+          {"logo.txt", "not an image"},
+          {"docs/iconography.md", "text"}},
+         std::nullopt},
+        {"a keyword in the name", {{"a/my-logo.svg", "<svg/>"}}, "a/my-logo.svg"},
+        {"equals: the first met",
+         {{"a/my-logo.svg", "<svg/>"}, {"a/landmark.png", wide}},
+         "a/landmark.png"},
+        {"extension in any case",
+         {{"a/my-logo.svg", "<svg/>"}, {"AppIcon.HEIC", ""}},
+         "AppIcon.HEIC"},
+        {"square at the root 137, wide preferred 119",
+         {{"images/mark.png", wide}, {"logo.png", square}},
+         "logo.png"},
+        {"square preferred 164, wide at the root 92",
+         {{"images/mark.png", square}, {"logo.png", wide}},
+         "images/mark.png"},
+        {"icon family 140 met after a wide preferred favicon 139", scored, "icon.icns"},
+        {"square favicon at the root 157",
+         {scored[0], scored[1], {"favicon.ico", square}},
+         "favicon.ico"},
+        {"square in an asset catalog 156 against 157",
+         {scored[0], scored[1], {"favicon.ico", square}, {catalog, square}},
+         "favicon.ico"},
+        {"square in an asset catalog 156 against 112",
+         {scored[0], scored[1], {"favicon.ico", wide}, {catalog, square}},
+         catalog},
+        {"five levels deep", {{"a/b/c/d/icon.png", square}}, std::nullopt},
+        {"four levels deep",
+         {{"a/b/c/d/icon.png", square}, {"a/b/c/icon.png", wide}},
+         "a/b/c/icon.png"},
+        {"equals: name order", {{"b/logo.png", wide}, {"a/logo.png", wide}}, "a/logo.png"},
+        {"equals: upper case first",
+         {{"b/logo.png", wide}, {"a/logo.png", wide}, {"B/logo.png", wide}},
+         "B/logo.png"},
+        {"hidden, build folders and bundles", hidden, std::nullopt},
+        {"beside a build folder", {hidden.back(), {"static/logo.png", wide}}, "static/logo.png"},
+    };
+    PosixFileSystem files;
+    for (const auto& expected : cases) {
+        testing::TemporaryDirectory project;
+        for (const auto& [path, bytes] : expected.files)
+            project.write(path, bytes);
+        const auto best = IconScanner(files).bestIcon(project.path());
+        EXPECT_EQ(best, expected.best ? std::optional(project.path() + "/" + *expected.best)
+                                      : std::nullopt)
+            << expected.what;
+    }
+}
+
+TEST_F(IconScannerTest, ARootThatIsAFileIsItsOwnIconWhenItIsAnImage) {
     const std::string logo = project.write("logo.PNG", square);
-    const std::string notes = project.write("notes.txt", "text");
     EXPECT_EQ(scanner.bestIcon(logo), logo);
-    EXPECT_EQ(scanner.bestIcon(notes), std::nullopt);
-}
-
-TEST_F(IconScannerTest, FindsNothingWithoutAnImageNamedLikeAnIcon) {
+    EXPECT_EQ(scanner.bestIcon(project.write("notes.txt", "text")), std::nullopt);
     EXPECT_EQ(scanner.bestIcon(inProject("missing")), std::nullopt);
-    EXPECT_EQ(best(), std::nullopt);
-    project.write("README.md", "# Project");
-    project.write("photo.png", square);
-    project.write("logo.txt", "not an image");
-    project.write("docs/iconography.md", "text");
-    EXPECT_EQ(best(), std::nullopt);
-}
-
-TEST_F(IconScannerTest, MatchesKeywordsAndExtensionsInAnyCase) {
-    project.write("a/my-logo.svg", "<svg/>");
-    EXPECT_EQ(best(), inProject("a/my-logo.svg"));
-    project.write("a/landmark.png", wide);
-    EXPECT_EQ(best(), inProject("a/landmark.png")); // met first among equals
-    project.write("AppIcon.HEIC", "");
-    EXPECT_EQ(best(), inProject("AppIcon.HEIC"));
-}
-
-TEST_F(IconScannerTest, SquareImagesEarnTheirBonus) {
-    // logo.png (92) against images/mark.png (84 + 35 preferred), met first.
-    project.write("images/mark.png", wide);
-    project.write("logo.png", square);
-    EXPECT_EQ(best(), inProject("logo.png")); // 137 > 119
-
-    project.write("images/mark.png", square);
-    project.write("logo.png", wide);
-    EXPECT_EQ(best(), inProject("images/mark.png")); // 164 > 92
-}
-
-TEST_F(IconScannerTest, ScoresFaviconsIcnsAndAssetCatalogs) {
-    // assets/favicon.ico, not square: 84 + 20 + 35 = 139; icon.icns without a known icon
-    // type, so not square: 92 + 30 + 18 = 140 wins although it is met later.
-    project.write("assets/favicon.ico", wide);
-    project.write("icon.icns", icns({"info"}));
-    EXPECT_EQ(best(), inProject("icon.icns"));
-
-    // favicon.ico at the root, square: 92 + 20 + 45 = 157 beats both.
-    project.write("favicon.ico", square);
-    EXPECT_EQ(best(), inProject("favicon.ico"));
-
-    // In an asset catalog, square: 76 + 35 + 45 = 156 loses to 157 ...
-    project.write("Assets.xcassets/AppIcon.appiconset/icon_512x512.png", square);
-    EXPECT_EQ(best(), inProject("favicon.ico"));
-    // ... and wins once the root favicon is not square (112).
-    project.write("favicon.ico", wide);
-    EXPECT_EQ(best(), inProject("Assets.xcassets/AppIcon.appiconset/icon_512x512.png"));
-}
-
-TEST_F(IconScannerTest, IgnoresFilesFiveLevelsDeep) {
-    project.write("a/b/c/d/icon.png", square);
-    EXPECT_EQ(best(), std::nullopt);
-    project.write("a/b/c/icon.png", wide);
-    EXPECT_EQ(best(), inProject("a/b/c/icon.png"));
-}
-
-TEST_F(IconScannerTest, EqualScoresGoToTheFirstNameInByteOrder) {
-    project.write("b/logo.png", wide);
-    project.write("a/logo.png", wide);
-    EXPECT_EQ(best(), inProject("a/logo.png"));
-    project.write("B/logo.png", wide); // upper case sorts before lower case
-    EXPECT_EQ(best(), inProject("B/logo.png"));
-}
-
-TEST_F(IconScannerTest, SkipsBuildFoldersHiddenEntriesAndBundles) {
-    for (const char* folder : {"node_modules", "Pods", "DerivedData", "BUILD", "dist", "out",
-                               "vendor", "venv", "__pycache__", "target", "coverage"})
-        project.write(std::string(folder) + "/icon.png", square);
-    project.write(".git/icon.png", square);
-    project.write(".icon.png", square);
-    project.write("Tool.app/Contents/Resources/AppIcon.icns", icns({"ic10"}));
-    project.write("Kit.Framework/Resources/icon.png", square);
-    EXPECT_EQ(best(), std::nullopt);
-
-    project.write("static/Build/logo.png", square);
-    EXPECT_EQ(best(), std::nullopt);
-    project.write("static/logo.png", wide);
-    EXPECT_EQ(best(), inProject("static/logo.png"));
 }
 
 TEST_F(IconScannerTest, ExaminesAtMostTwoThousandEntries) {
@@ -147,10 +138,11 @@ TEST_F(IconScannerTest, PreferredDirectoriesAreThoseBelowTheRoot) {
 }
 
 TEST_F(IconScannerTest, SquareMeansWithinEightPercent) {
-    EXPECT_TRUE(scanner.isSquare(project.write("a.png", png(100, 93))));
-    EXPECT_FALSE(scanner.isSquare(project.write("b.png", png(100, 92))));
+    EXPECT_TRUE(scanner.isSquare(project.write("a.png", image(100, 93))));
+    EXPECT_FALSE(scanner.isSquare(project.write("b.png", image(100, 92))));
     EXPECT_TRUE(scanner.isSquare(project.write("c.svg", R"(<svg viewBox="0 0 24 24"/>)")));
-    EXPECT_TRUE(scanner.isSquare(project.write("d.png", png(256, 256) + std::string(70000, 'x'))));
+    EXPECT_TRUE(
+        scanner.isSquare(project.write("d.png", image(256, 256) + std::string(70000, 'x'))));
     EXPECT_FALSE(scanner.isSquare(project.write("e.png", "not an image")));
     EXPECT_FALSE(scanner.isSquare(inProject("missing.png")));
     EXPECT_FALSE(scanner.isSquare(project.makeFolder("f.png")));

@@ -3,26 +3,24 @@
 #include <gtest/gtest.h>
 #include <map>
 
-using namespace std::chrono;
-using namespace tidewell;
-
+namespace tidewell {
 namespace {
+
+using namespace std::chrono;
 
 const Date march4 = Date(sys_days(2025y / March / 4) + 18h + 7min + 41s);
 
 NotchItem fullItem() {
-    NotchItem item;
-    item.id = *Uuid::parse("3F2504E0-4F89-11D3-9A0C-0305E82C3301");
-    item.name = "myProject";
-    item.path = "/home/a/myProject";
-    item.iconPath = "/home/a/.local/share/Tidewell/Icons/3F25.png";
-    item.initials = "MP";
-    item.tintHex = "#5E7CE2";
-    item.isFavorite = true;
-    item.createdAt = march4;
-    item.lastOpenedAt = march4 + 3600s;
-    item.sortOrder = 0;
-    return item;
+    return {.id = *Uuid::parse("3F2504E0-4F89-11D3-9A0C-0305E82C3301"),
+            .name = "myProject",
+            .path = "/home/a/myProject",
+            .iconPath = "/home/a/.local/share/Tidewell/Icons/3F25.png",
+            .initials = "MP",
+            .tintHex = "#5E7CE2",
+            .isFavorite = true,
+            .createdAt = march4,
+            .lastOpenedAt = march4 + 3600s,
+            .sortOrder = 0};
 }
 
 NotchItem recentItem() {
@@ -34,11 +32,9 @@ NotchItem recentItem() {
     return item;
 }
 
-// Members of one valid record as raw JSON values, to be spoiled one at a time.
-using Members = std::map<std::string, std::string>;
-
-Members validMembers() {
-    return {
+// One valid record with a member replaced by raw JSON text, or left out when it has none.
+std::string recordWith(const std::string& key = "", std::optional<std::string> value = {}) {
+    std::map<std::string, std::string> members = {
         {"id", R"("3F2504E0-4F89-11D3-9A0C-0305E82C3301")"},
         {"name", R"("web")"},
         {"path", R"("\/srv\/web")"},
@@ -49,41 +45,26 @@ Members validMembers() {
         {"createdAt", R"("2025-03-04T18:07:41Z")"},
         {"lastOpenedAt", R"("2025-03-04T18:07:41Z")"},
     };
-}
-
-std::string objectText(const Members& members) {
+    if (value)
+        members[key] = *value;
+    else
+        members.erase(key);
     std::string text = "{";
-    for (const auto& [key, value] : members)
-        text += (text.size() > 1 ? "," : "") + ("\"" + key + "\":" + value);
+    for (const auto& [name, json] : members)
+        text += (text.size() > 1 ? "," : "") + ("\"" + name + "\":" + json);
     return text + "}";
 }
 
-std::string arrayText(const Members& members) {
-    return "[" + objectText(validMembers()) + "," + objectText(members) + "]";
-}
+const std::string validRecord = recordWith();
 
-Members with(std::string key, std::string value) {
-    Members members = validMembers();
-    members[key] = std::move(value);
-    return members;
-}
-
-Members without(const std::string& key) {
-    Members members = validMembers();
-    members.erase(key);
-    return members;
-}
-
-NotchItem decodeOne(const Members& members) {
-    const auto items = ItemsJson::decode("[" + objectText(members) + "]");
-    EXPECT_TRUE(items && items->size() == 1) << objectText(members);
+NotchItem decodeOne(const std::string& record) {
+    const auto items = ItemsJson::decode("[" + record + "]");
+    EXPECT_TRUE(items && items->size() == 1) << record;
     return items && !items->empty() ? items->front() : NotchItem();
 }
 
-} // namespace
-
 TEST(ItemsJson, EncodesTheExactLayout) {
-    const std::string expected = R"([
+    EXPECT_EQ(ItemsJson::encode({fullItem(), recentItem()}), R"([
   {
     "createdAt" : "2025-03-04T18:07:41Z",
     "iconPath" : "\/home\/a\/.local\/share\/Tidewell\/Icons\/3F25.png",
@@ -108,20 +89,16 @@ TEST(ItemsJson, EncodesTheExactLayout) {
     "path" : "\/home\/a\/myProject",
     "tintHex" : "#5E7CE2"
   }
-])";
-    EXPECT_EQ(ItemsJson::encode({fullItem(), recentItem()}), expected);
+])");
     EXPECT_EQ(ItemsJson::encode({}), "[\n\n]");
-}
 
-TEST(ItemsJson, EscapesQuotesSlashesAndControlCharacters) {
     NotchItem item = recentItem();
     item.name = "a\"b\\c/d\b\f\n\r\t\x01\x1f\x7f\u00e9\U0001F680";
     item.name += '\0';
-    const std::string json = ItemsJson::encode({item});
-    EXPECT_NE(json.find(R"("name" : "a\"b\\c\/d\b\f\n\r\t\u0001\u001f)"
-                        "\x7f\u00e9\U0001F680\\u0000\""),
+    EXPECT_NE(ItemsJson::encode({item}).find(R"("name" : "a\"b\\c\/d\b\f\n\r\t\u0001\u001f)"
+                                             "\x7f\u00e9\U0001F680\\u0000\""),
               std::string::npos)
-        << json;
+        << ItemsJson::encode({item});
 }
 
 TEST(ItemsJson, DecodesWhatItEncodes) {
@@ -133,77 +110,68 @@ TEST(ItemsJson, DecodesWhatItEncodes) {
     largest.sortOrder = std::numeric_limits<std::int64_t>::max();
     const std::vector<NotchItem> items = {fullItem(), recentItem(), negative, largest};
     EXPECT_EQ(ItemsJson::decode(ItemsJson::encode(items)), items);
-    EXPECT_EQ(ItemsJson::decode(ItemsJson::encode({})), std::vector<NotchItem>());
-}
-
-TEST(ItemsJson, DecodesOptionalsAsNoneWhenAbsentOrNull) {
-    for (const Members& members :
-         {validMembers(), with("iconPath", "null"), with("sortOrder", "null")}) {
-        const NotchItem item = decodeOne(members);
-        EXPECT_FALSE(item.iconPath);
-        EXPECT_FALSE(item.sortOrder);
-    }
-    EXPECT_EQ(decodeOne(with("sortOrder", "-3")).sortOrder, -3);
-    EXPECT_EQ(decodeOne(with("iconPath", R"("\/i.png")")).iconPath, "/i.png");
-}
-
-TEST(ItemsJson, AcceptsAnyLayoutLowerCaseIdsOffsetsAndUnknownKeys) {
-    Members members = with("id", R"("3f2504e0-4f89-11d3-9a0c-0305e82c3301")");
-    members["createdAt"] = R"("2025-03-04T20:07:41+02:00")";
-    members["colour"] = R"({"nested": [1, 2.5, null]})";
-    members["name"] = R"("caf\u00e9 \"x\" \ud83d\ude80\n")";
-    const NotchItem item = decodeOne(members);
-    EXPECT_EQ(item.id.text(), "3F2504E0-4F89-11D3-9A0C-0305E82C3301");
-    EXPECT_EQ(item.createdAt, march4);
-    EXPECT_EQ(item.name, "caf\u00e9 \"x\" \U0001F680\n");
-    EXPECT_EQ(item.path, "/srv/web");
-    EXPECT_FALSE(item.isFavorite);
     EXPECT_EQ(ItemsJson::decode(" [ ] \n"), std::vector<NotchItem>());
 }
 
-TEST(ItemsJson, AnyBadRecordFailsTheWholeArray) {
-    const std::vector<Members> spoiled = {
-        without("id"),
-        without("name"),
-        without("launchCommand"),
-        without("isFavorite"),
-        without("lastOpenedAt"),
-        with("name", "null"),
-        with("createdAt", "null"),
-        with("path", "42"),
-        with("isFavorite", R"("true")"),
-        with("isFavorite", "1"),
-        with("initials", "[]"),
-        with("iconPath", "false"),
-        with("sortOrder", R"("1")"),
-        with("sortOrder", "1.5"),
-        with("sortOrder", "1.0"),
-        with("sortOrder", "1e2"),
-        with("sortOrder", "9223372036854775808"),
-        with("createdAt", R"("2025-03-04T18:07:41.250Z")"),
-        with("lastOpenedAt", R"("2025-03-04")"),
-        with("createdAt", R"("2025-02-30T18:07:41Z")"),
-        with("id", R"("3F2504E0-4F89-11D3-9A0C-0305E82C330")"),
-        with("id", R"("{3F2504E0-4F89-11D3-9A0C-0305E82C3301}")"),
-    };
-    for (const Members& members : spoiled)
-        EXPECT_FALSE(ItemsJson::decode(arrayText(members))) << arrayText(members);
-    EXPECT_TRUE(ItemsJson::decode(arrayText(validMembers())));
+TEST(ItemsJson, DecodesAnyLayoutLowerCaseIdsOffsetsUnknownKeysAndNullOptionals) {
+    for (const std::string& record :
+         {validRecord, recordWith("iconPath", "null"), recordWith("sortOrder", "null")}) {
+        const NotchItem item = decodeOne(record);
+        EXPECT_FALSE(item.iconPath) << record;
+        EXPECT_FALSE(item.sortOrder) << record;
+    }
+    EXPECT_EQ(decodeOne(recordWith("sortOrder", "-3")).sortOrder, -3);
+    EXPECT_EQ(decodeOne(recordWith("iconPath", R"("\/i.png")")).iconPath, "/i.png");
+    EXPECT_EQ(decodeOne(recordWith("id", R"("3f2504e0-4f89-11d3-9a0c-0305e82c3301")")).id,
+              *Uuid::parse("3F2504E0-4F89-11D3-9A0C-0305E82C3301"));
+    EXPECT_EQ(decodeOne(recordWith("createdAt", R"("2025-03-04T20:07:41+02:00")")).createdAt,
+              march4);
+    EXPECT_EQ(decodeOne(recordWith("colour", R"({"nested": [1, 2.5, null]})")).path, "/srv/web");
+    EXPECT_EQ(decodeOne(recordWith("name", R"("caf\u00e9 \"x\" \ud83d\ude80\n")")).name,
+              "caf\u00e9 \"x\" \U0001F680\n");
 }
 
-TEST(ItemsJson, RejectsOtherDocuments) {
-    const std::string record = objectText(validMembers());
-    for (const std::string& json : {
-             record,                // an object, not an array
-             "[" + record + ",42]", // an element that is no object
-             "[" + record + ",null]",
-             "[" + record,          // cut short
-             "[" + record + "] []", // trailing content
-             "[" + record + ",]",   // trailing comma
+TEST(ItemsJson, AnyBadRecordOrDocumentFailsTheWholeDecode) {
+    const std::string spoiledRecords[] = {
+        recordWith("id", std::nullopt),
+        recordWith("name", std::nullopt),
+        recordWith("launchCommand", std::nullopt),
+        recordWith("isFavorite", std::nullopt),
+        recordWith("lastOpenedAt", std::nullopt),
+        recordWith("name", "null"),
+        recordWith("createdAt", "null"),
+        recordWith("path", "42"),
+        recordWith("isFavorite", R"("true")"),
+        recordWith("isFavorite", "1"),
+        recordWith("initials", "[]"),
+        recordWith("iconPath", "false"),
+        recordWith("sortOrder", R"("1")"),
+        recordWith("sortOrder", "1.5"),
+        recordWith("sortOrder", "1.0"),
+        recordWith("sortOrder", "1e2"),
+        recordWith("sortOrder", "9223372036854775808"),
+        recordWith("createdAt", R"("2025-03-04T18:07:41.250Z")"),
+        recordWith("lastOpenedAt", R"("2025-03-04")"),
+        recordWith("createdAt", R"("2025-02-30T18:07:41Z")"),
+        recordWith("id", R"("3F2504E0-4F89-11D3-9A0C-0305E82C330")"),
+        recordWith("id", R"("{3F2504E0-4F89-11D3-9A0C-0305E82C3301}")"),
+        recordWith("name", "\"bad \xc3\x28 byte\""),
+        "42",
+        "null",
+    };
+    for (const std::string& record : spoiledRecords)
+        EXPECT_FALSE(ItemsJson::decode("[" + validRecord + "," + record + "]")) << record;
+    for (const std::string& document : {
+             validRecord,                // an object, not an array
+             "[" + validRecord,          // cut short
+             "[" + validRecord + "] []", // trailing content
+             "[" + validRecord + ",]",   // trailing comma
              std::string(""), std::string("null"),
              std::string("[\"\xff\"]"), // invalid UTF-8
          })
-        EXPECT_FALSE(ItemsJson::decode(json)) << json;
-    Members invalidUtf8 = with("name", "\"bad \xc3\x28 byte\"");
-    EXPECT_FALSE(ItemsJson::decode(arrayText(invalidUtf8)));
+        EXPECT_FALSE(ItemsJson::decode(document)) << document;
+    EXPECT_TRUE(ItemsJson::decode("[" + validRecord + "," + validRecord + "]"));
 }
+
+} // namespace
+} // namespace tidewell

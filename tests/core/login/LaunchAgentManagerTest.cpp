@@ -9,48 +9,18 @@
 
 #include <gtest/gtest.h>
 
-namespace tidewell {
+namespace tidewell::testing {
 namespace {
-
-using testing::FakeClock;
-using testing::FakeKeyValueStore;
-using testing::FakeLoginItemService;
-using testing::FakeMainQueue;
-using testing::TemporaryDirectory;
 
 const ApplicationLocation installedCopy{"/usr/local/bin/tidewell", true};
 const ApplicationLocation buildTreeCopy{"/home/user/src/tidewell/build/tidewell", false};
 
+const std::string ownAgent = "com.quorvel.tidewell.login.plist";
 const std::vector<std::string> oldAgentFiles = {
     "com.quorvel.tidewell.app.plist",
     "com.ledgebox.login.plist",
     "com.ledgebox.app.plist",
 };
-
-std::string expectedAgent(const std::string& escapedProgram) {
-    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-           "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
-           "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
-           "<plist version=\"1.0\">\n"
-           "<dict>\n"
-           "\t<key>Label</key>\n"
-           "\t<string>com.quorvel.tidewell.login</string>\n"
-           "\t<key>ProgramArguments</key>\n"
-           "\t<array>\n"
-           "\t\t<string>/usr/bin/open</string>\n"
-           "\t\t<string>" +
-           escapedProgram +
-           "</string>\n"
-           "\t</array>\n"
-           "\t<key>RunAtLoad</key>\n"
-           "\t<true/>\n"
-           "\t<key>KeepAlive</key>\n"
-           "\t<false/>\n"
-           "\t<key>ProcessType</key>\n"
-           "\t<string>Interactive</string>\n"
-           "</dict>\n"
-           "</plist>\n";
-}
 
 class LaunchAgentManagerTest : public ::testing::Test {
 protected:
@@ -61,15 +31,27 @@ protected:
     LaunchAgentManager manager(const ApplicationLocation& application = installedCopy) {
         return LaunchAgentManager(files, service, paths, application);
     }
-    std::string agentsFolder() const { return home.path() + "/Library/LaunchAgents"; }
-    std::string fallbackFile() const {
-        return agentsFolder() + "/com.quorvel.tidewell.login.plist";
+    // The error of an install, or "" when it succeeds.
+    std::string installFailure(const ApplicationLocation& application = installedCopy) {
+        try {
+            manager(application).install(defaults, notifications);
+        } catch (const LaunchAgentError& error) {
+            EXPECT_EQ(error.errorCase(), LaunchAgentError::missingExecutable);
+            return error.what();
+        }
+        return "";
     }
-    bool exists(const std::string& name) const { return files.exists(agentsFolder() + "/" + name); }
-    void markMigrated() { defaults.setBoolean("Tidewell.didMigrateLoginItem", true); }
-    bool isMigrated() const {
-        return defaults.boolean("Tidewell.didMigrateLoginItem").value_or(false);
+    std::string agentFile(const std::string& name = ownAgent) const {
+        return home.path() + "/Library/LaunchAgents/" + name;
     }
+    void writeAgentFile(const std::string& name = ownAgent) {
+        home.write("Library/LaunchAgents/" + name, "old");
+    }
+    void writeOldAgentFiles() {
+        for (const std::string& name : oldAgentFiles)
+            writeAgentFile(name);
+    }
+    bool isMigrated() const { return defaults.boolean("Tidewell.didMigrateLoginItem") == true; }
     int postsDelivered() {
         queue.runUntilIdle();
         return statusChangedCount;
@@ -86,181 +68,151 @@ protected:
     int statusChangedCount = 0;
 };
 
-TEST_F(LaunchAgentManagerTest, StatusFollowsTheServiceUnlessTheFallbackFileExists) {
-    const auto unknown = static_cast<LoginItemStatus>(7);
-    const std::vector<std::pair<LoginItemStatus, std::string>> answers = {
+TEST_F(LaunchAgentManagerTest, StatusFollowsTheServiceUnlessTheAgentFileExists) {
+    const std::pair<LoginItemStatus, std::string> answers[] = {
         {LoginItemStatus::notRegistered, "not registered"},
         {LoginItemStatus::enabled, "enabled"},
         {LoginItemStatus::requiresApproval, "requires approval"},
         {LoginItemStatus::notFound, "not found"},
-        {unknown, "unknown"},
+        {static_cast<LoginItemStatus>(7), "unknown"},
     };
-    for (const auto& [status, description] : answers) {
-        service.currentStatus = status;
-        EXPECT_EQ(manager().statusDescription(), description);
-        EXPECT_EQ(manager().isInstalled(), status == LoginItemStatus::enabled ||
-                                               status == LoginItemStatus::requiresApproval);
+    for (const bool hasAgentFile : {false, true}) {
+        if (hasAgentFile)
+            writeAgentFile();
+        for (const auto& [status, description] : answers) {
+            SCOPED_TRACE(description);
+            service.currentStatus = status;
+            EXPECT_EQ(manager().statusDescription(),
+                      hasAgentFile ? "launch agent fallback" : description);
+            EXPECT_EQ(manager().isInstalled(), hasAgentFile || status == LoginItemStatus::enabled ||
+                                                   status == LoginItemStatus::requiresApproval);
+        }
     }
+    EXPECT_EQ(manager().legacyPlistURL(), agentFile());
+}
 
-    home.write("Library/LaunchAgents/com.quorvel.tidewell.login.plist", "anything");
-    EXPECT_EQ(manager().legacyPlistURL(), fallbackFile());
-    for (const auto& [status, description] : answers) {
-        service.currentStatus = status;
-        EXPECT_TRUE(manager().isInstalled());
-        EXPECT_EQ(manager().statusDescription(), "launch agent fallback");
+TEST_F(LaunchAgentManagerTest, InstallRegistersWithTheServiceOrFallsBackToTheAgentFile) {
+    const struct {
+        LoginItemStatus status;
+        bool registerFails;
+        int registerCount;
+        bool usesAgentFile;
+    } cases[] = {
+        {LoginItemStatus::notRegistered, false, 1, false},
+        {LoginItemStatus::enabled, false, 0, false},
+        {LoginItemStatus::requiresApproval, false, 0, false},
+        {LoginItemStatus::notFound, false, 0, true},
+        {LoginItemStatus::notRegistered, true, 1, true},
+    };
+    defaults.setBoolean("Tidewell.didMigrateLoginItem", true);
+    for (const auto& expected : cases) {
+        // Without an installed copy the agent file could name no program.
+        for (const ApplicationLocation& application : {installedCopy, buildTreeCopy}) {
+            service = FakeLoginItemService();
+            service.currentStatus = expected.status;
+            if (expected.registerFails)
+                service.registerFailure = "The service refused.";
+            SCOPED_TRACE(manager().statusDescription() +
+                         (expected.registerFails ? ", failing" : "") +
+                         (application.isInstalled ? "" : ", not installed"));
+            const bool fails = expected.usesAgentFile && !application.isInstalled;
+            const int posts = postsDelivered();
+
+            EXPECT_EQ(installFailure(application),
+                      fails ? "The packaged app could not be located for launch at login." : "");
+            EXPECT_EQ(service.registerCount, expected.registerCount);
+            EXPECT_EQ(service.unregisterCount, 0);
+            EXPECT_EQ(files.exists(agentFile()), expected.usesAgentFile && !fails);
+            EXPECT_EQ(postsDelivered(), posts + (fails ? 0 : 1));
+            if (files.exists(agentFile()))
+                files.removeFile(agentFile());
+        }
     }
 }
 
-TEST_F(LaunchAgentManagerTest, InstallWithoutTheServiceWritesTheFallbackEveryTime) {
-    markMigrated();
+TEST_F(LaunchAgentManagerTest, TheAgentFileNamesTheProgramEscapedAndIsRewrittenEveryTime) {
+    defaults.setBoolean("Tidewell.didMigrateLoginItem", true);
     service.currentStatus = LoginItemStatus::notFound;
-
-    manager().install(defaults, notifications);
-    EXPECT_EQ(files.readFile(fallbackFile()), expectedAgent("/usr/local/bin/tidewell"));
-    EXPECT_EQ(postsDelivered(), 1);
-
-    files.writeFileAtomically(fallbackFile(), "stale");
-    manager().install(defaults, notifications);
-    EXPECT_EQ(files.readFile(fallbackFile()), expectedAgent("/usr/local/bin/tidewell"));
-    EXPECT_EQ(postsDelivered(), 2);
-    EXPECT_EQ(service.registerCount, 0);
-    EXPECT_EQ(manager().statusDescription(), "launch agent fallback");
-}
-
-TEST_F(LaunchAgentManagerTest, FallbackEscapesTheProgramPath) {
-    markMigrated();
-    service.currentStatus = LoginItemStatus::notFound;
+    writeAgentFile();
     manager({"/opt/R&D <new>/bin/tidewell", true}).install(defaults, notifications);
-    EXPECT_EQ(files.readFile(fallbackFile()),
-              expectedAgent("/opt/R&amp;D &lt;new&gt;/bin/tidewell"));
+    EXPECT_EQ(
+        files.readFile(agentFile()),
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE plist PUBLIC "
+        "\"-//Apple//DTD PLIST 1.0//EN\" \"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+        "<plist version=\"1.0\">\n<dict>\n"
+        "\t<key>Label</key>\n\t<string>com.quorvel.tidewell.login</string>\n"
+        "\t<key>ProgramArguments</key>\n\t<array>\n\t\t<string>/usr/bin/open</string>\n"
+        "\t\t<string>/opt/R&amp;D &lt;new&gt;/bin/tidewell</string>\n\t</array>\n"
+        "\t<key>RunAtLoad</key>\n\t<true/>\n\t<key>KeepAlive</key>\n\t<false/>\n"
+        "\t<key>ProcessType</key>\n\t<string>Interactive</string>\n</dict>\n</plist>\n");
 }
 
-TEST_F(LaunchAgentManagerTest, FallbackNeedsAnInstalledCopy) {
-    markMigrated();
-    service.currentStatus = LoginItemStatus::notFound;
-    try {
-        manager(buildTreeCopy).install(defaults, notifications);
-        FAIL() << "install succeeded without an installed copy";
-    } catch (const LaunchAgentError& error) {
-        EXPECT_EQ(error.errorCase(), LaunchAgentError::missingExecutable);
-        EXPECT_STREQ(error.what(), "The packaged app could not be located for launch at login.");
-    }
-    EXPECT_FALSE(files.exists(agentsFolder()));
-    EXPECT_EQ(postsDelivered(), 0);
-}
-
-TEST_F(LaunchAgentManagerTest, RegisterFailureFallsBackToTheAgentFile) {
-    markMigrated();
-    service.registerFailure = "The service refused.";
-
-    manager().install(defaults, notifications);
-    EXPECT_EQ(service.registerCount, 1);
-    EXPECT_EQ(files.readFile(fallbackFile()), expectedAgent("/usr/local/bin/tidewell"));
-    EXPECT_EQ(postsDelivered(), 1);
-
-    // The register error is dropped; the fallback's own error is what the caller sees.
-    EXPECT_THROW(manager(buildTreeCopy).install(defaults, notifications), LaunchAgentError);
-}
-
-TEST_F(LaunchAgentManagerTest, InstallRegistersOnlyWhenNotRegistered) {
-    markMigrated();
-    manager().install(defaults, notifications);
-    EXPECT_EQ(service.registerCount, 1);
-    EXPECT_EQ(service.currentStatus, LoginItemStatus::enabled);
-
-    service.currentStatus = LoginItemStatus::requiresApproval;
-    manager().install(defaults, notifications);
-    EXPECT_EQ(service.registerCount, 1);
-    EXPECT_EQ(service.unregisterCount, 0);
-    EXPECT_FALSE(files.exists(fallbackFile()));
-    EXPECT_EQ(postsDelivered(), 2);
-}
-
+// A registration that cannot be removed is made again anyway.
 TEST_F(LaunchAgentManagerTest, FirstInstallCleansUpOldRegistrationsOnce) {
-    for (const std::string& name : oldAgentFiles)
-        home.write("Library/LaunchAgents/" + name, "old");
-    home.write("Library/LaunchAgents/com.quorvel.tidewell.login.plist", "old");
-    home.write("Library/LaunchAgents/org.example.other.plist", "someone else's");
-    service.currentStatus = LoginItemStatus::enabled;
+    for (const bool unregisterFails : {false, true}) {
+        SCOPED_TRACE(unregisterFails ? "unregister fails" : "unregister works");
+        writeOldAgentFiles();
+        writeAgentFile();
+        writeAgentFile("org.example.other.plist");
+        defaults.values.clear();
+        service = FakeLoginItemService();
+        service.currentStatus = LoginItemStatus::requiresApproval;
+        if (unregisterFails)
+            service.unregisterFailure = "Busy.";
+        const int posts = postsDelivered();
 
-    manager().install(defaults, notifications);
-    for (const std::string& name : oldAgentFiles)
-        EXPECT_FALSE(exists(name)) << name;
-    EXPECT_FALSE(files.exists(fallbackFile()));
-    EXPECT_TRUE(exists("org.example.other.plist"));
-    EXPECT_TRUE(isMigrated());
-    // The old registration is dropped and a fresh one made.
-    EXPECT_EQ(service.unregisterCount, 1);
-    EXPECT_EQ(service.registerCount, 1);
-    EXPECT_EQ(postsDelivered(), 1);
+        EXPECT_EQ(installFailure(), "");
+        for (const std::string& name : oldAgentFiles)
+            EXPECT_FALSE(files.exists(agentFile(name))) << name;
+        EXPECT_FALSE(files.exists(agentFile()));
+        EXPECT_TRUE(files.exists(agentFile("org.example.other.plist")));
+        EXPECT_TRUE(isMigrated());
+        EXPECT_EQ(service.unregisterCount, 1);
+        EXPECT_EQ(service.registerCount, unregisterFails ? 0 : 1);
+        EXPECT_EQ(postsDelivered(), posts + 1);
 
-    for (const std::string& name : oldAgentFiles)
-        home.write("Library/LaunchAgents/" + name, "old");
-    manager().install(defaults, notifications);
-    for (const std::string& name : oldAgentFiles)
-        EXPECT_TRUE(exists(name)) << name;
-    EXPECT_EQ(service.unregisterCount, 1);
-    EXPECT_EQ(service.registerCount, 1);
+        writeOldAgentFiles();
+        manager().install(defaults, notifications);
+        EXPECT_TRUE(files.exists(agentFile(oldAgentFiles[0])));
+        EXPECT_EQ(service.unregisterCount, 1);
+    }
 }
 
-TEST_F(LaunchAgentManagerTest, CleanUpIgnoresUnregisterFailures) {
-    service.currentStatus = LoginItemStatus::requiresApproval;
-    service.unregisterFailure = "Busy.";
-    manager().install(defaults, notifications);
-    EXPECT_EQ(service.unregisterCount, 1);
-    EXPECT_TRUE(isMigrated());
-    EXPECT_EQ(postsDelivered(), 1);
-}
-
-TEST_F(LaunchAgentManagerTest, RemovalFailureStopsBeforeAnythingChanges) {
+TEST_F(LaunchAgentManagerTest, AnOldAgentFileThatCannotBeRemovedStopsBeforeAnythingChanges) {
     // A folder where an old agent file would be cannot be removed as a file.
     home.write("Library/LaunchAgents/com.ledgebox.login.plist/keep", "");
-    home.write("Library/LaunchAgents/com.quorvel.tidewell.app.plist", "old");
-    home.write("Library/LaunchAgents/com.ledgebox.app.plist", "old");
+    writeAgentFile("com.ledgebox.app.plist");
     service.currentStatus = LoginItemStatus::enabled;
 
     EXPECT_THROW(manager().install(defaults, notifications), Error);
-    EXPECT_FALSE(exists("com.quorvel.tidewell.app.plist"));
-    EXPECT_TRUE(exists("com.ledgebox.app.plist"));
     EXPECT_THROW(manager().uninstall(defaults, notifications), Error);
+    EXPECT_TRUE(files.exists(agentFile("com.ledgebox.app.plist")));
     EXPECT_FALSE(isMigrated());
     EXPECT_EQ(service.unregisterCount, 0);
     EXPECT_EQ(postsDelivered(), 0);
 }
 
-TEST_F(LaunchAgentManagerTest, UninstallRemovesTheFallbackAndTheRegistration) {
-    markMigrated();
+TEST_F(LaunchAgentManagerTest, UninstallRemovesTheAgentFileAndTheRegistration) {
+    writeAgentFile();
     service.currentStatus = LoginItemStatus::notFound;
-    manager().install(defaults, notifications);
-    ASSERT_TRUE(files.exists(fallbackFile()));
-
     manager().uninstall(defaults, notifications);
-    EXPECT_FALSE(files.exists(fallbackFile()));
+    EXPECT_FALSE(files.exists(agentFile()));
     EXPECT_EQ(service.unregisterCount, 0);
-    EXPECT_FALSE(manager().isInstalled());
-    EXPECT_EQ(postsDelivered(), 2);
+    EXPECT_TRUE(isMigrated());
+    EXPECT_EQ(postsDelivered(), 1);
 
     service.currentStatus = LoginItemStatus::enabled;
-    defaults.values.clear();
     manager().uninstall(defaults, notifications);
     EXPECT_EQ(service.unregisterCount, 1);
-    EXPECT_TRUE(isMigrated());
     EXPECT_EQ(manager().statusDescription(), "not registered");
-    EXPECT_EQ(postsDelivered(), 3);
-}
+    EXPECT_EQ(postsDelivered(), 2);
 
-TEST_F(LaunchAgentManagerTest, UninstallPassesUnregisterFailuresOnWithoutPosting) {
+    // A failure to unregister is passed on, and nothing is announced.
     service.currentStatus = LoginItemStatus::requiresApproval;
     service.unregisterFailure = "Operation not permitted.";
-    try {
-        manager().uninstall(defaults, notifications);
-        FAIL() << "uninstall succeeded";
-    } catch (const Error& error) {
-        EXPECT_STREQ(error.what(), "Operation not permitted.");
-    }
-    EXPECT_TRUE(isMigrated());
-    EXPECT_EQ(postsDelivered(), 0);
+    EXPECT_THROW(manager().uninstall(defaults, notifications), Error);
+    EXPECT_EQ(postsDelivered(), 2);
 }
 
 } // namespace
-} // namespace tidewell
+} // namespace tidewell::testing

@@ -50,14 +50,20 @@ protected:
         return ChildProcess::run({arguments, root.path(), environment}, 30s);
     }
 
+    static std::vector<fs::path> processes() {
+        std::vector<fs::path> found;
+        for (const auto& entry : fs::directory_iterator("/proc"))
+            if (entry.path().filename().string().find_first_not_of("0123456789") == std::string::npos)
+                found.push_back(entry.path());
+        return found;
+    }
+
     // The xterms this test started: their command lines name the test's folder.
     std::vector<pid_t> terminals() const {
         std::vector<pid_t> found;
-        for (const auto& entry : fs::directory_iterator("/proc")) {
-            const std::string name = entry.path().filename();
-            if (name.find_first_not_of("0123456789") != std::string::npos)
-                continue;
-            const std::string commandLine = fileText(entry.path() / "cmdline");
+        for (const fs::path& process : processes()) {
+            const std::string name = process.filename();
+            const std::string commandLine = fileText(process / "cmdline");
             if (commandLine.starts_with(std::string("xterm") + '\0') &&
                 commandLine.find(root.path()) != std::string::npos)
                 found.push_back(std::stoi(name));
@@ -68,8 +74,8 @@ protected:
     // The working folders of the programs the xterm runs (its shell).
     static std::vector<std::string> childFolders(pid_t terminal) {
         std::vector<std::string> folders;
-        for (const auto& entry : fs::directory_iterator("/proc")) {
-            const std::string stat = fileText(entry.path() / "stat");
+        for (const fs::path& process : processes()) {
+            const std::string stat = fileText(process / "stat");
             const std::size_t end = stat.rfind(')');
             if (end == std::string::npos)
                 continue;
@@ -79,7 +85,7 @@ protected:
             fields >> state >> parent;
             std::error_code ignored;
             if (parent == terminal)
-                folders.push_back(fs::read_symlink(entry.path() / "cwd", ignored));
+                folders.push_back(fs::read_symlink(process / "cwd", ignored));
         }
         return folders;
     }

@@ -29,6 +29,13 @@ pid_t spawn(std::vector<std::string> arguments, posix_spawn_file_actions_t* acti
     return pid;
 }
 
+// The servers outlive a failed test only if something goes badly wrong; even then they
+// must not hold the test runner's output open.
+void silence(posix_spawn_file_actions_t* actions) {
+    posix_spawn_file_actions_addopen(actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    posix_spawn_file_actions_addopen(actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+}
+
 void stop(pid_t pid) {
     if (pid <= 0)
         return;
@@ -64,7 +71,7 @@ VirtualDisplay::VirtualDisplay() {
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addclose(&actions, pipe[0]);
-    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    silence(&actions);
     server_ = spawn({"Xvfb", "-displayfd", std::to_string(pipe[1]), "-screen", "0",
                      "1920x1080x24", "-nolisten", "tcp"},
                     &actions);
@@ -78,7 +85,13 @@ VirtualDisplay::VirtualDisplay() {
     }
     name_ = ":" + number;
     environment_.set("DISPLAY", name_);
-    startWindowManager();
+    try {
+        startWindowManager();
+    } catch (...) {
+        stop(windowManager_);
+        stop(server_);
+        throw;
+    }
 }
 
 VirtualDisplay::~VirtualDisplay() {
@@ -89,13 +102,17 @@ VirtualDisplay::~VirtualDisplay() {
 void VirtualDisplay::startWindowManager() {
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    silence(&actions);
     windowManager_ = spawn({"openbox", "--sm-disable"}, &actions);
     posix_spawn_file_actions_destroy(&actions);
     // Tests expect a managed desktop from the start: wait (bounded) for openbox to announce
     // itself on the root window.
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
     while (!hasWindowManager()) {
+        if (::waitpid(windowManager_, nullptr, WNOHANG) == windowManager_) {
+            windowManager_ = -1;
+            throw std::runtime_error("openbox ended at start-up");
+        }
         if (std::chrono::steady_clock::now() > deadline)
             throw std::runtime_error("openbox did not start");
         std::this_thread::sleep_for(std::chrono::milliseconds(20));

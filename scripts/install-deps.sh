@@ -11,6 +11,7 @@ packages=(
   dbus xdg-utils
   # test, fuzz and benchmark
   libgtest-dev libgmock-dev dbus-daemon dbus-bin clang-14 libclang-rt-14-dev zoxide
+  xvfb openbox x11-utils xterm
 )
 
 missing=()

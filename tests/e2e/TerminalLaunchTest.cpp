@@ -53,7 +53,8 @@ protected:
     static std::vector<fs::path> processes() {
         std::vector<fs::path> found;
         for (const auto& entry : fs::directory_iterator("/proc"))
-            if (entry.path().filename().string().find_first_not_of("0123456789") == std::string::npos)
+            if (entry.path().filename().string().find_first_not_of("0123456789") ==
+                std::string::npos)
                 found.push_back(entry.path());
         return found;
     }
@@ -117,15 +118,15 @@ TEST_F(TerminalLaunchTest, TheStartCommandRunsInTheFolder) {
 TEST_F(TerminalLaunchTest, AStartCommandOfTwoLinesRunsFromAScriptRemovedTenSecondsLater) {
     const std::string folder = project("two lines");
     const std::string marker = root.path() + "/marker";
-    ChildProcess starter({{buildFolder() + "/tests/tidewell_terminal_probe", "run-start-command",
-                           folder, "echo first > '" + marker + "'\npwd >> '" + marker + "'",
-                           "--stay-for-cleanup"},
-                          root.path(),
-                          [&] {
-                              auto environment = this->environment();
-                              environment["DISPLAY"] = display.name();
-                              return environment;
-                          }()});
+    ChildProcess starter(
+        {{buildFolder() + "/tests/tidewell_terminal_probe", "run-start-command", folder,
+          "echo first > '" + marker + "'\npwd >> '" + marker + "'", "--stay-for-cleanup"},
+         root.path(),
+         [&] {
+             auto environment = this->environment();
+             environment["DISPLAY"] = display.name();
+             return environment;
+         }()});
     ASSERT_TRUE(eventually([&] { return fileText(marker) == "first\n" + folder + "\n"; }))
         << fileText(marker);
     auto scripts = [&] {

@@ -32,7 +32,8 @@ using namespace tidewell;
 int main(int argc, char** argv) {
     QCoreApplication application(argc, argv);
     if (argc < 3) {
-        std::cerr << "usage: tidewell_terminal_probe <action> <folder> [command] [--stay-for-cleanup]\n";
+        std::cerr
+            << "usage: tidewell_terminal_probe <action> <folder> [command] [--stay-for-cleanup]\n";
         return 2;
     }
     const std::string actionName = argv[1];

@@ -72,8 +72,8 @@ VirtualDisplay::VirtualDisplay() {
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addclose(&actions, pipe[0]);
     silence(&actions);
-    server_ = spawn({"Xvfb", "-displayfd", std::to_string(pipe[1]), "-screen", "0",
-                     "1920x1080x24", "-nolisten", "tcp"},
+    server_ = spawn({"Xvfb", "-displayfd", std::to_string(pipe[1]), "-screen", "0", "1920x1080x24",
+                     "-nolisten", "tcp"},
                     &actions);
     posix_spawn_file_actions_destroy(&actions);
     ::close(pipe[1]);

@@ -15,7 +15,9 @@ public:
 
     bool isInstalled() const { return workspace_.isApplicationInstalled(applicationId); }
     // Asks the application to open the folder; false when it is not installed.
-    bool open(const std::string& folder) { return workspace_.openWithApplication(applicationId, folder); }
+    bool open(const std::string& folder) {
+        return workspace_.openWithApplication(applicationId, folder);
+    }
 
 private:
     Workspace& workspace_;

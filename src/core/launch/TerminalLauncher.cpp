@@ -153,7 +153,10 @@ std::vector<std::string> TerminalLauncher::commandLine(TerminalApp terminal,
     const std::string shell = shellOrDefault(services_.shell);
     std::vector<std::string> arguments{std::string(emulator->executable)};
     arguments.insert(arguments.end(), emulator->options.begin(), emulator->options.end());
-    arguments.insert(arguments.end(), {shell, "-i", "-c", line + "; exec " + shell + " -i"});
+    // A line break, not "; ", before the shell that stays: a start command ending in "&" or
+    // in a comment would otherwise swallow it or be a syntax error.
+    arguments.insert(arguments.end(),
+                     {shell, "-i", "-c", line + "\nexec " + singleQuoted(shell) + " -i"});
     return arguments;
 }
 

@@ -41,8 +41,7 @@ private:
     std::function<void()> disconnect_;
 };
 
-template <typename... Arguments>
-class Signal {
+template <typename... Arguments> class Signal {
 public:
     using Slot = std::function<void(Arguments...)>;
 

@@ -9,8 +9,7 @@ namespace tidewell {
 
 // A stored enumeration: each case with the raw value it is stored as and the name the
 // settings window shows for it, in the order the window lists them.
-template <typename Enum>
-struct EnumCase {
+template <typename Enum> struct EnumCase {
     Enum value;
     std::string_view rawValue;
     std::string_view displayName;
@@ -26,8 +25,9 @@ constexpr const EnumCase<Enum>& caseOf(const std::array<EnumCase<Enum>, count>& 
 template <typename Enum, std::size_t count>
 constexpr std::optional<Enum> caseFromRawValue(const std::array<EnumCase<Enum>, count>& cases,
                                                std::string_view rawValue) {
-    const auto found = std::find_if(cases.begin(), cases.end(),
-                                    [rawValue](const auto& entry) { return entry.rawValue == rawValue; });
+    const auto found = std::find_if(cases.begin(), cases.end(), [rawValue](const auto& entry) {
+        return entry.rawValue == rawValue;
+    });
     return found == cases.end() ? std::nullopt : std::optional(found->value);
 }
 

@@ -70,7 +70,7 @@ TEST_F(TerminalLauncherTest, LineQuotesTheFolderAndKeepsTheCommandAsWritten) {
     for (const auto& [command, folder, expected] : cases) {
         EXPECT_EQ(TerminalLauncher::line(command, folder), expected) << command;
         launcher().run(command, folder, TerminalApp::automatic);
-        EXPECT_EQ(shellLine(), expected + "; exec /bin/bash -i") << command;
+        EXPECT_EQ(shellLine(), expected + "\nexec '/bin/bash' -i") << command;
     }
     EXPECT_EQ(TerminalLauncher::singleQuoted("''"), "''\\'''\\'''");
 }
@@ -97,7 +97,7 @@ TEST_F(TerminalLauncherTest, EachEmulatorGetsItsOwnCommandLine) {
         executables.installed = {executable};
         auto expected = options;
         expected.insert(expected.end(),
-                        {"/usr/bin/zsh", "-i", "-c", "cd '/p' && make; exec /usr/bin/zsh -i"});
+                        {"/usr/bin/zsh", "-i", "-c", "cd '/p' && make\nexec '/usr/bin/zsh' -i"});
         launcher("/usr/bin/zsh").run("make", "/p", choice);
         ASSERT_FALSE(processes.launches.empty());
         EXPECT_EQ(processes.launches.back(),
@@ -106,7 +106,7 @@ TEST_F(TerminalLauncherTest, EachEmulatorGetsItsOwnCommandLine) {
     executables.installed = {"foot"};
     EXPECT_EQ(
         launcher("").commandLine(TerminalApp::foot, "cd '/p'"),
-        (std::vector<std::string>{"foot", "/bin/sh", "-i", "-c", "cd '/p'; exec /bin/sh -i"}));
+        (std::vector<std::string>{"foot", "/bin/sh", "-i", "-c", "cd '/p'\nexec '/bin/sh' -i"}));
 }
 
 TEST_F(TerminalLauncherTest, MissingChoicesFallBackToTheDesktopDefault) {
@@ -169,7 +169,7 @@ TEST_F(TerminalLauncherTest, CommandsOfSeveralLinesRunFromAPrivateScript) {
         EXPECT_EQ(std::filesystem::status(path).permissions(),
                   std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
         EXPECT_EQ(shellLine(), sourceCommand + " " + TerminalLauncher::singleQuoted(path) +
-                                   "; exec " + shell + " -i");
+                                   "\nexec '" + shell + "' -i");
         queue.advance(10s);
     }
 }

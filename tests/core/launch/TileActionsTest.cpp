@@ -3,8 +3,8 @@
 #include "support/FakeExecutableLocator.h"
 #include "support/FakeKeyValueStore.h"
 #include "support/FakeProcessLauncher.h"
-#include "support/ItemsFixture.h"
 #include "support/FakeWorkspace.h"
+#include "support/ItemsFixture.h"
 
 #include <gtest/gtest.h>
 
@@ -102,7 +102,8 @@ TEST_F(TileActionsTest, TerminalActionsRunTheirCommandInTheItemFolder) {
 
 TEST_F(TileActionsTest, CodexOpensInTheAppOnlyWhenChosenAndInstalled) {
     using Call = FakeWorkspace::Call;
-    const Call openInApp{FakeWorkspace::Operation::openWithApplication, item.path, "com.openai.codex"};
+    const Call openInApp{FakeWorkspace::Operation::openWithApplication, item.path,
+                         "com.openai.codex"};
     struct Case {
         CodexLaunchMode mode;
         bool isAppInstalled;
@@ -134,8 +135,8 @@ TEST_F(TileActionsTest, OnlyOpeningTheFolderRecordsTheOpening) {
     clock.advance(1h);
     actions->perform(TileAction::showInFileManager, item);
     actions->perform(TileAction::configure, item);
-    EXPECT_EQ(workspace.calls, (std::vector<FakeWorkspace::Call>{
-                                   {FakeWorkspace::Operation::reveal, item.path}}));
+    EXPECT_EQ(workspace.calls,
+              (std::vector<FakeWorkspace::Call>{{FakeWorkspace::Operation::reveal, item.path}}));
     EXPECT_EQ(settingsOpened, 1);
     EXPECT_EQ(storedLastOpenedAt(), createdAt);
 

@@ -36,7 +36,7 @@ protected:
         return {processes.launches.back().executable, processes.launches.back().arguments.back()};
     }
     std::string shellLine(const std::string& command) const {
-        return TerminalLauncher::line(command, item.path) + "; exec /bin/bash -i";
+        return TerminalLauncher::line(command, item.path) + "\nexec '/bin/bash' -i";
     }
     Date storedLastOpenedAt() { return database.load().at(0).lastOpenedAt; }
 

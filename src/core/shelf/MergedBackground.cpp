@@ -13,14 +13,14 @@ constexpr double expandedBottomRadius = 18;
 constexpr double collapsedBottomRadius = 8;
 constexpr MergedBackground::Shadow glassShadow{0.22, 12, 0, 3};
 
-ShapeSize nonNegative(ShapeSize size) {
+Size nonNegative(Size size) {
     return {std::max(size.width, 0.0), std::max(size.height, 0.0)};
 }
 
 } // namespace
 
-MergedBackground MergedBackground::decide(bool isBackgroundExpanded, ShapeSize expandedSize,
-                                          ShapeSize collapsedSize, ShelfAppearance appearance) {
+MergedBackground MergedBackground::decide(bool isBackgroundExpanded, Size expandedSize,
+                                          Size collapsedSize, ShelfAppearance appearance) {
     MergedBackground background;
     background.shape = {topFlare,
                         isBackgroundExpanded ? expandedBottomRadius : collapsedBottomRadius};

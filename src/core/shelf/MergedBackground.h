@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/platform/Geometry.h"
 #include "core/settings/ShelfAppearance.h"
 #include "core/shelf/Animation.h"
 #include "core/shelf/NotchMergeShape.h"
@@ -7,13 +8,6 @@
 #include <optional>
 
 namespace tidewell {
-
-struct ShapeSize {
-    double width = 0;
-    double height = 0;
-
-    bool operator==(const ShapeSize&) const = default;
-};
 
 // What the shelf draws behind its tiles: the notch outline at the notch's size while the
 // panel opens and closes, at the panel's size with rounder lower corners while it is shown.
@@ -31,12 +25,12 @@ struct MergedBackground {
     };
 
     NotchMergeShape shape;
-    ShapeSize size; // centred in the view; never negative
+    Size size; // centred in the view; never negative
     Fill fill = Fill::solidBlack;
     std::optional<Shadow> shadow;
 
-    static MergedBackground decide(bool isBackgroundExpanded, ShapeSize expandedSize,
-                                   ShapeSize collapsedSize, ShelfAppearance appearance);
+    static MergedBackground decide(bool isBackgroundExpanded, Size expandedSize, Size collapsedSize,
+                                   ShelfAppearance appearance);
 
     // The animation is chosen from the new value of isBackgroundExpanded.
     static const Animation& expansionAnimation(bool isBackgroundExpanded);

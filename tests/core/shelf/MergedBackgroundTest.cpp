@@ -8,8 +8,8 @@
 namespace tidewell::testing {
 namespace {
 
-constexpr ShapeSize panelSize{420, 96};
-constexpr ShapeSize notchSize{180, 32};
+constexpr Size panelSize{420, 96};
+constexpr Size notchSize{180, 32};
 const MergedBackground::Shadow glassShadow{0.22, 12, 0, 3};
 
 TEST(MergedBackground, ExpansionChoosesSizeAndLowerRadiusAppearanceChoosesFill) {
@@ -39,10 +39,9 @@ TEST(MergedBackground, ExpansionChoosesSizeAndLowerRadiusAppearanceChoosesFill) 
 
 TEST(MergedBackground, NegativeSizesBecomeZeroPerDimension) {
     const ShelfAppearance black = ShelfAppearance::notchBlack;
-    EXPECT_EQ(MergedBackground::decide(true, {-5, 40}, notchSize, black).size, (ShapeSize{0, 40}));
-    EXPECT_EQ(MergedBackground::decide(true, {300, -1}, notchSize, black).size,
-              (ShapeSize{300, 0}));
-    EXPECT_EQ(MergedBackground::decide(false, panelSize, {-2, -3}, black).size, (ShapeSize{0, 0}));
+    EXPECT_EQ(MergedBackground::decide(true, {-5, 40}, notchSize, black).size, (Size{0, 40}));
+    EXPECT_EQ(MergedBackground::decide(true, {300, -1}, notchSize, black).size, (Size{300, 0}));
+    EXPECT_EQ(MergedBackground::decide(false, panelSize, {-2, -3}, black).size, (Size{0, 0}));
 }
 
 TEST(MergedBackground, AnimationFollowsTheNewExpansionAndSizeChanges) {

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "core/platform/PanelWindow.h"
+
+#include <vector>
+
+namespace tidewell::testing {
+
+// Remembers its state and every frame it was given.
+class FakePanelWindow : public PanelWindow {
+public:
+    Rect frame() const override { return currentFrame; }
+    void setFrame(const Rect& frame) override {
+        currentFrame = frame;
+        frames.push_back(frame);
+    }
+    void setAlpha(double value) override { alpha = value; }
+    void orderFrontWithoutActivating() override {
+        visible = true;
+        ++orderFrontCount;
+    }
+    void orderOut() override {
+        visible = false;
+        ++orderOutCount;
+    }
+    bool isVisible() const override { return visible; }
+    void setSharingHidden(bool hidden) override {
+        sharingHidden = hidden;
+        ++sharingChanges;
+    }
+
+    Rect currentFrame;
+    std::vector<Rect> frames;
+    double alpha = 1;
+    bool visible = false;
+    bool sharingHidden = false;
+    int orderFrontCount = 0;
+    int orderOutCount = 0;
+    int sharingChanges = 0;
+};
+
+} // namespace tidewell::testing

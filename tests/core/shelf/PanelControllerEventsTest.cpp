@@ -169,5 +169,25 @@ TEST_F(PanelOnRequest, StartOpensForAPointerAlreadyInTheTrigger) {
     EXPECT_EQ(controller->panelState(), PanelState::showing);
 }
 
+TEST_F(PanelOnRequest, FollowsDisplayChangesAndLeavesNothingBehindWhenDestroyed) {
+    controller->start();
+    openFully();
+    displays.displays.front().frame.size.width = 1600;
+    displays.displays.front().visibleFrame.size = {1600, 860}; // a 40-point top bar
+    localCenter.post(screenParametersDidChange);
+    queue.runUntilIdle();
+    EXPECT_EQ(panel.frame(), (Rect{{700, 772}, {200, 128}}));
+    EXPECT_EQ(controller->layout().topInset(), 40);
+    EXPECT_EQ(controller->layout().availableWidth(), 1536);
+
+    move(farAway);
+    advanceMilliseconds(450);
+    ASSERT_EQ(controller->panelState(), PanelState::hiding);
+    controller.reset();
+    localCenter.post(screenParametersDidChange);
+    advanceMilliseconds(1000);
+    EXPECT_EQ(panel.orderOutCount, 0);
+}
+
 } // namespace
 } // namespace tidewell::testing

@@ -7,11 +7,12 @@ packages=(
   # build
   g++ cmake ninja-build pkg-config
   libsimdjson-dev libutf8proc-dev libstb-dev libsystemd-dev qt6-base-dev libglib2.0-dev
+  libx11-dev libxi-dev libxtst-dev
   # run
   dbus xdg-utils
   # test, fuzz and benchmark
   libgtest-dev libgmock-dev dbus-daemon dbus-bin clang-14 libclang-rt-14-dev zoxide
-  xvfb openbox x11-utils xterm
+  xvfb openbox x11-utils xterm xdotool
 )
 
 missing=()

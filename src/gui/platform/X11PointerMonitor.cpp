@@ -1,0 +1,95 @@
+#include "gui/platform/X11PointerMonitor.h"
+
+#include <QSocketNotifier>
+#include <X11/Xlib.h>
+#include <X11/extensions/XInput2.h>
+
+namespace tidewell {
+
+X11PointerMonitor::X11PointerMonitor(Handler handler) : handler_(std::move(handler)) {}
+
+X11PointerMonitor::~X11PointerMonitor() {
+    stop();
+}
+
+bool X11PointerMonitor::start() {
+    stop();
+    display_ = XOpenDisplay(nullptr);
+    if (!display_)
+        return false;
+    if (!selectRawEvents()) {
+        stop();
+        return false;
+    }
+    notifier_ =
+        std::make_unique<QSocketNotifier>(ConnectionNumber(display_), QSocketNotifier::Read);
+    QObject::connect(notifier_.get(), &QSocketNotifier::activated, [this] { serveConnection(); });
+    return true;
+}
+
+void X11PointerMonitor::stop() {
+    notifier_.reset();
+    if (display_)
+        XCloseDisplay(display_);
+    display_ = nullptr;
+}
+
+// Raw events reach the root window whatever window the pointer is over, during grabs too
+// (XInput 2.1 and later); button events are included so that a press without motion counts.
+bool X11PointerMonitor::selectRawEvents() {
+    int event = 0;
+    int error = 0;
+    if (!XQueryExtension(display_, "XInputExtension", &inputOpcode_, &event, &error))
+        return false;
+    int major = 2;
+    int minor = 1;
+    if (XIQueryVersion(display_, &major, &minor) != Success || (major == 2 && minor < 1))
+        return false;
+    unsigned char bits[XIMaskLen(XI_LASTEVENT)] = {};
+    XISetMask(bits, XI_RawMotion);
+    XISetMask(bits, XI_RawButtonPress);
+    XISetMask(bits, XI_RawButtonRelease);
+    XIEventMask mask{.deviceid = XIAllMasterDevices, .mask_len = sizeof bits, .mask = bits};
+    XISelectEvents(display_, DefaultRootWindow(display_), &mask, 1);
+    XFlush(display_);
+    return true;
+}
+
+// Replies read during the query may bring further events into Xlib's queue, where the socket
+// no longer announces them: serve until the queue is empty.
+void X11PointerMonitor::serveConnection() {
+    do {
+        if (drainPendingEvents())
+            reportPointer();
+    } while (display_ && XEventsQueued(display_, QueuedAlready) > 0);
+}
+
+bool X11PointerMonitor::drainPendingEvents() {
+    bool pointerChanged = false;
+    while (XPending(display_) > 0) {
+        XEvent event;
+        XNextEvent(display_, &event);
+        XGenericEventCookie& cookie = event.xcookie;
+        if (cookie.type != GenericEvent || cookie.extension != inputOpcode_)
+            continue;
+        pointerChanged = true;
+        if (XGetEventData(display_, &cookie))
+            XFreeEventData(display_, &cookie);
+    }
+    return pointerChanged;
+}
+
+void X11PointerMonitor::reportPointer() {
+    Window root = 0;
+    Window child = 0;
+    int rootX = 0;
+    int rootY = 0;
+    int windowX = 0;
+    int windowY = 0;
+    unsigned mask = 0;
+    XQueryPointer(display_, DefaultRootWindow(display_), &root, &child, &rootX, &rootY, &windowX,
+                  &windowY, &mask);
+    handler_(rootX, rootY, mask);
+}
+
+} // namespace tidewell

@@ -1,0 +1,126 @@
+#include "gui/platform/X11PointerMonitor.h"
+
+#include "gui/X11TestClient.h"
+
+#include <fstream>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace tidewell {
+namespace {
+
+using testing::DesktopDisplay;
+using testing::pumpEventsFor;
+using testing::pumpEventsUntil;
+using testing::X11TestClient;
+using namespace std::chrono_literals;
+
+struct PointerReport {
+    double x;
+    double y;
+    unsigned buttonMask;
+};
+
+class PointerReports {
+public:
+    X11PointerMonitor::Handler handler() {
+        return [this](double x, double y, unsigned mask) { reports_.push_back({x, y, mask}); };
+    }
+    std::size_t count() const { return reports_.size(); }
+    const PointerReport& last() const { return reports_.back(); }
+    bool reachedCount(std::size_t count) {
+        return pumpEventsUntil([&] { return reports_.size() >= count; });
+    }
+
+private:
+    std::vector<PointerReport> reports_;
+};
+
+long voluntaryContextSwitches() {
+    std::ifstream status("/proc/thread-self/status");
+    const std::string key = "voluntary_ctxt_switches:";
+    for (std::string line; std::getline(status, line);)
+        if (line.rfind(key, 0) == 0)
+            return std::stol(line.substr(key.size()));
+    return -1;
+}
+
+TEST(X11PointerMonitor, ReportsMovesAndButtonsOverAnotherClientsWindow) {
+    DesktopDisplay display;
+    X11TestClient client;
+    const unsigned long window = client.createWindow(100, 100, 400, 300);
+    PointerReports reports;
+    X11PointerMonitor monitor(reports.handler());
+    ASSERT_TRUE(monitor.start());
+
+    client.movePointerTo(250, 180);
+    ASSERT_TRUE(reports.reachedCount(1));
+    EXPECT_EQ(client.windowUnderPointer(), window);
+    EXPECT_EQ(reports.last().x, 250);
+    EXPECT_EQ(reports.last().y, 180);
+    EXPECT_EQ(reports.last().buttonMask & X11PointerMonitor::primaryButtonMask, 0u);
+
+    const std::size_t beforePress = reports.count();
+    client.setPrimaryButton(true);
+    ASSERT_TRUE(reports.reachedCount(beforePress + 1));
+    EXPECT_NE(reports.last().buttonMask & X11PointerMonitor::primaryButtonMask, 0u);
+    client.movePointerBy(0, 1);
+    ASSERT_TRUE(pumpEventsUntil([&] { return reports.last().y == 181; }));
+    EXPECT_EQ(reports.last().x, 250);
+    EXPECT_NE(reports.last().buttonMask & X11PointerMonitor::primaryButtonMask, 0u);
+    client.setPrimaryButton(false);
+    ASSERT_TRUE(pumpEventsUntil(
+        [&] { return (reports.last().buttonMask & X11PointerMonitor::primaryButtonMask) == 0; }));
+}
+
+TEST(X11PointerMonitor, StartingTwiceReportsEachMoveOnceAndStoppingEndsReports) {
+    DesktopDisplay display;
+    X11TestClient client;
+    PointerReports reports;
+    X11PointerMonitor monitor(reports.handler());
+    monitor.stop(); // never started: nothing happens
+    ASSERT_TRUE(monitor.start());
+    ASSERT_TRUE(monitor.start());
+
+    client.movePointerBy(1, 0);
+    ASSERT_TRUE(reports.reachedCount(1));
+    client.movePointerBy(1, 0);
+    ASSERT_TRUE(reports.reachedCount(2));
+    pumpEventsFor(200ms);
+    EXPECT_EQ(reports.count(), 2u);
+
+    monitor.stop();
+    client.movePointerBy(1, 0);
+    pumpEventsFor(200ms);
+    EXPECT_EQ(reports.count(), 2u);
+}
+
+TEST(X11PointerMonitor, PointerAtRestCausesNoWakeUps) {
+    DesktopDisplay display;
+    X11TestClient client;
+    PointerReports reports;
+    X11PointerMonitor monitor(reports.handler());
+    ASSERT_TRUE(monitor.start());
+    client.movePointerBy(1, 1);
+    ASSERT_TRUE(reports.reachedCount(1));
+    pumpEventsFor(100ms); // anything still in flight arrives first
+
+    const std::size_t reportsBefore = reports.count();
+    const long switchesBefore = voluntaryContextSwitches();
+    pumpEventsFor(1500ms);
+    EXPECT_EQ(reports.count(), reportsBefore);
+    // The loop's own timer wakes it once; a polling monitor would wake it many times.
+    EXPECT_LE(voluntaryContextSwitches() - switchesBefore, 3);
+}
+
+TEST(X11PointerMonitor, StartFailsWithoutDisplay) {
+    PointerReports reports;
+    X11PointerMonitor monitor(reports.handler());
+    testing::ScopedEnvironment environment;
+    environment.set("DISPLAY", ":999");
+    EXPECT_FALSE(monitor.start());
+}
+
+} // namespace
+} // namespace tidewell

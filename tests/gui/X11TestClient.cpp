@@ -1,0 +1,91 @@
+#include "gui/X11TestClient.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QTimer>
+#include <X11/Xatom.h>
+#include <X11/Xlib.h>
+#include <X11/extensions/XTest.h>
+#include <stdexcept>
+
+namespace tidewell::testing {
+
+DesktopDisplay::SystemFolders::SystemFolders() {
+    environment.set("XDG_CONFIG_DIRS", "/etc/xdg");
+    environment.set("XDG_DATA_DIRS", "/usr/local/share:/usr/share");
+}
+
+X11TestClient::X11TestClient() : display_(XOpenDisplay(nullptr)) {
+    if (!display_)
+        throw std::runtime_error("cannot open the X display");
+}
+
+X11TestClient::~X11TestClient() {
+    XCloseDisplay(display_);
+}
+
+unsigned long X11TestClient::createWindow(int x, int y, int width, int height) {
+    XSetWindowAttributes attributes{};
+    attributes.override_redirect = True; // placed exactly where asked, without the manager
+    const Window window =
+        XCreateWindow(display_, DefaultRootWindow(display_), x, y, width, height, 0, CopyFromParent,
+                      InputOutput, CopyFromParent, CWOverrideRedirect, &attributes);
+    XMapRaised(display_, window);
+    XSync(display_, False);
+    return window;
+}
+
+unsigned long X11TestClient::windowUnderPointer() {
+    Window root = 0;
+    Window child = 0;
+    int rootX = 0;
+    int rootY = 0;
+    int windowX = 0;
+    int windowY = 0;
+    unsigned mask = 0;
+    XQueryPointer(display_, DefaultRootWindow(display_), &root, &child, &rootX, &rootY, &windowX,
+                  &windowY, &mask);
+    return child;
+}
+
+void X11TestClient::movePointerTo(int x, int y) {
+    XWarpPointer(display_, None, DefaultRootWindow(display_), 0, 0, 0, 0, x - 1, y);
+    movePointerBy(1, 0);
+}
+
+void X11TestClient::movePointerBy(int dx, int dy) {
+    XTestFakeRelativeMotionEvent(display_, dx, dy, CurrentTime);
+    XSync(display_, False);
+}
+
+void X11TestClient::setPrimaryButton(bool pressed) {
+    XTestFakeButtonEvent(display_, 1, pressed ? True : False, CurrentTime);
+    XSync(display_, False);
+}
+
+void X11TestClient::offerDrag(unsigned long window, const std::vector<std::string>& types) {
+    std::vector<Atom> atoms;
+    for (const std::string& type : types)
+        atoms.push_back(XInternAtom(display_, type.c_str(), False));
+    XChangeProperty(display_, window, XInternAtom(display_, "XdndTypeList", False), XA_ATOM, 32,
+                    PropModeReplace, reinterpret_cast<const unsigned char*>(atoms.data()),
+                    static_cast<int>(atoms.size()));
+    XSetSelectionOwner(display_, XInternAtom(display_, "XdndSelection", False), window,
+                       CurrentTime);
+    XSync(display_, False);
+}
+
+bool pumpEventsUntil(const std::function<bool()>& condition, std::chrono::milliseconds timeout) {
+    const auto deadline = std::chrono::steady_clock::now() + timeout;
+    while (!condition() && std::chrono::steady_clock::now() < deadline)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+    return condition();
+}
+
+void pumpEventsFor(std::chrono::milliseconds duration) {
+    QEventLoop loop;
+    QTimer::singleShot(duration, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+} // namespace tidewell::testing

@@ -20,6 +20,7 @@ public:
     const std::string& name() const { return name_; } // ":<number>"
 
 private:
+    void start();
     void startWindowManager();
 
     pid_t server_ = -1;

@@ -1,5 +1,7 @@
 #include "gui/X11TestClient.h"
 
+#include "gui/platform/X11PointerQuery.h"
+
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QTimer>
@@ -36,16 +38,7 @@ unsigned long X11TestClient::createWindow(int x, int y, int width, int height) {
 }
 
 unsigned long X11TestClient::windowUnderPointer() {
-    Window root = 0;
-    Window child = 0;
-    int rootX = 0;
-    int rootY = 0;
-    int windowX = 0;
-    int windowY = 0;
-    unsigned mask = 0;
-    XQueryPointer(display_, DefaultRootWindow(display_), &root, &child, &rootX, &rootY, &windowX,
-                  &windowY, &mask);
-    return child;
+    return queryPointer(display_).childWindow;
 }
 
 void X11TestClient::movePointerTo(int x, int y) {

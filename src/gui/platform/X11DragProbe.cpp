@@ -1,5 +1,7 @@
 #include "gui/platform/X11DragProbe.h"
 
+#include "gui/platform/X11PointerQuery.h"
+
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 
@@ -35,16 +37,7 @@ bool X11DragProbe::isDraggingFiles() {
 }
 
 bool X11DragProbe::isPrimaryButtonHeld() {
-    Window root = 0;
-    Window child = 0;
-    int rootX = 0;
-    int rootY = 0;
-    int windowX = 0;
-    int windowY = 0;
-    unsigned mask = 0;
-    XQueryPointer(display_, DefaultRootWindow(display_), &root, &child, &rootX, &rootY, &windowX,
-                  &windowY, &mask);
-    return (mask & Button1Mask) != 0;
+    return (queryPointer(display_).buttonMask & Button1Mask) != 0;
 }
 
 bool X11DragProbe::offersUriList(Window window) {

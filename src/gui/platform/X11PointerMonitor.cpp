@@ -1,5 +1,7 @@
 #include "gui/platform/X11PointerMonitor.h"
 
+#include "gui/platform/X11PointerQuery.h"
+
 #include <QSocketNotifier>
 #include <X11/Xlib.h>
 #include <X11/extensions/XInput2.h>
@@ -80,16 +82,8 @@ bool X11PointerMonitor::drainPendingEvents() {
 }
 
 void X11PointerMonitor::reportPointer() {
-    Window root = 0;
-    Window child = 0;
-    int rootX = 0;
-    int rootY = 0;
-    int windowX = 0;
-    int windowY = 0;
-    unsigned mask = 0;
-    XQueryPointer(display_, DefaultRootWindow(display_), &root, &child, &rootX, &rootY, &windowX,
-                  &windowY, &mask);
-    handler_(rootX, rootY, mask);
+    const X11PointerState pointer = queryPointer(display_);
+    handler_(pointer.rootX, pointer.rootY, pointer.buttonMask);
 }
 
 } // namespace tidewell

@@ -63,6 +63,8 @@ int main(int argc, char** argv) {
     actions.perform(actionName == "run-start-command" ? TileAction::runStartCommand
                                                       : TileAction::openInTerminal,
                     item);
-    QTimer::singleShot(staysForCleanup ? 10500 : 0, &application, &QCoreApplication::quit);
+    // Precise: a coarse timer may fire up to 5% early, before the removal at 10 s.
+    QTimer::singleShot(staysForCleanup ? 11000 : 0, Qt::PreciseTimer, &application,
+                       &QCoreApplication::quit);
     return application.exec();
 }

@@ -1,13 +1,20 @@
 #include "gui/TestDesktop.h"
+#include "gui/X11TestClient.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <gtest/gtest.h>
 
-// The services run on the event loop of a Qt application, and GIO and QSettings read the
-// desktop's folders once per process: both are in place before the first test.
+// The services and windows run on the event loop of a Qt application on an X server of the
+// program's own (tests that drive a display of their own open further ones), and GIO and
+// QSettings read the desktop's folders once per process: all are in place before the first
+// test.
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
-    QCoreApplication application(argc, argv);
+    if (GTEST_FLAG_GET(list_tests))
+        return RUN_ALL_TESTS();
+    const tidewell::testing::DesktopDisplay display;
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    QApplication application(argc, argv);
     ::testing::AddGlobalTestEnvironment(tidewell::testing::TestDesktop::installation());
     return RUN_ALL_TESTS();
 }

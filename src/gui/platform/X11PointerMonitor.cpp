@@ -3,12 +3,27 @@
 #include "gui/platform/X11PointerQuery.h"
 
 #include <QSocketNotifier>
+#include <QTimer>
 #include <X11/Xlib.h>
 #include <X11/extensions/XInput2.h>
 
 namespace tidewell {
 
-X11PointerMonitor::X11PointerMonitor(Handler handler) : handler_(std::move(handler)) {}
+namespace {
+// A fast mouse moves a thousand times a second, but the shelf needs at most one position per
+// frame: after a report the connection rests this long, and the events that came meanwhile
+// make one report. The first move after a rest is reported at once.
+constexpr std::chrono::milliseconds reportInterval{8};
+} // namespace
+
+X11PointerMonitor::X11PointerMonitor(Handler handler) : handler_(std::move(handler)) {
+    restTimer_.setSingleShot(true);
+    restTimer_.setInterval(reportInterval);
+    QObject::connect(&restTimer_, &QTimer::timeout, [this] {
+        notifier_->setEnabled(true);
+        serveConnection();
+    });
+}
 
 X11PointerMonitor::~X11PointerMonitor() {
     stop();
@@ -30,6 +45,7 @@ bool X11PointerMonitor::start() {
 }
 
 void X11PointerMonitor::stop() {
+    restTimer_.stop();
     notifier_.reset();
     if (display_)
         XCloseDisplay(display_);
@@ -57,13 +73,14 @@ bool X11PointerMonitor::selectRawEvents() {
     return true;
 }
 
-// Replies read during the query may bring further events into Xlib's queue, where the socket
-// no longer announces them: serve until the queue is empty.
+// Events that the query's reply brings into Xlib's queue, where the socket no longer
+// announces them, are taken at the end of the rest.
 void X11PointerMonitor::serveConnection() {
-    do {
-        if (drainPendingEvents())
-            reportPointer();
-    } while (display_ && XEventsQueued(display_, QueuedAlready) > 0);
+    if (!drainPendingEvents())
+        return;
+    reportPointer();
+    notifier_->setEnabled(false);
+    restTimer_.start();
 }
 
 bool X11PointerMonitor::drainPendingEvents() {
@@ -74,9 +91,8 @@ bool X11PointerMonitor::drainPendingEvents() {
         XGenericEventCookie& cookie = event.xcookie;
         if (cookie.type != GenericEvent || cookie.extension != inputOpcode_)
             continue;
+        // The event's data stays unread: Xlib frees it with the next event.
         pointerChanged = true;
-        if (XGetEventData(display_, &cookie))
-            XFreeEventData(display_, &cookie);
     }
     return pointerChanged;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTimer>
 #include <functional>
 #include <memory>
 
@@ -10,7 +11,8 @@ namespace tidewell {
 
 // Reports where the pointer is whenever it moves or a button changes, over any window,
 // this application's own included. Listens to raw XInput 2 events on a connection of its
-// own and reports once per batch of pending events, so a pointer at rest costs nothing.
+// own and reports once per batch of pending events, at most about once a frame while the
+// pointer moves, so a pointer at rest costs nothing and a moving one very little.
 // Used from the thread of the Qt event loop that serves the connection.
 class X11PointerMonitor {
 public:
@@ -40,6 +42,7 @@ private:
     _XDisplay* display_ = nullptr;
     int inputOpcode_ = 0;
     std::unique_ptr<QSocketNotifier> notifier_;
+    QTimer restTimer_;
 };
 
 } // namespace tidewell

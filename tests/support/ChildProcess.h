@@ -39,6 +39,7 @@ public:
     // Starts the program and waits for it.
     static ProcessResult run(const Launch& launch,
                              std::chrono::milliseconds timeout = std::chrono::seconds(10));
+    pid_t pid() const { return pid_; }
     // Waits until the program ends, killing it once the timeout has passed.
     ProcessResult wait(std::chrono::milliseconds timeout = std::chrono::seconds(10));
 

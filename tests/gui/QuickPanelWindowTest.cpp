@@ -13,6 +13,7 @@ namespace {
 using testing::ChildProcess;
 using testing::pumpEventsFor;
 using testing::pumpEventsUntil;
+using testing::X11TestClient;
 using testing::X11WindowInspector;
 using namespace std::chrono_literals;
 
@@ -100,6 +101,13 @@ TEST_F(QuickPanelWindowTest, OnlyTheOutlineTakesThePointerWithAndWithoutComposit
     EXPECT_TRUE(shape.contains(QPoint(30, 80)));   // inside that corner's curve
     EXPECT_FALSE(shape.contains(QPoint(5, 50)));   // the shadow margin
     EXPECT_TRUE(inspector.hasBoundingShape(window()));
+    // The window manager's frame around the panel takes the shape over and then lets the
+    // pointer through to the desktop as well, which is all there is below.
+    X11TestClient client;
+    client.movePointerTo(844 + 116, 44);
+    EXPECT_NE(client.windowUnderPointer(), 0u);
+    client.movePointerTo(844 + 5, 50);
+    EXPECT_TRUE(pumpEventsUntil([&] { return client.windowUnderPointer() == 0; }));
 
     ChildProcess compositor({.arguments = {"xcompmgr"},
                              .workingDirectory = "/",

@@ -1,0 +1,127 @@
+#include "gui/QuickPanelWindow.h"
+
+#include "core/shelf/NotchMergeShape.h"
+#include "gui/PanelMargins.h"
+#include "gui/QtScreens.h"
+#include "gui/ScreenCoordinates.h"
+
+#include <QPolygon>
+#include <QRegion>
+#include <QSurfaceFormat>
+#include <QTransform>
+
+namespace tidewell {
+namespace {
+
+// Creates the native window with the panel's flags and a transparent, alpha-blended surface,
+// and returns its id. Qt Quick draws it with OpenGL where there is any, on a virtual X server
+// too (Mesa's llvmpipe through GLX, with an 8-bit alpha channel), and with its software
+// renderer otherwise (QT_QUICK_BACKEND=software); both keep the alpha channel of this
+// format, so the process need not choose a backend.
+WId createPanelWindow(QQuickView& view) {
+    view.setFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
+                  Qt::WindowDoesNotAcceptFocus | Qt::Tool);
+    QSurfaceFormat format = view.format();
+    format.setAlphaBufferSize(8);
+    view.setFormat(format);
+    view.setColor(Qt::transparent);
+    view.setResizeMode(QQuickView::SizeRootObjectToView);
+    // Mapped with a user time of 0, which tells the window manager not to focus it.
+    view.setProperty("_q_showWithoutActivating", true);
+    return view.winId();
+}
+
+QPainterPath outlinePath(const QRectF& rect, qreal topRadius, qreal bottomRadius) {
+    const NotchMergeShape shape{topRadius, bottomRadius};
+    QPainterPath path;
+    for (const PathElement& element : shape.path(rect.x(), rect.y(), rect.width(), rect.height())) {
+        const QPointF point(element.point.x, element.point.y);
+        switch (element.kind) {
+        case PathElement::Kind::moveTo:
+            path.moveTo(point);
+            break;
+        case PathElement::Kind::lineTo:
+            path.lineTo(point);
+            break;
+        case PathElement::Kind::quadTo:
+            path.quadTo(QPointF(element.control.x, element.control.y), point);
+            break;
+        case PathElement::Kind::close:
+            path.closeSubpath();
+            break;
+        }
+    }
+    return path;
+}
+
+QRegion regionOf(const QPainterPath& path, qreal scale) {
+    const QPolygonF polygon = QTransform::fromScale(scale, scale).map(path).toFillPolygon();
+    return QRegion(polygon.toPolygon(), Qt::WindingFill);
+}
+
+} // namespace
+
+QuickPanelWindow::QuickPanelWindow() : x11_(createPanelWindow(view_)) {
+    applyShape();
+}
+
+QuickPanelWindow::~QuickPanelWindow() = default;
+
+Rect QuickPanelWindow::frame() const {
+    return frame_;
+}
+
+void QuickPanelWindow::setFrame(const Rect& frame) {
+    frame_ = frame;
+    const QRectF shelf = qtRect(frame, primaryScreenGeometry());
+    const QRectF window =
+        shelf.adjusted(-panelShadowMargin, 0, panelShadowMargin, panelShadowMargin);
+    view_.setGeometry(window.toRect());
+    x11_.flush();
+}
+
+void QuickPanelWindow::setAlpha(double alpha) {
+    view_.setOpacity(alpha);
+    x11_.flush();
+}
+
+void QuickPanelWindow::orderFrontWithoutActivating() {
+    if (!view_.isVisible()) {
+        x11_.prepareForMapping();
+        view_.show();
+    }
+    view_.raise();
+    x11_.requestAllWorkspaces();
+    x11_.flush();
+}
+
+void QuickPanelWindow::orderOut() {
+    view_.hide();
+    x11_.flush();
+}
+
+bool QuickPanelWindow::isVisible() const {
+    return view_.isVisible();
+}
+
+void QuickPanelWindow::setSharingHidden(bool hidden) {
+    isSharingHidden_ = hidden;
+}
+
+void QuickPanelWindow::setOutline(const QRectF& rect, qreal topRadius, qreal bottomRadius) {
+    outline_ = outlinePath(rect, topRadius, bottomRadius);
+    applyShape();
+}
+
+void QuickPanelWindow::applyShape() {
+    x11_.setInputShape(regionOf(outline_, view_.devicePixelRatio()));
+    // Without a compositor the transparent parts would show black: the outline cuts the
+    // window itself. A compositor blends the alpha and draws the shadow beyond the outline.
+    if (x11_.hasCompositor())
+        view_.setMask(QRegion());
+    else if (!outline_.isEmpty())
+        view_.setMask(regionOf(outline_, 1));
+    x11_.flush();
+}
+
+} // namespace tidewell

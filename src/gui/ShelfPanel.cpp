@@ -1,0 +1,67 @@
+#include "gui/ShelfPanel.h"
+
+#include "core/shelf/NotchPanelController.h"
+#include "gui/QtScreens.h"
+#include "gui/QuickPanelWindow.h"
+#include "gui/ShelfView.h"
+#include "gui/X11DragPasteboard.h"
+#include "gui/X11Pointer.h"
+#include "gui/platform/X11PointerMonitor.h"
+
+namespace tidewell {
+
+// Declared in the order they depend on one another, so that they go away in reverse: the
+// monitor stops reporting before the controller it reports to is gone.
+struct ShelfPanel::Parts {
+    explicit Parts(const Services& services)
+        : screens(services.localCenter), controller({.panel = window,
+                                                     .displays = screens,
+                                                     .pointer = pointer,
+                                                     .dragPasteboard = dragPasteboard,
+                                                     .queue = services.queue,
+                                                     .localCenter = services.localCenter,
+                                                     .store = services.store,
+                                                     .appearance = services.appearance}),
+          view(window.view(), {.layout = controller.layout(),
+                               .store = services.store,
+                               .appearance = services.appearance,
+                               .tileActions = services.tileActions,
+                               .localCenter = services.localCenter,
+                               .openSettings = services.openSettings}),
+          monitor([this](double x, double y, unsigned) {
+              controller.pointerReported(corePointFromRoot(x, y));
+          }) {
+        QObject::connect(&view, &ShelfView::outlineChanged, &window, &QuickPanelWindow::setOutline);
+    }
+
+    QtScreens screens;
+    X11Pointer pointer;
+    X11DragPasteboard dragPasteboard;
+    QuickPanelWindow window;
+    NotchPanelController controller;
+    ShelfView view;
+    X11PointerMonitor monitor;
+};
+
+ShelfPanel::ShelfPanel(Services services) : parts_(std::make_unique<Parts>(services)) {}
+
+ShelfPanel::~ShelfPanel() = default;
+
+NotchPanelController& ShelfPanel::controller() {
+    return parts_->controller;
+}
+
+Pointer& ShelfPanel::pointer() {
+    return parts_->pointer;
+}
+
+Displays& ShelfPanel::displays() {
+    return parts_->screens;
+}
+
+void ShelfPanel::start() {
+    parts_->monitor.start();
+    parts_->controller.start();
+}
+
+} // namespace tidewell

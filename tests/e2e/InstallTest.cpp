@@ -23,6 +23,8 @@ TEST_F(InstallTest, InstallsTheProgramItsLinkAndTheDesktopEntry) {
     EXPECT_EQ(fs::read_symlink(prefix + "/bin/tide"), "tidewell");
     EXPECT_TRUE(fs::is_directory(prefix + "/" TIDEWELL_INSTALL_LIBDIR "/tidewell"));
     EXPECT_TRUE(fs::is_regular_file(prefix + "/share/applications/com.quorvel.tidewell.desktop"));
+    EXPECT_TRUE(fs::is_regular_file(prefix +
+                                    "/share/icons/hicolor/scalable/apps/com.quorvel.tidewell.svg"));
     expectResult(ChildProcess::run(launch(prefix + "/bin/tide", {"login-status"}, home)),
                  "not registered\n", "", 0);
 }

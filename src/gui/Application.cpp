@@ -1,0 +1,94 @@
+#include "gui/Application.h"
+
+#include "core/app/AppDelegate.h"
+#include "core/launch/TileActions.h"
+#include "core/platform/SystemClock.h"
+#include "gui/ItemsFileWatcher.h"
+#include "gui/QtAlertPresenter.h"
+#include "gui/QtFolderChooser.h"
+#include "gui/QtRunningApplication.h"
+#include "gui/SdBusPump.h"
+#include "gui/SettingsWindowController.h"
+#include "gui/ShelfPanel.h"
+#include "gui/StatusMenu.h"
+#include "gui/SymbolIcons.h"
+#include "gui/platform/GioWorkspace.h"
+#include "gui/platform/QSettingsKeyValueStore.h"
+#include "gui/platform/QtMainQueue.h"
+#include "linux/CurrentApplicationLocation.h"
+#include "linux/PathExecutableLocator.h"
+#include "linux/PosixFileSystem.h"
+#include "linux/PosixProcessLauncher.h"
+#include "linux/SdBusNotificationCenter.h"
+#include "linux/UserShell.h"
+#include "linux/XdgAutostartLoginItemService.h"
+#include "linux/XdgPaths.h"
+
+namespace tidewell {
+
+struct Application::Parts {
+    PosixFileSystem files;
+    SystemClock clock;
+    QtMainQueue queue;
+    NotificationCenter localCenter{queue};
+    SdBusNotificationCenter distributedCenter;
+    const UserPaths paths = XdgPaths::userPaths();
+    ItemDatabase database{{files, clock, localCenter, distributedCenter}, DataFolder(paths)};
+    GioWorkspace workspace;
+    ItemStore store{{database, localCenter, distributedCenter, queue, workspace}};
+    // After the store, whose observers open the bus connection.
+    SdBusPump busPump{distributedCenter};
+    ItemsFileWatcher itemsFileWatcher{database.dataFolder(), localCenter};
+    QSettingsKeyValueStore defaults;
+    AppearanceSettings appearance{defaults};
+    PosixProcessLauncher launcher;
+    PathExecutableLocator executables;
+    TerminalLauncher terminal{
+        {files, launcher, executables, queue, userShell(), XdgPaths::runtimeFolder()}};
+    CodexAppLauncher codex{workspace};
+    SettingsWindowController settingsWindow;
+    TileActions tileActions{
+        {store, appearance, terminal, codex, workspace, [this] { settingsWindow.show(); }}};
+    const ApplicationLocation application = currentApplicationLocation();
+    XdgAutostartLoginItemService loginItems{files, XdgPaths::configHome(), application};
+    LaunchAgentManager launchAtLogin{files, loginItems, paths, application};
+    ShelfPanel shelf{
+        {store, appearance, tileActions, queue, localCenter, [this] { settingsWindow.show(); }}};
+    StatusMenu statusMenu{localCenter, symbolIcon("rectangle.topthird.inset.filled")};
+    QtFolderChooser folderChooser;
+    QtAlertPresenter alerts;
+    QtRunningApplication runningApplication;
+    AppDelegate delegate{{.store = store,
+                          .database = database,
+                          .files = files,
+                          .defaults = defaults,
+                          .localCenter = localCenter,
+                          .distributedCenter = distributedCenter,
+                          .queue = queue,
+                          .workspace = workspace,
+                          .launchAtLogin = launchAtLogin,
+                          .application = application,
+                          .panelController = shelf.controller(),
+                          .pointer = shelf.pointer(),
+                          .displays = shelf.displays(),
+                          .startPanel = [this] { shelf.start(); },
+                          .settingsWindow = settingsWindow,
+                          .statusItem = statusMenu,
+                          .folderChooser = folderChooser,
+                          .alerts = alerts,
+                          .runningApplication = runningApplication}};
+};
+
+Application::Application() : parts_(std::make_unique<Parts>()) {}
+
+Application::~Application() = default;
+
+void Application::didFinishLaunching() {
+    parts_->delegate.applicationDidFinishLaunching();
+}
+
+void Application::willTerminate() {
+    parts_->delegate.applicationWillTerminate();
+}
+
+} // namespace tidewell

@@ -1,0 +1,255 @@
+#include "core/app/AppDelegate.h"
+
+#include "core/notify/NotificationNames.h"
+#include "core/shelf/PanelControllerFixture.h"
+#include "support/FakeAlertPresenter.h"
+#include "support/FakeFolderChooser.h"
+#include "support/FakeLoginItemService.h"
+#include "support/FakeRunningApplication.h"
+#include "support/FakeSettingsWindow.h"
+#include "support/FakeStatusItem.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+
+namespace tidewell::testing {
+namespace {
+
+using namespace std::chrono_literals;
+
+const ApplicationLocation installedCopy{"/usr/local/bin/tidewell", true};
+const ApplicationLocation buildTreeCopy{"/home/user/src/tidewell/build/tidewell", false};
+
+// The delegate over a real panel controller, item store and launch-at-login component, on
+// fake displays, windows, dialogs and time. The pointer rests on the main display, away from
+// the shelf.
+class AppDelegateTest : public PanelControllerFixture {
+protected:
+    AppDelegateTest() { pointer.where = farAway; }
+
+    AppDelegate& launch(const ApplicationLocation& application = buildTreeCopy) {
+        launchAtLogin = std::make_unique<LaunchAgentManager>(files, loginItems, paths, application);
+        delegate = std::make_unique<AppDelegate>(
+            AppDelegate::Services{.store = store,
+                                  .database = database,
+                                  .files = files,
+                                  .defaults = defaults,
+                                  .localCenter = localCenter,
+                                  .distributedCenter = distributedCenter,
+                                  .queue = queue,
+                                  .workspace = workspace,
+                                  .launchAtLogin = *launchAtLogin,
+                                  .application = application,
+                                  .panelController = *controller,
+                                  .pointer = pointer,
+                                  .displays = displays,
+                                  .startPanel = [this] { controller->start(); },
+                                  .settingsWindow = settingsWindow,
+                                  .statusItem = statusItem,
+                                  .folderChooser = folderChooser,
+                                  .alerts = alerts,
+                                  .runningApplication = runningApplication});
+        delegate->applicationDidFinishLaunching();
+        queue.runUntilIdle();
+        return *delegate;
+    }
+
+    void writeShowOnLaunchFlag() { root.write("data/Tidewell/.showOnLaunch"); }
+    bool hasShowOnLaunchFlag() const { return files.exists(database.showOnLaunchFlagURL()); }
+    bool isShelfShown() const { return panel.visible; }
+    // The shelf shows now, and has closed once 2.5 seconds and the closing are over.
+    void expectShownBriefly() {
+        advanceMilliseconds(300);
+        EXPECT_TRUE(isShelfShown());
+        advanceMilliseconds(2100);
+        EXPECT_TRUE(isShelfShown()) << "still open just before 2.5 s";
+        advanceMilliseconds(600);
+        EXPECT_FALSE(isShelfShown());
+    }
+    bool isStartAtLoginChecked() {
+        return statusItem.checked[StatusMenuAction::toggleStartAtLogin];
+    }
+
+    FakeLoginItemService loginItems;
+    std::unique_ptr<LaunchAgentManager> launchAtLogin;
+    FakeSettingsWindow settingsWindow;
+    FakeStatusItem statusItem;
+    FakeFolderChooser folderChooser;
+    FakeAlertPresenter alerts;
+    FakeRunningApplication runningApplication;
+    std::unique_ptr<AppDelegate> delegate;
+};
+
+TEST_F(AppDelegateTest, TheStatusMenuHasItsEntriesInOrderWithTheirShortcuts) {
+    launch();
+    ASSERT_EQ(statusItem.entries.size(), 8u);
+    std::vector<std::string> titles;
+    for (const StatusMenuEntry& entry : statusItem.entries)
+        titles.push_back(entry.isSeparator ? "-" : entry.title);
+    EXPECT_EQ(titles,
+              (std::vector<std::string>{"Show shelf", "Add folder...", "-", "Settings...",
+                                        "Open at login", "-", "Reveal data", "Quit Tidewell"}));
+    EXPECT_EQ(statusItem.entries[3].shortcut, "Ctrl+,");
+    EXPECT_EQ(statusItem.entries[7].shortcut, "Ctrl+Q");
+    for (const StatusMenuEntry& entry : statusItem.entries) {
+        EXPECT_EQ(entry.isCheckable, entry.title == "Open at login") << entry.title;
+        if (entry.title != "Settings..." && entry.title != "Quit Tidewell") {
+            EXPECT_EQ(entry.shortcut, "") << entry.title;
+        }
+    }
+}
+
+TEST_F(AppDelegateTest, TheFlagLeftByTheToolShowsTheShelfBrieflyAtLaunchAndIsConsumed) {
+    writeShowOnLaunchFlag();
+    launch();
+    EXPECT_FALSE(hasShowOnLaunchFlag());
+    expectShownBriefly();
+}
+
+TEST_F(AppDelegateTest, WithoutTheFlagNothingShowsAtLaunch) {
+    launch();
+    queue.advance(5s);
+    EXPECT_EQ(panel.orderFrontCount, 0);
+}
+
+TEST_F(AppDelegateTest, LaunchStartsThePanelWhichOpensForAPointerAlreadyInTheTrigger) {
+    pointer.where = inTrigger;
+    launch();
+    advanceMilliseconds(300);
+    EXPECT_TRUE(isShelfShown());
+}
+
+TEST_F(AppDelegateTest, ASecondStartShowsTheShelfBrieflyUntilTheApplicationTerminates) {
+    launch();
+    writeShowOnLaunchFlag();
+    distributedCenter.post(notchShowShelf);
+    EXPECT_FALSE(isShelfShown()) << "the handler hops to a main-queue task";
+    queue.runUntilIdle();
+    EXPECT_FALSE(hasShowOnLaunchFlag());
+    expectShownBriefly();
+
+    EXPECT_FALSE(delegate->applicationShouldHandleReopen());
+    expectShownBriefly();
+
+    delegate->applicationWillTerminate();
+    distributedCenter.post(notchShowShelf);
+    queue.advance(1s);
+    EXPECT_FALSE(isShelfShown());
+}
+
+TEST_F(AppDelegateTest, TheShelfShowsOnTheDisplayUnderThePointerElseOnTheMainOneElseNowhere) {
+    launch();
+    pointer.where = {2000, 500};
+    delegate->showShelf();
+    advanceMilliseconds(300);
+    EXPECT_GE(panel.currentFrame.minX(), sideDisplay.frame.minX());
+    advanceMilliseconds(3000);
+
+    pointer.where = {-500, -500};
+    statusItem.choose(StatusMenuAction::showShelf);
+    advanceMilliseconds(300);
+    EXPECT_EQ(panel.currentFrame, emptyShelfFrame);
+    advanceMilliseconds(3000);
+
+    displays.displays.clear();
+    const int shownBefore = panel.orderFrontCount;
+    delegate->showShelf();
+    advanceMilliseconds(3000);
+    EXPECT_EQ(panel.orderFrontCount, shownBefore);
+}
+
+TEST_F(AppDelegateTest, AddingAFolderPinsItAndShowsItsTileButCancellingDoesNothing) {
+    launch();
+    statusItem.choose(StatusMenuAction::addFolder);
+    queue.advance(3s);
+    EXPECT_EQ(folderChooser.prompts, std::vector<std::string>{"Add"});
+    EXPECT_TRUE(store.items().empty());
+    EXPECT_EQ(panel.orderFrontCount, 0);
+
+    folderChooser.choice = root.makeFolder("projects/harbour");
+    statusItem.choose(StatusMenuAction::addFolder);
+    ASSERT_EQ(store.favorites().size(), 1u);
+    EXPECT_EQ(store.favorites()[0].name, "harbour");
+    expectShownBriefly();
+}
+
+TEST_F(AppDelegateTest, OpeningTheMenuChecksOpenAtLoginFromWhatIsInstalledNow) {
+    launch();
+    loginItems.currentStatus = LoginItemStatus::enabled;
+    statusItem.openMenu();
+    EXPECT_TRUE(isStartAtLoginChecked());
+
+    // Turned off elsewhere, for example in the settings window or by the tool.
+    loginItems.currentStatus = LoginItemStatus::notRegistered;
+    statusItem.openMenu();
+    EXPECT_FALSE(isStartAtLoginChecked());
+}
+
+TEST_F(AppDelegateTest, TogglingOpenAtLoginInstallsAndUninstallsAndChecksTheEntry) {
+    launch(installedCopy);
+    loginItems.currentStatus = LoginItemStatus::notRegistered;
+    statusItem.choose(StatusMenuAction::toggleStartAtLogin);
+    EXPECT_TRUE(isStartAtLoginChecked());
+    EXPECT_EQ(loginItems.currentStatus, LoginItemStatus::enabled);
+
+    statusItem.choose(StatusMenuAction::toggleStartAtLogin);
+    EXPECT_FALSE(isStartAtLoginChecked());
+    EXPECT_EQ(loginItems.currentStatus, LoginItemStatus::notRegistered);
+    EXPECT_TRUE(alerts.messages.empty());
+}
+
+TEST_F(AppDelegateTest, AFailedToggleShowsTheErrorAndLeavesTheCheckMark) {
+    launch(buildTreeCopy);
+    loginItems.registerFailure = "The login item could not be registered.";
+    statusItem.openMenu();
+    statusItem.choose(StatusMenuAction::toggleStartAtLogin);
+    ASSERT_EQ(alerts.messages.size(), 1u);
+    EXPECT_EQ(alerts.messages[0], "The packaged app could not be located for launch at login.");
+    EXPECT_FALSE(isStartAtLoginChecked());
+
+    loginItems.currentStatus = LoginItemStatus::enabled;
+    loginItems.unregisterFailure = "The login item could not be removed.";
+    statusItem.openMenu();
+    statusItem.choose(StatusMenuAction::toggleStartAtLogin);
+    ASSERT_EQ(alerts.messages.size(), 2u);
+    EXPECT_EQ(alerts.messages[1], "The login item could not be removed.");
+    EXPECT_TRUE(isStartAtLoginChecked());
+}
+
+TEST_F(AppDelegateTest, OnlyAnInstalledCopyInstallsOpenAtLoginAtLaunchAndFailuresPassQuietly) {
+    launch(buildTreeCopy);
+    EXPECT_EQ(loginItems.registerCount, 0);
+
+    launch(installedCopy);
+    EXPECT_EQ(loginItems.registerCount, 1);
+    EXPECT_EQ(loginItems.currentStatus, LoginItemStatus::enabled);
+
+    // Neither the service nor the fallback agent file can be set up.
+    loginItems.currentStatus = LoginItemStatus::notRegistered;
+    loginItems.registerFailure = "The login item could not be registered.";
+    root.write("home/Library", "a file where the folder belongs");
+    writeShowOnLaunchFlag();
+    launch(installedCopy);
+    EXPECT_EQ(loginItems.registerCount, 2);
+    EXPECT_TRUE(alerts.messages.empty());
+    EXPECT_EQ(statusItem.entries.size(), 8u) << "the launch went on";
+    expectShownBriefly();
+}
+
+TEST_F(AppDelegateTest, TheOtherEntriesRevealTheDataFolderShowSettingsAndQuit) {
+    launch();
+    const std::string dataFolder = root.path() + "/data/Tidewell";
+    std::filesystem::remove_all(dataFolder);
+    statusItem.choose(StatusMenuAction::revealData);
+    EXPECT_TRUE(files.isDirectory(dataFolder));
+    EXPECT_EQ(workspace.calls, (std::vector<FakeWorkspace::Call>{
+                                   {FakeWorkspace::Operation::openFolder, dataFolder}}));
+
+    statusItem.choose(StatusMenuAction::showSettings);
+    EXPECT_EQ(settingsWindow.showCount, 1);
+    statusItem.choose(StatusMenuAction::quit);
+    EXPECT_EQ(runningApplication.terminateCount, 1);
+}
+
+} // namespace
+} // namespace tidewell::testing

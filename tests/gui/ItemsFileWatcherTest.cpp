@@ -1,0 +1,48 @@
+#include "gui/ItemsFileWatcher.h"
+
+#include "core/notify/NotificationNames.h"
+#include "gui/X11TestClient.h"
+#include "linux/PosixFileSystem.h"
+#include "support/TemporaryDirectory.h"
+
+#include <fstream>
+#include <gtest/gtest.h>
+
+namespace tidewell {
+namespace {
+
+using testing::pumpEventsFor;
+using testing::pumpEventsUntil;
+using namespace std::chrono_literals;
+
+void appendTo(const std::string& path) {
+    std::ofstream(path, std::ios::app) << "\n";
+}
+
+TEST(ItemsFileWatcher, PostsForEachNewVersionOfTheItemsFileWrittenInPlaceOrReplaced) {
+    testing::TemporaryDirectory root;
+    const DataFolder folder(UserPaths{.home = root.path(), .applicationSupport = root.path()});
+    root.makeFolder("Tidewell");
+    NotificationCenter localCenter([](MainQueue::Task task) { task(); });
+    int posts = 0;
+    localCenter.addObserver(notchItemsChanged, [&] { ++posts; });
+    ItemsFileWatcher watcher(folder, localCenter);
+    PosixFileSystem files;
+
+    files.writeFileAtomically(folder.itemsFile(), "[]");
+    EXPECT_TRUE(pumpEventsUntil([&] { return posts == 1; })) << "created by a rename";
+    appendTo(folder.itemsFile());
+    EXPECT_TRUE(pumpEventsUntil([&] { return posts == 2; })) << "written in place";
+    files.writeFileAtomically(folder.itemsFile(), "[ ]");
+    EXPECT_TRUE(pumpEventsUntil([&] { return posts == 3; })) << "replaced by a rename";
+    appendTo(folder.itemsFile());
+    EXPECT_TRUE(pumpEventsUntil([&] { return posts == 4; })) << "the new file is watched";
+
+    files.writeFileAtomically(folder.itemsLock(), "");
+    files.createDirectories(folder.iconsFolder());
+    pumpEventsFor(300ms);
+    EXPECT_EQ(posts, 4) << "other files in the folder are no news";
+}
+
+} // namespace
+} // namespace tidewell

@@ -28,6 +28,10 @@ bool sameIds(const std::vector<NotchItem>& a, const std::vector<NotchItem>& b) {
                               [](const NotchItem& x, const NotchItem& y) { return x.id == y.id; });
 }
 
+bool holds(const std::vector<NotchItem>& items, const Uuid& id) {
+    return std::ranges::any_of(items, [&id](const NotchItem& item) { return item.id == id; });
+}
+
 } // namespace
 
 struct FavoritesModel::State {
@@ -50,20 +54,37 @@ int FavoritesModel::count() const {
     return static_cast<int>(state_->favorites.size());
 }
 
-// The same tiles in the same order keep their delegates (and so their hover state);
-// anything else rebuilds the strip.
+// Pinned and unpinned items become inserted and removed rows, so that their tiles enter and
+// leave the strip with its transitions and the others keep their delegates; a new order
+// rebuilds the strip.
 void FavoritesModel::reload() {
-    std::vector<NotchItem> favorites = store_.favorites();
-    if (sameIds(favorites, state_->favorites)) {
-        state_->favorites = std::move(favorites);
-        if (!state_->favorites.empty())
-            emit dataChanged(index(0), index(count() - 1));
-        return;
-    }
+    const std::vector<NotchItem> favorites = store_.favorites();
+    std::vector<NotchItem>& shown = state_->favorites;
     const int previousCount = count();
-    beginResetModel();
-    state_->favorites = std::move(favorites);
-    endResetModel();
+    for (int row = count() - 1; row >= 0; --row) {
+        if (!holds(favorites, shown[static_cast<std::size_t>(row)].id)) {
+            beginRemoveRows({}, row, row);
+            shown.erase(shown.begin() + row);
+            endRemoveRows();
+        }
+    }
+    for (std::size_t row = 0; row < favorites.size(); ++row) {
+        if (holds(shown, favorites[row].id))
+            continue;
+        const int at = static_cast<int>(std::min(row, shown.size()));
+        beginInsertRows({}, at, at);
+        shown.insert(shown.begin() + at, favorites[row]);
+        endInsertRows();
+    }
+    if (sameIds(favorites, shown)) {
+        shown = favorites;
+        if (!shown.empty())
+            emit dataChanged(index(0), index(count() - 1));
+    } else {
+        beginResetModel();
+        shown = favorites;
+        endResetModel();
+    }
     if (count() != previousCount)
         emit countChanged();
 }

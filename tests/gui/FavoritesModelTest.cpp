@@ -37,6 +37,15 @@ protected:
 TEST_F(FavoritesModelTest, FollowsThePinnedItemsOfTheStore) {
     int countChanges = 0;
     QObject::connect(&model, &FavoritesModel::countChanged, [&] { ++countChanges; });
+    // Pinning and unpinning move single rows, so the other tiles stay as they are.
+    std::vector<std::string> rowChanges;
+    QObject::connect(&model, &FavoritesModel::rowsInserted, [&](const QModelIndex&, int row) {
+        rowChanges.push_back("+" + std::to_string(row));
+    });
+    QObject::connect(&model, &FavoritesModel::rowsRemoved, [&](const QModelIndex&, int row) {
+        rowChanges.push_back("-" + std::to_string(row));
+    });
+    QObject::connect(&model, &FavoritesModel::modelReset, [&] { rowChanges.push_back("reset"); });
     EXPECT_EQ(model.rowCount(), 0);
 
     const NotchItem first = pin("alpha project");
@@ -62,6 +71,7 @@ TEST_F(FavoritesModelTest, FollowsThePinnedItemsOfTheStore) {
     ASSERT_EQ(model.rowCount(), 1);
     EXPECT_EQ(value(0, FavoritesModel::ItemIdRole).toString().toStdString(), second.id.text());
     EXPECT_EQ(countChanges, 3);
+    EXPECT_EQ(rowChanges, (std::vector<std::string>{"+0", "+1", "-0"}));
 }
 
 TEST_F(FavoritesModelTest, LoadsOnlyCachedImagesAndDrawsInitialsForOthers) {

@@ -41,37 +41,44 @@ private:
     std::function<void()> disconnect_;
 };
 
+// Interface toolkits may define `emit` as an empty macro before this header is read; the
+// member keeps its name either way.
+#pragma push_macro("emit")
+#undef emit
+
 template <typename... Arguments> class Signal {
 public:
     using Slot = std::function<void(Arguments...)>;
 
     [[nodiscard]] Connection connect(Slot slot) {
         const std::uint64_t id = state_->nextId++;
-        state_->slots.emplace(id, std::make_shared<Slot>(std::move(slot)));
+        state_->handlers.emplace(id, std::make_shared<Slot>(std::move(slot)));
         std::weak_ptr<State> weakState = state_;
         return Connection([weakState, id] {
             if (const auto state = weakState.lock())
-                state->slots.erase(id);
+                state->handlers.erase(id);
         });
     }
 
     void emit(const Arguments&... arguments) const {
         std::vector<std::pair<std::uint64_t, std::weak_ptr<Slot>>> snapshot;
-        for (const auto& [id, slot] : state_->slots)
+        for (const auto& [id, slot] : state_->handlers)
             snapshot.emplace_back(id, slot);
         for (const auto& [id, weakSlot] : snapshot) {
             const auto slot = weakSlot.lock(); // gone when disconnected meanwhile
-            if (slot && state_->slots.contains(id))
+            if (slot && state_->handlers.contains(id))
                 (*slot)(arguments...);
         }
     }
 
 private:
     struct State {
-        std::map<std::uint64_t, std::shared_ptr<Slot>> slots;
+        std::map<std::uint64_t, std::shared_ptr<Slot>> handlers;
         std::uint64_t nextId = 1;
     };
     std::shared_ptr<State> state_ = std::make_shared<State>();
 };
+
+#pragma pop_macro("emit")
 
 } // namespace tidewell

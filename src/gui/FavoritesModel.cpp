@@ -1,0 +1,133 @@
+#include "gui/FavoritesModel.h"
+
+#include "core/icons/ProjectImage.h"
+#include "core/items/Color.h"
+#include "core/observe/Signal.h"
+#include "core/store/ItemStore.h"
+
+#include <QColor>
+#include <QUrl>
+#include <algorithm>
+
+namespace tidewell {
+
+namespace {
+
+QString toQt(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+QColor tint(const NotchItem& item) {
+    const Color color = Color::fromNotchHex(item.tintHex);
+    return QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green),
+                            static_cast<float>(color.blue));
+}
+
+bool sameIds(const std::vector<NotchItem>& a, const std::vector<NotchItem>& b) {
+    return std::ranges::equal(a, b,
+                              [](const NotchItem& x, const NotchItem& y) { return x.id == y.id; });
+}
+
+bool holds(const std::vector<NotchItem>& items, const Uuid& id) {
+    return std::ranges::any_of(items, [&id](const NotchItem& item) { return item.id == id; });
+}
+
+} // namespace
+
+struct FavoritesModel::State {
+    IconCache iconCache;
+    std::string applicationFolder;
+    std::vector<NotchItem> favorites;
+    Connection storeConnection;
+};
+
+FavoritesModel::FavoritesModel(ItemStore& store, const IconCache& iconCache,
+                               QString applicationFolder)
+    : store_(store), state_(std::make_unique<State>(State{
+                         iconCache, applicationFolder.toStdString(), store.favorites(), {}})) {
+    state_->storeConnection = store_.itemsChanged.connect([this] { reload(); });
+}
+
+FavoritesModel::~FavoritesModel() = default;
+
+int FavoritesModel::count() const {
+    return static_cast<int>(state_->favorites.size());
+}
+
+// Pinned and unpinned items become inserted and removed rows, so that their tiles enter and
+// leave the strip with its transitions and the others keep their delegates; a new order
+// rebuilds the strip.
+void FavoritesModel::reload() {
+    const std::vector<NotchItem> favorites = store_.favorites();
+    std::vector<NotchItem>& shown = state_->favorites;
+    const int previousCount = count();
+    for (int row = count() - 1; row >= 0; --row) {
+        if (!holds(favorites, shown[static_cast<std::size_t>(row)].id)) {
+            beginRemoveRows({}, row, row);
+            shown.erase(shown.begin() + row);
+            endRemoveRows();
+        }
+    }
+    for (std::size_t row = 0; row < favorites.size(); ++row) {
+        if (holds(shown, favorites[row].id))
+            continue;
+        const int at = static_cast<int>(std::min(row, shown.size()));
+        beginInsertRows({}, at, at);
+        shown.insert(shown.begin() + at, favorites[row]);
+        endInsertRows();
+    }
+    if (sameIds(favorites, shown)) {
+        shown = favorites;
+        if (!shown.empty())
+            emit dataChanged(index(0), index(count() - 1));
+    } else {
+        beginResetModel();
+        shown = favorites;
+        endResetModel();
+    }
+    if (count() != previousCount)
+        emit countChanged();
+}
+
+int FavoritesModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : count();
+}
+
+QVariant FavoritesModel::data(const QModelIndex& index, int role) const {
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return {};
+    const NotchItem& item = state_->favorites[static_cast<std::size_t>(index.row())];
+    switch (role) {
+    case ItemIdRole:
+        return toQt(item.id.text());
+    case Qt::DisplayRole:
+    case NameRole:
+        return toQt(item.name);
+    case PathRole:
+        return toQt(item.path);
+    case InitialsRole:
+        return toQt(item.initials);
+    case TintRole:
+        return tint(item);
+    case ImageSourceRole: {
+        const auto image = projectImagePath(item, state_->iconCache, state_->applicationFolder);
+        return image ? QUrl::fromLocalFile(toQt(*image)) : QUrl();
+    }
+    case HasStartCommandRole:
+        return !item.launchCommand.empty();
+    default:
+        return {};
+    }
+}
+
+QHash<int, QByteArray> FavoritesModel::roleNames() const {
+    return {{ItemIdRole, "itemId"},
+            {NameRole, "name"},
+            {PathRole, "path"},
+            {InitialsRole, "initials"},
+            {TintRole, "tint"},
+            {ImageSourceRole, "imageSource"},
+            {HasStartCommandRole, "hasStartCommand"}};
+}
+
+} // namespace tidewell

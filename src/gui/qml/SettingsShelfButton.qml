@@ -1,0 +1,52 @@
+import QtQuick
+import QtQuick.Controls
+
+// The round gear tile at the end of the row: opens the settings.
+Item {
+    id: gear
+
+    readonly property bool hovering: input.containsMouse
+
+    width: 27
+    height: 27
+    activeFocusOnTab: false
+
+    ShelfColors {
+        id: colors
+    }
+    Rectangle {
+        anchors.fill: parent
+        radius: width / 2
+        color: gear.hovering ? colors.hoverFill : colors.restCircle
+        Behavior on color {
+            HoverFade {}
+        }
+    }
+    SymbolImage {
+        anchors.centerIn: parent
+        name: "gearshape.fill"
+        size: 13
+        color: gear.hovering ? colors.primary : colors.secondary
+        Behavior on color {
+            HoverFade {}
+        }
+    }
+    MouseArea {
+        id: input
+        anchors.fill: parent
+        hoverEnabled: true
+        containmentMask: RoundedHitShape {
+            width: gear.width
+            height: gear.height
+            radius: gear.width / 2
+        }
+        onClicked: shelfActions.openSettings()
+    }
+
+    ToolTip.text: "Configure Tidewell"
+    ToolTip.visible: gear.hovering
+    ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval
+    Accessible.role: Accessible.Button
+    Accessible.name: "Configure Tidewell"
+    Accessible.onPressAction: shelfActions.openSettings()
+}

@@ -1,0 +1,51 @@
+import QtQuick
+
+// The row of tiles below the notch: the pinned projects (or the invitation to add one) and
+// the gear tile. Its width follows the background; it fades with the shelf's content.
+Item {
+    id: content
+
+    x: (parent.width - width) / 2
+    width: shelf.backgroundSize.width
+    height: shelf.topInset + row.height
+    opacity: shelf.isExpanded ? 1 : 0
+    visible: opacity > 0
+
+    Behavior on width {
+        ShelfTransition {}
+    }
+    Behavior on opacity {
+        ShelfTransition {
+            transition: shelf.fadeTransition
+        }
+    }
+
+    Row {
+        id: row
+
+        readonly property real stripRoom: content.width - leftPadding - rightPadding - spacing
+                                          - gear.width
+
+        y: shelf.topInset
+        anchors.horizontalCenter: parent.horizontalCenter
+        leftPadding: 14
+        rightPadding: 14
+        topPadding: 8
+        bottomPadding: 8
+        spacing: 10
+
+        EmptyShelfButton {
+            anchors.verticalCenter: parent.verticalCenter
+            visible: favorites.count === 0
+        }
+        TileStrip {
+            anchors.verticalCenter: parent.verticalCenter
+            visible: favorites.count > 0
+            width: Math.max(0, Math.min(contentWidth, row.stripRoom))
+        }
+        SettingsShelfButton {
+            id: gear
+            anchors.verticalCenter: parent.verticalCenter
+        }
+    }
+}

@@ -12,6 +12,7 @@ packages=(
   qml6-module-qtquick qml6-module-qtquick-shapes qml6-module-qtquick-window
   qml6-module-qtquick-controls qml6-module-qtquick-templates qml6-module-qtquick-layouts
   qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript qt6-qpa-plugins
+  qml6-module-qt5compat-graphicaleffects
   # run
   dbus xdg-utils
   # test, fuzz and benchmark

@@ -21,6 +21,8 @@ namespace {
 WId createPanelWindow(QQuickView& view) {
     view.setFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
                   Qt::WindowDoesNotAcceptFocus | Qt::Tool);
+    // What window lists, accessibility tools and tests see.
+    view.setTitle("Tidewell Shelf");
     QSurfaceFormat format = view.format();
     format.setAlphaBufferSize(8);
     view.setFormat(format);

@@ -1,7 +1,7 @@
 #include "gui/ItemsFileWatcher.h"
 
 #include "core/notify/NotificationNames.h"
-#include "gui/X11TestClient.h"
+#include "gui/EventLoopWait.h"
 #include "linux/PosixFileSystem.h"
 #include "support/TemporaryDirectory.h"
 

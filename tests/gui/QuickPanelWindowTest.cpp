@@ -1,8 +1,9 @@
 #include "gui/QuickPanelWindow.h"
 
-#include "gui/X11TestClient.h"
-#include "gui/X11WindowInspector.h"
+#include "gui/EventLoopWait.h"
 #include "support/ChildProcess.h"
+#include "support/X11TestClient.h"
+#include "support/X11WindowInspector.h"
 
 #include <cstdlib>
 #include <gtest/gtest.h>
@@ -58,7 +59,7 @@ TEST_F(QuickPanelWindowTest, AppearsOnEveryWorkspaceOutOfTaskbarsAndLeavesTheFoc
     EXPECT_TRUE(panel.isVisible());
     EXPECT_EQ(panel.frame(), shelfFrame);
     // The shelf's frame with the shadow margins beside and below it.
-    EXPECT_EQ(inspector.rootGeometry(window()), QRect(844, 0, 232, 104));
+    EXPECT_EQ(inspector.rootGeometry(window()), (testing::WindowRect{844, 0, 232, 104}));
     EXPECT_EQ(inspector.cardinal(window(), "_NET_WM_DESKTOP"), allWorkspaces);
     EXPECT_TRUE(inspector.hasState(window(), "_NET_WM_STATE_SKIP_TASKBAR"));
     EXPECT_TRUE(inspector.hasState(window(), "_NET_WM_STATE_SKIP_PAGER"));
@@ -86,20 +87,20 @@ TEST_F(QuickPanelWindowTest, OnlyTheOutlineTakesThePointerWithAndWithoutComposit
 
     // The shelf starts 16 pixels into the window; flares of 8, lower corners of 18.
     panel.setOutline(QRectF(16, 0, 200, 88), 8, 18);
-    QRegion shape;
+    testing::WindowRegion shape;
     ASSERT_TRUE(pumpEventsUntil([&] {
         shape = inspector.inputShape(window());
         return !shape.isEmpty();
     }));
-    EXPECT_TRUE(shape.contains(QPoint(116, 44)));  // the body's centre
-    EXPECT_TRUE(shape.contains(QPoint(20, 0)));    // the left flare widens to the top edge
-    EXPECT_TRUE(shape.contains(QPoint(211, 0)));   // and so does the right one
-    EXPECT_FALSE(shape.contains(QPoint(17, 6)));   // under the left flare
-    EXPECT_FALSE(shape.contains(QPoint(20, 44)));  // beside the body
-    EXPECT_FALSE(shape.contains(QPoint(25, 87)));  // just outside the lower-left corner
-    EXPECT_FALSE(shape.contains(QPoint(206, 87))); // and the lower-right one
-    EXPECT_TRUE(shape.contains(QPoint(30, 80)));   // inside that corner's curve
-    EXPECT_FALSE(shape.contains(QPoint(5, 50)));   // the shadow margin
+    EXPECT_TRUE(shape.contains(116, 44));  // the body's centre
+    EXPECT_TRUE(shape.contains(20, 0));    // the left flare widens to the top edge
+    EXPECT_TRUE(shape.contains(211, 0));   // and so does the right one
+    EXPECT_FALSE(shape.contains(17, 6));   // under the left flare
+    EXPECT_FALSE(shape.contains(20, 44));  // beside the body
+    EXPECT_FALSE(shape.contains(25, 87));  // just outside the lower-left corner
+    EXPECT_FALSE(shape.contains(206, 87)); // and the lower-right one
+    EXPECT_TRUE(shape.contains(30, 80));   // inside that corner's curve
+    EXPECT_FALSE(shape.contains(5, 50));   // the shadow margin
     EXPECT_TRUE(inspector.hasBoundingShape(window()));
     // The window manager's frame around the panel takes the shape over and then lets the
     // pointer through to the desktop as well, which is all there is below.
@@ -116,10 +117,10 @@ TEST_F(QuickPanelWindowTest, OnlyTheOutlineTakesThePointerWithAndWithoutComposit
     panel.setOutline(QRectF(16, 0, 300, 88), 8, 18);
     ASSERT_TRUE(pumpEventsUntil([&] {
         shape = inspector.inputShape(window());
-        return shape.contains(QPoint(300, 44));
+        return shape.contains(300, 44);
     }));
-    EXPECT_FALSE(shape.contains(QPoint(306, 87))); // the new lower-right corner
-    EXPECT_FALSE(shape.contains(QPoint(320, 44))); // beside the new body
+    EXPECT_FALSE(shape.contains(306, 87)); // the new lower-right corner
+    EXPECT_FALSE(shape.contains(320, 44)); // beside the new body
     EXPECT_FALSE(inspector.hasBoundingShape(window()));
 }
 

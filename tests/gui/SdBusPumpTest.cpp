@@ -1,7 +1,7 @@
 #include "gui/SdBusPump.h"
 
 #include "core/notify/NotificationNames.h"
-#include "gui/X11TestClient.h"
+#include "gui/EventLoopWait.h"
 #include "linux/SdBusNotificationCenter.h"
 
 #include <gtest/gtest.h>

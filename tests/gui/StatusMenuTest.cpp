@@ -1,7 +1,7 @@
 #include "gui/StatusMenu.h"
 
 #include "core/notify/InterfaceNotificationNames.h"
-#include "gui/X11TestClient.h"
+#include "gui/EventLoopWait.h"
 
 #include <gtest/gtest.h>
 #include <string>

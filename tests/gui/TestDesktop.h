@@ -3,22 +3,13 @@
 #include "support/PrivateSessionBus.h"
 #include "support/ScopedEnvironment.h"
 #include "support/TemporaryDirectory.h"
+#include "support/TestHandlers.h"
 
 #include <gtest/gtest.h>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace tidewell::testing {
-
-// How a test handler was started, as it reported itself.
-struct HandlerLaunch {
-    std::string processId;
-    std::string sessionId;
-    std::vector<std::string> arguments;
-    std::vector<std::string> environment; // NAME=value
-    bool hasVariable(const std::string& name) const;
-};
 
 // A desktop of the tests' own: XDG folders in a temporary folder where the only
 // applications are two test handlers (the default for folders, and an entry with the Codex
@@ -26,7 +17,7 @@ struct HandlerLaunch {
 // per process, so the desktop is installed for the whole program, before any test.
 class TestDesktop {
 public:
-    static constexpr const char* folderHandlerId = "tidewell-test-opener";
+    static constexpr const char* folderHandlerId = TestHandlers::folderHandlerId;
     static constexpr const char* codexId = "com.openai.codex";
 
     TestDesktop();
@@ -40,13 +31,14 @@ public:
     const TemporaryDirectory& files() const { return root_; }
     // Waits for the handler's next report, which it writes once started, and consumes it;
     // none when no report came within ten seconds.
-    std::optional<HandlerLaunch> waitForLaunch(const std::string& handlerId) const;
+    std::optional<HandlerLaunch> waitForLaunch(const std::string& handlerId) const {
+        return handlers_.waitForLaunch(handlerId);
+    }
 
 private:
-    void installHandler(const std::string& handlerId, const std::string& extraKeys) const;
-
     TemporaryDirectory root_;
     std::string configHome_;
+    TestHandlers handlers_;
     ScopedEnvironment environment_;
     PrivateSessionBus bus_;
 };

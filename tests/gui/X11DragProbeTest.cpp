@@ -1,6 +1,6 @@
 #include "gui/platform/X11DragProbe.h"
 
-#include "gui/X11TestClient.h"
+#include "support/X11TestClient.h"
 
 #include <gtest/gtest.h>
 

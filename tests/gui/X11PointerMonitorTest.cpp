@@ -1,6 +1,7 @@
 #include "gui/platform/X11PointerMonitor.h"
 
-#include "gui/X11TestClient.h"
+#include "gui/EventLoopWait.h"
+#include "support/X11TestClient.h"
 
 #include <fstream>
 #include <gtest/gtest.h>

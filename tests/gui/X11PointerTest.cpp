@@ -2,8 +2,8 @@
 
 #include "core/notify/NotificationCenter.h"
 #include "gui/QtScreens.h"
-#include "gui/X11TestClient.h"
 #include "gui/platform/QtMainQueue.h"
+#include "support/X11TestClient.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "gui/TestDesktop.h"
-#include "gui/X11TestClient.h"
+#include "support/X11TestClient.h"
 
 #include <QApplication>
 #include <gtest/gtest.h>

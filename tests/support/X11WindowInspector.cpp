@@ -1,9 +1,10 @@
-#include "gui/X11WindowInspector.h"
+#include "support/X11WindowInspector.h"
 
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <X11/extensions/shape.h>
+#include <algorithm>
 #include <cstdint>
 #include <stdexcept>
 #include <vector>
@@ -31,11 +32,72 @@ std::vector<unsigned long> readProperty(Display* display, Window window, Atom pr
     return values;
 }
 
+std::optional<std::string> windowTitle(Display* display, Window window) {
+    Atom actualType = None;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long remaining = 0;
+    unsigned char* data = nullptr;
+    std::optional<std::string> title;
+    if (XGetWindowProperty(display, window, XInternAtom(display, "_NET_WM_NAME", False), 0, 1024,
+                           False, XInternAtom(display, "UTF8_STRING", False), &actualType, &format,
+                           &count, &remaining, &data) == Success &&
+        data && format == 8)
+        title = std::string(reinterpret_cast<const char*>(data), count);
+    if (data)
+        XFree(data);
+    char* name = nullptr;
+    if (!title && XFetchName(display, window, &name) && name)
+        title = name;
+    if (name)
+        XFree(name);
+    return title;
+}
+
+std::vector<Window> children(Display* display, Window window) {
+    Window root = None;
+    Window parent = None;
+    Window* list = nullptr;
+    unsigned count = 0;
+    std::vector<Window> windows;
+    if (XQueryTree(display, window, &root, &parent, &list, &count))
+        windows.assign(list, list + count);
+    if (list)
+        XFree(list);
+    return windows;
+}
+
+std::optional<Window> findBelow(Display* display, Window window, const std::string& title) {
+    for (const Window child : children(display, window)) {
+        if (windowTitle(display, child) == title)
+            return child;
+        if (const auto found = findBelow(display, child, title))
+            return found;
+    }
+    return std::nullopt;
+}
+
+// Windows come and go while the inspector looks at them; Xlib's default handler would end the
+// test program on the first such race.
+int ignoreError(Display*, XErrorEvent*) {
+    return 0;
+}
+
 } // namespace
+
+std::ostream& operator<<(std::ostream& stream, const WindowRect& rect) {
+    return stream << rect.width << "x" << rect.height << "+" << rect.x << "+" << rect.y;
+}
+
+bool WindowRegion::contains(int x, int y) const {
+    return std::any_of(rectangles.begin(), rectangles.end(),
+                       [&](const WindowRect& rect) { return rect.contains(x, y); });
+}
 
 X11WindowInspector::X11WindowInspector() : display_(XOpenDisplay(nullptr)) {
     if (!display_)
         throw std::runtime_error("cannot open the X display");
+    XSetErrorHandler(ignoreError);
 }
 
 X11WindowInspector::~X11WindowInspector() {
@@ -71,7 +133,7 @@ bool X11WindowInspector::isViewable(unsigned long window) {
            attributes.map_state == IsViewable;
 }
 
-QRect X11WindowInspector::rootGeometry(unsigned long window) {
+WindowRect X11WindowInspector::rootGeometry(unsigned long window) {
     XWindowAttributes attributes{};
     XGetWindowAttributes(display_, window, &attributes);
     int x = 0;
@@ -81,14 +143,14 @@ QRect X11WindowInspector::rootGeometry(unsigned long window) {
     return {x, y, attributes.width, attributes.height};
 }
 
-QRegion X11WindowInspector::inputShape(unsigned long window) {
+WindowRegion X11WindowInspector::inputShape(unsigned long window) {
     int count = 0;
     int ordering = 0;
     XRectangle* rectangles = XShapeGetRectangles(display_, window, ShapeInput, &count, &ordering);
-    QRegion region;
+    WindowRegion region;
     for (int i = 0; i < count; ++i)
-        region +=
-            QRect(rectangles[i].x, rectangles[i].y, rectangles[i].width, rectangles[i].height);
+        region.rectangles.push_back(
+            {rectangles[i].x, rectangles[i].y, rectangles[i].width, rectangles[i].height});
     if (rectangles)
         XFree(rectangles);
     return region;
@@ -106,6 +168,32 @@ bool X11WindowInspector::hasBoundingShape(unsigned long window) {
 
 bool X11WindowInspector::hasCompositor() {
     return XGetSelectionOwner(display_, atom("_NET_WM_CM_S0")) != None;
+}
+
+std::optional<unsigned long> X11WindowInspector::findWindow(const std::string& title) {
+    return findBelow(display_, DefaultRootWindow(display_), title);
+}
+
+std::vector<unsigned long> X11WindowInspector::viewableOverrideRedirectWindows() {
+    std::vector<unsigned long> windows;
+    for (const Window child : children(display_, DefaultRootWindow(display_))) {
+        XWindowAttributes attributes{};
+        if (XGetWindowAttributes(display_, child, &attributes) && attributes.override_redirect &&
+            attributes.map_state == IsViewable)
+            windows.push_back(child);
+    }
+    return windows;
+}
+
+unsigned long X11WindowInspector::screenPixel(int x, int y) {
+    XImage* image =
+        XGetImage(display_, DefaultRootWindow(display_), x, y, 1, 1, AllPlanes, ZPixmap);
+    if (!image)
+        throw std::runtime_error("cannot read the screen at " + std::to_string(x) + "," +
+                                 std::to_string(y));
+    const unsigned long pixel = XGetPixel(image, 0, 0) & 0xFFFFFF; // 24-bit TrueColor: 0xRRGGBB
+    XDestroyImage(image);
+    return pixel;
 }
 
 unsigned long X11WindowInspector::createWindow() {

@@ -1,14 +1,10 @@
-#include "gui/X11TestClient.h"
+#include "support/X11TestClient.h"
 
-#include "gui/platform/X11PointerQuery.h"
-
-#include <QCoreApplication>
-#include <QEventLoop>
-#include <QTimer>
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/extensions/XTest.h>
 #include <stdexcept>
+#include <thread>
 
 namespace tidewell::testing {
 
@@ -37,8 +33,25 @@ unsigned long X11TestClient::createWindow(int x, int y, int width, int height) {
     return window;
 }
 
+unsigned long X11TestClient::createDesktop(unsigned long colour) {
+    const Window window = createWindow(0, 0, DisplayWidth(display_, DefaultScreen(display_)),
+                                       DisplayHeight(display_, DefaultScreen(display_)));
+    XSetWindowBackground(display_, window, colour);
+    XClearWindow(display_, window);
+    XSelectInput(display_, window, ButtonPressMask);
+    XLowerWindow(display_, window);
+    XSync(display_, False);
+    return window;
+}
+
 unsigned long X11TestClient::windowUnderPointer() {
-    return queryPointer(display_).childWindow;
+    Window root = None;
+    Window child = None;
+    int rootX = 0, rootY = 0, x = 0, y = 0;
+    unsigned mask = 0;
+    XQueryPointer(display_, DefaultRootWindow(display_), &root, &child, &rootX, &rootY, &x, &y,
+                  &mask);
+    return child;
 }
 
 void X11TestClient::movePointerTo(int x, int y) {
@@ -56,6 +69,21 @@ void X11TestClient::setPrimaryButton(bool pressed) {
     XSync(display_, False);
 }
 
+void X11TestClient::click(unsigned button) {
+    XTestFakeButtonEvent(display_, button, True, CurrentTime);
+    XTestFakeButtonEvent(display_, button, False, CurrentTime);
+    XSync(display_, False);
+}
+
+void X11TestClient::typeKey(const std::string& keysymName) {
+    const KeyCode key = XKeysymToKeycode(display_, XStringToKeysym(keysymName.c_str()));
+    if (key == 0)
+        throw std::runtime_error("no key for " + keysymName);
+    XTestFakeKeyEvent(display_, key, True, CurrentTime);
+    XTestFakeKeyEvent(display_, key, False, CurrentTime);
+    XSync(display_, False);
+}
+
 void X11TestClient::offerDrag(unsigned long window, const std::vector<std::string>& types) {
     std::vector<Atom> atoms;
     for (const std::string& type : types)
@@ -68,17 +96,16 @@ void X11TestClient::offerDrag(unsigned long window, const std::vector<std::strin
     XSync(display_, False);
 }
 
-bool pumpEventsUntil(const std::function<bool()>& condition, std::chrono::milliseconds timeout) {
+bool X11TestClient::waitForButtonPress(unsigned long window, std::chrono::milliseconds timeout) {
     const auto deadline = std::chrono::steady_clock::now() + timeout;
-    while (!condition() && std::chrono::steady_clock::now() < deadline)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
-    return condition();
-}
-
-void pumpEventsFor(std::chrono::milliseconds duration) {
-    QEventLoop loop;
-    QTimer::singleShot(duration, &loop, &QEventLoop::quit);
-    loop.exec();
+    XEvent event{};
+    while (!XCheckTypedWindowEvent(display_, window, ButtonPress, &event)) {
+        if (std::chrono::steady_clock::now() > deadline)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        XSync(display_, False);
+    }
+    return true;
 }
 
 } // namespace tidewell::testing

@@ -3,7 +3,6 @@
 #include "support/VirtualDisplay.h"
 
 #include <chrono>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -26,7 +25,7 @@ private:
 };
 
 // Another X client on the current display: it owns windows and selections and moves the
-// pointer and presses buttons through XTest, as a user would.
+// pointer, presses buttons and types through XTest, as a user would.
 class X11TestClient {
 public:
     X11TestClient();
@@ -36,24 +35,26 @@ public:
 
     // A mapped top-level window; the client's windows go away with it.
     unsigned long createWindow(int x, int y, int width, int height);
+    // A window of one colour (0xRRGGBB) over the whole screen, below all others, that hears
+    // button presses: the desktop as the tests see it.
+    unsigned long createDesktop(unsigned long colour);
     // The window the pointer is over, directly below the root.
     unsigned long windowUnderPointer();
     // Warps are invisible to raw input: warp beside the point, then move onto it.
     void movePointerTo(int x, int y);
     void movePointerBy(int dx, int dy);
     void setPrimaryButton(bool pressed);
+    // Presses and releases the button (1 primary, 3 secondary).
+    void click(unsigned button);
+    // Presses and releases the key of this keysym name ("Down", "Return").
+    void typeKey(const std::string& keysymName);
     // Makes the window the owner of the drag-and-drop selection, offering these types.
     void offerDrag(unsigned long window, const std::vector<std::string>& types);
+    // Whether a button press reached one of the client's windows within the timeout.
+    bool waitForButtonPress(unsigned long window, std::chrono::milliseconds timeout);
 
 private:
     _XDisplay* display_;
 };
-
-// Runs the Qt event loop until the condition holds or the timeout passes; returns the
-// condition.
-bool pumpEventsUntil(const std::function<bool()>& condition,
-                     std::chrono::milliseconds timeout = std::chrono::seconds(5));
-// Runs the Qt event loop for this long.
-void pumpEventsFor(std::chrono::milliseconds duration);
 
 } // namespace tidewell::testing

@@ -1,0 +1,100 @@
+#include "e2e/RunningApplicationTest.h"
+
+#include <algorithm>
+#include <cmath>
+#include <thread>
+
+namespace tidewell::testing {
+
+using namespace std::chrono_literals;
+
+RunningApplicationTest::RunningApplicationTest() = default;
+
+std::map<std::string, std::string> RunningApplicationTest::applicationEnvironment() const {
+    auto variables = environment();
+    variables["DISPLAY"] = display.name();
+    variables["XDG_DATA_DIRS"] = desktopData;
+    variables["XDG_CONFIG_DIRS"] = root.makeFolder("desktop-config");
+    variables["QT_QPA_PLATFORM"] = "xcb";
+    return variables;
+}
+
+void RunningApplicationTest::startApplication() {
+    application = std::make_unique<ChildProcess>(
+        ChildProcess::Launch{.arguments = {tidewellPath()},
+                             .workingDirectory = home,
+                             .environment = applicationEnvironment()});
+    std::optional<unsigned long> window;
+    ASSERT_TRUE(waitUntil(
+        [&] { return (window = inspector.findWindow("Tidewell Shelf")).has_value(); }, 15s))
+        << "the panel window did not appear";
+    panel = *window;
+}
+
+std::string RunningApplicationTest::addProject(const std::string& name,
+                                               const std::vector<std::string>& options) {
+    const std::string folder = project(name);
+    std::vector<std::string> arguments = {"add", folder};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    const ProcessResult result = tide(arguments, home);
+    EXPECT_EQ(result.status, 0) << result.standardError;
+    return folder;
+}
+
+WindowRect RunningApplicationTest::panelGeometry(int tiles) {
+    const int shelfWidth = std::max(200, 66 * tiles + 59);
+    // Centred on the screen; a half pixel rounds up.
+    const int shelfLeft = static_cast<int>(std::lround((screenWidth - shelfWidth) / 2.0));
+    return {shelfLeft - shadowMargin, 0, shelfWidth + 2 * shadowMargin,
+            topInset + 88 + shadowMargin};
+}
+
+bool RunningApplicationTest::openShelf() {
+    hand.movePointerTo(screenWidth / 2, 3);
+    return waitUntil([&] { return isShelfShown(); });
+}
+
+bool RunningApplicationTest::waitUntilExpanded() {
+    const WindowRect window = inspector.rootGeometry(panel);
+    const int lowerEdgeX = window.x + shadowMargin + 8 + 30;
+    const int lowerEdgeY = topInset + 88 - 2;
+    return waitUntil([&] { return inspector.screenPixel(lowerEdgeX, lowerEdgeY) == 0x000000; });
+}
+
+bool RunningApplicationTest::waitUntilSettled() {
+    if (!waitUntilExpanded())
+        return false;
+    const auto [x, y] = tileCentre(0);
+    unsigned long previous = 0x000000;
+    return waitUntil([&] {
+        const unsigned long current = inspector.screenPixel(x, y);
+        const bool settled = current != 0x000000 && current == previous;
+        previous = current;
+        std::this_thread::sleep_for(100ms);
+        return settled;
+    });
+}
+
+void RunningApplicationTest::clickTile(int index, unsigned button) {
+    const auto [x, y] = tileCentre(index);
+    hand.movePointerTo(x, y);
+    hand.click(button);
+}
+
+std::pair<int, int> RunningApplicationTest::tileCentre(int index) {
+    const WindowRect window = inspector.rootGeometry(panel);
+    return {window.x + shadowMargin + 14 + 66 * index + 30, topInset + 8 + 31};
+}
+
+bool RunningApplicationTest::waitUntil(const std::function<bool()>& condition,
+                                       std::chrono::milliseconds timeout) {
+    const auto deadline = std::chrono::steady_clock::now() + timeout;
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > deadline)
+            return false;
+        std::this_thread::sleep_for(10ms);
+    }
+    return true;
+}
+
+} // namespace tidewell::testing

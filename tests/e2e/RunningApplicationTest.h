@@ -1,0 +1,65 @@
+#pragma once
+
+#include "e2e/EndToEndTest.h"
+#include "support/TestHandlers.h"
+#include "support/VirtualDisplay.h"
+#include "support/X11TestClient.h"
+#include "support/X11WindowInspector.h"
+
+#include <chrono>
+#include <functional>
+#include <memory>
+
+namespace tidewell::testing {
+
+// The application running on a virtual display of the test's own (Xvfb and openbox) over a
+// desktop of one known colour, with a test handler as the desktop's only folder opener. The
+// user's hand is another X client that moves the pointer, clicks and types through XTest.
+class RunningApplicationTest : public EndToEndTest {
+protected:
+    static constexpr unsigned long desktopColour = 0x3366CC;
+    static constexpr int screenWidth = 1920;
+    // Without a menu bar the shelf hangs this far below the top edge before its tiles begin.
+    static constexpr int topInset = 28;
+    static constexpr int shadowMargin = 16;
+
+    RunningApplicationTest();
+
+    std::map<std::string, std::string> applicationEnvironment() const;
+    // Starts the application and waits until its panel window exists; fails the test if not.
+    void startApplication();
+    // Pins a new project folder of this name through the command line.
+    std::string addProject(const std::string& name, const std::vector<std::string>& options = {});
+
+    // Where the panel window lies while it shows that many tiles.
+    static WindowRect panelGeometry(int tiles);
+    bool isShelfShown() { return inspector.isViewable(panel); }
+    // Moves the pointer into the trigger at the top centre and waits for the panel.
+    bool openShelf();
+    // Waits until the open shelf's body is drawn down to its lower edge: the opening
+    // transition has run its course.
+    bool waitUntilExpanded();
+    // Waits until the tiles have faded in as well: the first tile's centre is drawn and stays
+    // as it is. Only then does the shelf follow changes and take clicks.
+    bool waitUntilSettled();
+    // Where the tile's centre lies on the screen while the shelf is open with three tiles or
+    // more (fewer are centred in the shelf's least width).
+    std::pair<int, int> tileCentre(int index);
+    // Moves the pointer onto the tile and clicks it with the button.
+    void clickTile(int index, unsigned button);
+
+    // Polls the condition until it holds or the timeout passes; returns the condition.
+    static bool waitUntil(const std::function<bool()>& condition,
+                          std::chrono::milliseconds timeout = std::chrono::seconds(5));
+
+    VirtualDisplay display;
+    X11TestClient hand;
+    X11WindowInspector inspector;
+    unsigned long desktop = hand.createDesktop(desktopColour);
+    std::string desktopData = root.makeFolder("desktop-data");
+    TestHandlers handlers{root.makeFolder("handlers"), desktopData, configHome};
+    std::unique_ptr<ChildProcess> application;
+    unsigned long panel = 0;
+};
+
+} // namespace tidewell::testing

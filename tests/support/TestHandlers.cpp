@@ -1,0 +1,95 @@
+#include "support/TestHandlers.h"
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <thread>
+
+namespace tidewell::testing {
+namespace {
+
+using namespace std::chrono_literals;
+
+// Called with the handler's id and then its own arguments. Writes its report in one rename,
+// so that a waiting test never reads half of it.
+constexpr const char* handlerScript = R"(#!/bin/sh
+report="$(dirname "$0")/reports/$1"
+shift
+{
+  echo "$$"
+  ps -o sid= $$
+  echo "$#"
+  for argument; do printf '%s\n' "$argument"; done
+  env
+} > "$report.part"
+mv "$report.part" "$report"
+)";
+
+std::string trimmed(const std::string& text) {
+    const auto first = text.find_first_not_of(' ');
+    return first == std::string::npos ? "" : text.substr(first);
+}
+
+HandlerLaunch parseReport(std::istream& lines) {
+    HandlerLaunch launch;
+    std::string count, line;
+    std::getline(lines, launch.processId);
+    std::getline(lines, launch.sessionId);
+    launch.sessionId = trimmed(launch.sessionId);
+    std::getline(lines, count);
+    for (int i = 0; i < std::stoi(count) && std::getline(lines, line); ++i)
+        launch.arguments.push_back(line);
+    while (std::getline(lines, line))
+        launch.environment.push_back(line);
+    return launch;
+}
+
+void writeFile(const std::filesystem::path& path, const std::string& text) {
+    std::filesystem::create_directories(path.parent_path());
+    std::ofstream(path) << text;
+}
+
+} // namespace
+
+bool HandlerLaunch::hasVariable(const std::string& name) const {
+    return std::any_of(environment.begin(), environment.end(),
+                       [&](const std::string& entry) { return entry.starts_with(name + "="); });
+}
+
+TestHandlers::TestHandlers(const std::string& folder, const std::string& dataFolder,
+                           const std::string& configFolder)
+    : folder_(folder), dataFolder_(dataFolder) {
+    const std::string script = folder_ + "/handler.sh";
+    writeFile(script, handlerScript);
+    std::filesystem::permissions(script, std::filesystem::perms::owner_exec,
+                                 std::filesystem::perm_options::add);
+    std::filesystem::create_directories(folder_ + "/reports");
+    install(folderHandlerId, "MimeType=inode/directory;\n");
+    writeFile(configFolder + "/mimeapps.list", "[Default Applications]\ninode/directory=" +
+                                                   std::string(folderHandlerId) + ".desktop\n");
+}
+
+// GIO hands %U handlers a local path in place of a file URI unless the entry opts out; these
+// do, so that the tests see the URI exactly as it was given.
+void TestHandlers::install(const std::string& handlerId, const std::string& extraKeys) const {
+    writeFile(dataFolder_ + "/applications/" + handlerId + ".desktop",
+              "[Desktop Entry]\nType=Application\nName=" + handlerId + "\nExec=" + folder_ +
+                  "/handler.sh " + handlerId + " %U\nX-GIO-NoFuse=true\n" + extraKeys);
+}
+
+std::optional<HandlerLaunch> TestHandlers::waitForLaunch(const std::string& handlerId) const {
+    const std::string report = folder_ + "/reports/" + handlerId;
+    const auto deadline = std::chrono::steady_clock::now() + 10s;
+    while (!std::filesystem::exists(report)) {
+        if (std::chrono::steady_clock::now() > deadline)
+            return std::nullopt;
+        std::this_thread::sleep_for(10ms);
+    }
+    std::ifstream lines(report);
+    HandlerLaunch launch = parseReport(lines);
+    std::filesystem::remove(report);
+    return launch;
+}
+
+} // namespace tidewell::testing

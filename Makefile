@@ -3,7 +3,7 @@ BUILD ?= build
 CMAKE_FLAGS ?=
 JOBS ?= $(shell nproc)
 
-.PHONY: all deps build run test bench sanitize fuzz format clean
+.PHONY: all deps build run test bench screenshots sanitize fuzz format clean
 
 all: build
 
@@ -22,6 +22,10 @@ test: build
 
 bench: build
 	cmake --build $(BUILD) --target bench
+
+# The README's pictures of the shelf, taken on a virtual display.
+screenshots: build
+	BUILD=$(BUILD) scripts/screenshots.sh
 
 # The unit tests again, built with AddressSanitizer and UndefinedBehaviorSanitizer.
 sanitize: deps

@@ -14,8 +14,8 @@ Xvfb "$display" -screen 0 1920x1080x24 -nolisten tcp >/dev/null 2>&1 &
 export DISPLAY=$display
 for _ in $(seq 50); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done
 openbox >/dev/null 2>&1 &
-xcompmgr >/dev/null 2>&1 &
-# A soft desktop picture, so that the glass and the outline stand out.
+# A soft desktop picture, so that the outline stands out. (No compositor: xcompmgr paints a
+# root window without a wallpaper property black, and the glass then shows its opaque look.)
 convert -size 1920x1080 gradient:'#7f9cc8-#d9a7a0' "$work/desktop.png"
 display -window root "$work/desktop.png" &
 sleep 1

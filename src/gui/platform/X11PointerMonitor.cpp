@@ -11,9 +11,9 @@ namespace tidewell {
 
 namespace {
 // A fast mouse moves a thousand times a second, but the shelf needs at most one position per
-// frame: after a report the connection rests this long, and the events that came meanwhile
-// make one report. The first move after a rest is reported at once.
-constexpr std::chrono::milliseconds reportInterval{8};
+// frame of a 60 Hz display: after a report the connection rests this long, and the events that
+// came meanwhile make one report. The first move after a rest is reported at once.
+constexpr std::chrono::milliseconds reportInterval{16};
 } // namespace
 
 X11PointerMonitor::X11PointerMonitor(Handler handler) : handler_(std::move(handler)) {

@@ -54,11 +54,16 @@ bool RunningApplicationTest::openShelf() {
     return waitUntil([&] { return isShelfShown(); });
 }
 
+// The body grows in width and height at once: its lower edge and the left flare, which
+// reaches the top edge only at the full width, are both drawn when it has finished.
 bool RunningApplicationTest::waitUntilExpanded() {
     const WindowRect window = inspector.rootGeometry(panel);
-    const int lowerEdgeX = window.x + shadowMargin + 8 + 30;
+    const int frameLeft = window.x + shadowMargin;
     const int lowerEdgeY = topInset + 88 - 2;
-    return waitUntil([&] { return inspector.screenPixel(lowerEdgeX, lowerEdgeY) == 0x000000; });
+    return waitUntil([&] {
+        return inspector.screenPixel(frameLeft + 8 + 30, lowerEdgeY) == 0x000000 &&
+               inspector.screenPixel(frameLeft + 6, 0) == 0x000000;
+    });
 }
 
 bool RunningApplicationTest::waitUntilSettled() {

@@ -61,44 +61,6 @@ TEST_F(ShelfLayoutTest, SizeGrowsByTilePitchWithinTheAvailableWidth) {
     }
 }
 
-TEST_F(ShelfLayoutTest, EveryAssignmentStoresAndThenAnnounces) {
-    struct Case {
-        std::string name;
-        std::function<void()> assign;
-        std::function<bool()> holdsNewValue;
-    };
-    const std::vector<Case> cases = {
-        {"topInset", [&] { layout.setTopInset(38); }, [&] { return layout.topInset() == 38; }},
-        {"isExpanded", [&] { layout.setIsExpanded(true); }, [&] { return layout.isExpanded(); }},
-        {"isBackgroundExpanded", [&] { layout.setIsBackgroundExpanded(true); },
-         [&] { return layout.isBackgroundExpanded(); }},
-        {"collapsedSize",
-         [&] {
-             layout.setCollapsedSize({180, 38});
-         },
-         [&] {
-             return layout.collapsedSize() == Size{180, 38};
-         }},
-        {"expandedSize",
-         [&] {
-             layout.setExpandedSize({257, 126});
-         },
-         [&] {
-             return layout.expandedSize() == Size{257, 126};
-         }},
-        {"availableWidth", [&] { layout.setAvailableWidth(1376); },
-         [&] { return layout.availableWidth() == 1376; }},
-    };
-    for (const auto& c : cases) {
-        std::vector<bool> heard;
-        const Connection connection =
-            layout.changed.connect([&] { heard.push_back(c.holdsNewValue()); });
-        c.assign();
-        c.assign(); // an unchanged value is announced too
-        EXPECT_EQ(heard, (std::vector<bool>{true, true})) << c.name;
-    }
-}
-
 TEST_F(ShelfLayoutTest, ReservingTwiceGrowsOnceAndTheSizeComesBeforeTheFlag) {
     layout.reserveFolderSlot(3);
     layout.reserveFolderSlot(3);

@@ -39,7 +39,6 @@ TEST(ShelfMeasurements, TopInsetIsTheTallestTopStripInWholePointsAndAtLeast28) {
     };
     const std::vector<Case> cases = {
         {"24-point menu bar", displayWithMenuBar(24), 28},
-        {"hidden menu bar", displayWithMenuBar(0), 28},
         {"tall menu bar", displayWithMenuBar(33.4), 33},
         {"37.5 safe top rounds away from zero", withSafeTop(37.5), 38},
         {"taller left area", withNotch(37.6, 32), 38},
@@ -59,7 +58,6 @@ TEST(ShelfMeasurements, ShelfSizeIsLimitedByTheDisplayWidthAndCountsTheReservedS
     Display narrow = wide;
     narrow.frame.size.width = 300.8 + 64;
 
-    EXPECT_EQ(shelfSize(wide, layout, 0), (Size{200, 120}));
     EXPECT_EQ(shelfSize(wide, layout, 3), (Size{257, 120}));
     EXPECT_EQ(shelfSize(narrow, layout, 5), (Size{300, 120}));
     layout.reserveFolderSlot(3);

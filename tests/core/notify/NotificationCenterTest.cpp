@@ -7,41 +7,30 @@
 namespace tidewell::testing {
 namespace {
 
-class NotificationCenterTest : public ::testing::Test {
-protected:
+TEST(NotificationCenter, ObserversOfTheNameHearEachPostAsALaterTaskWhileBothLive) {
     FakeClock clock;
     FakeMainQueue queue{clock};
-    NotificationCenter center{queue};
     std::vector<std::string> heard;
-};
-
-TEST_F(NotificationCenterTest, ObserversOfTheNameHearEachPostAsALaterMainQueueTask) {
+    NotificationCenter center{queue};
     center.addObserver("Tidewell.itemsChanged", [&] { heard.push_back("first"); });
     const ObserverToken removed =
         center.addObserver("Tidewell.itemsChanged", [&] { heard.push_back("removed"); });
     center.addObserver("Tidewell.itemsChanged", [&] { heard.push_back("second"); });
     center.addObserver("Tidewell.loginStatusChanged", [&] { heard.push_back("login"); });
-
-    center.post("Tidewell.itemsChanged");
-    center.post("Tidewell.itemsChanged");
-    EXPECT_TRUE(heard.empty());
-    // Removed before its tasks run, an observer is not called by them.
-    center.removeObserver(removed);
-    queue.runUntilIdle();
-    EXPECT_EQ(heard, (std::vector<std::string>{"first", "second", "first", "second"}));
-}
-
-TEST_F(NotificationCenterTest, TasksThatOutliveTheCenterDoNothing) {
     {
         NotificationCenter shortLived(queue);
         shortLived.addObserver("Tidewell.itemsChanged", [&] { heard.push_back("late"); });
         shortLived.post("Tidewell.itemsChanged");
     }
-    queue.runUntilIdle();
+    center.post("Tidewell.itemsChanged");
+    center.post("Tidewell.itemsChanged");
     EXPECT_TRUE(heard.empty());
+    center.removeObserver(removed); // before its tasks run
+    queue.runUntilIdle();
+    EXPECT_EQ(heard, (std::vector<std::string>{"first", "second", "first", "second"}));
 }
 
-TEST(ImmediateNotificationCenter, DeliversAtOnceAndLetsHandlersRemoveThemselves) {
+TEST(NotificationCenter, AnImmediateCenterDeliversAtOnceAndLetsHandlersRemoveThemselves) {
     std::vector<std::string> heard;
     NotificationCenter center([](MainQueue::Task task) { task(); });
     ObserverToken token = 0;

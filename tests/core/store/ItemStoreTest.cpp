@@ -101,17 +101,16 @@ TEST_F(ItemStoreTest, ReorderTakesTheTargetsPlaceInMemoryUntilSaved) {
         store.saveFavoriteOrder();
         EXPECT_EQ(placedNamesInFile(database), expected);
         EXPECT_EQ(names(store.favorites()), expected);
-    }
-}
 
-TEST_F(ItemStoreTest, ReorderWithAnUnknownOrTheSameIdChangesNothing) {
-    const std::vector items{pinned("A", 0), pinned("B", 1)};
-    ItemStore& store = openStore(items);
-    store.reorderFavorite(Uuid::random(), items[1].id);
-    store.reorderFavorite(items[0].id, Uuid::random());
-    store.reorderFavorite(items[0].id, items[0].id);
-    EXPECT_EQ(store.items(), items);
-    EXPECT_EQ(changes, 0);
+        // An unknown or the same id changes nothing.
+        const std::vector<NotchItem> reordered = store.items();
+        const int changesBefore = changes;
+        store.reorderFavorite(Uuid::random(), items[target].id);
+        store.reorderFavorite(items[moved].id, Uuid::random());
+        store.reorderFavorite(items[moved].id, items[moved].id);
+        EXPECT_EQ(store.items(), reordered);
+        EXPECT_EQ(changes, changesBefore);
+    }
 }
 
 TEST_F(ItemStoreTest, FoldersAddedBeforeAFavouriteAreNumberedInPlaceEvenIfOneFails) {
@@ -146,7 +145,7 @@ TEST_F(ItemStoreTest, FoldersAddedWithoutATargetStayUnplacedAfterOlderOnes) {
     EXPECT_EQ(store.items(), database.load());
 }
 
-TEST_F(ItemStoreTest, UnpinClearsThePlaceAndPinningAgainLeavesItUnplaced) {
+TEST_F(ItemStoreTest, UnpinClearsThePlacePinningAgainLeavesItUnplacedRemoveDeletes) {
     const std::vector items{pinned("X", 0), pinned("Y", 1), pinned("Z", 2)};
     ItemStore& store = openStore(items);
     store.unpin(items[1].id);
@@ -158,30 +157,13 @@ TEST_F(ItemStoreTest, UnpinClearsThePlaceAndPinningAgainLeavesItUnplaced) {
     store.add(items[1].path, true);
     EXPECT_EQ(names(store.favorites()), (Names{"X", "Z", "Y"}));
     EXPECT_FALSE(store.favorites()[2].sortOrder);
-}
 
-TEST_F(ItemStoreTest, RemoveDeletesTheItemAndAnUnknownIdStillSaves) {
-    const std::vector items{pinned("X", 0), pinned("Y", 1)};
-    ItemStore& store = openStore(items);
     store.remove(items[0].id);
-    EXPECT_EQ(names(database.load()), Names{"Y"});
-    EXPECT_EQ(names(store.items()), Names{"Y"});
-
+    EXPECT_EQ(names(database.load()), (Names{"Y", "Z"}));
+    EXPECT_EQ(names(store.items()), (Names{"Y", "Z"}));
     const std::size_t postsBefore = distributedCenter.posted.size();
-    store.remove(Uuid::random());
+    store.remove(Uuid::random()); // still saved and announced
     EXPECT_EQ(distributedCenter.posted.size(), postsBefore + 1);
-    EXPECT_EQ(names(store.items()), Names{"Y"});
-}
-
-TEST_F(ItemStoreTest, OpenAsksTheDesktopAndRecordsTheOpening) {
-    const NotchItem item = pinned("X", 0);
-    ItemStore& store = openStore({item});
-    clock.advance(std::chrono::hours(1));
-    store.open(item);
-    const FakeWorkspace::Call opening{FakeWorkspace::Operation::openFolder, item.path};
-    EXPECT_EQ(workspace.calls, std::vector{opening});
-    EXPECT_EQ(store.items()[0].lastOpenedAt, clock.now());
-    EXPECT_EQ(database.load()[0].lastOpenedAt, clock.now());
 }
 
 TEST_F(ItemStoreTest, ANotificationReloadsLaterAndDropsAnUnsavedReorder) {

@@ -83,17 +83,6 @@ TEST_F(PanelResizing, AShrinkOvertakenByAGrowthNeverLandsAtTheSmallerFrame) {
     EXPECT_EQ(controller->layout().expandedSize(), four.size);
 }
 
-TEST_F(PanelResizing, AReservedSlotWidensTheOpenShelf) {
-    pin("one");
-    pin("two");
-    pin("three");
-    openFully();
-    controller->layout().reserveFolderSlot(3);
-    queue.runUntilIdle();
-    EXPECT_EQ(panel.frame().width(), 323);
-    EXPECT_EQ(controller->layout().expandedSize().width, 323);
-}
-
 TEST_F(PanelTrigger, DraggedFilesWidenTheTriggerBy56EachSideAndLowerItTo160) {
     const struct {
         Point location;
@@ -161,12 +150,6 @@ TEST_F(PanelOnRequest, OpensOnThePointersDisplayAndClosesAfterwardsUnlessHovered
     EXPECT_EQ(controller->panelState(), PanelState::visible);
     advanceMilliseconds(1);
     EXPECT_EQ(controller->panelState(), PanelState::hiding);
-}
-
-TEST_F(PanelOnRequest, StartOpensForAPointerAlreadyInTheTrigger) {
-    pointer.where = inTrigger;
-    controller->start();
-    EXPECT_EQ(controller->panelState(), PanelState::showing);
 }
 
 TEST_F(PanelOnRequest, FollowsDisplayChangesAndLeavesNothingBehindWhenDestroyed) {

@@ -30,16 +30,6 @@ TEST_F(PanelOpening, EnteringTheTriggerGrowsBackgroundThenContentThenSettles) {
     EXPECT_EQ(controller->panelState(), PanelState::visible);
 }
 
-TEST_F(PanelOpening, TheBackgroundStartsCollapsedAndGrowsOnTheNextTurn) {
-    std::vector<bool> backgroundStates;
-    const Connection recording = controller->layout().changed.connect(
-        [&] { backgroundStates.push_back(controller->layout().isBackgroundExpanded()); });
-    move(inTrigger);
-    ASSERT_FALSE(backgroundStates.empty());
-    EXPECT_FALSE(backgroundStates.front());
-    EXPECT_TRUE(backgroundStates.back());
-}
-
 TEST_F(PanelOpening, MovingInsideTheTriggerNeitherRestartsNorResizes) {
     move(inTrigger);
     advanceMilliseconds(100);

@@ -50,7 +50,6 @@ TEST_F(ShelfLayoutTest, SizeGrowsByTilePitchWithinTheAvailableWidth) {
     const std::vector<Case> cases = {
         {"empty shelf keeps the minimum width", 1000, 0, 0, {200, 120}},
         {"three items", 1000, 3, 0, {257, 120}},
-        {"three items and a reserved slot", 1000, 3, 1, {323, 120}},
         {"limit truncated to whole points", 300.8, 5, 0, {300, 120}},
         {"no known limit", 0, 30, 0, {30 * 66 + 59, 120}},
         {"limit below the minimum width", 150, 5, 0, {200, 120}},

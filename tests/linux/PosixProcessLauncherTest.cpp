@@ -54,20 +54,21 @@ TEST(PosixProcessLauncher, DetachedProgramsGetANewSessionAndAClearedEnvironment)
                              "DESKTOP_STARTUP_ID_NOT", "TIDEWELL_TEST_MARK"})
         environment.set(name, "set");
     const std::string report = folder.path() + "/report";
+    // The report appears whole, by renaming, so it is never read half written.
     PosixProcessLauncher().startDetached("sh",
                                          {"-c",
-                                          "{ ps -o sid= -p $$ | tr -d ' '; readlink /proc/$$/fd/0; "
-                                          "env | grep =set | sort; } > \"$0.part\" "
-                                          "&& mv \"$0.part\" \"$0\"; echo $$ > \"$0.pid\"",
+                                          "{ echo $$; ps -o sid= -p $$ | tr -d ' '; "
+                                          "readlink /proc/$$/fd/0; env | grep =set | sort; } "
+                                          "> \"$0.part\" && mv \"$0.part\" \"$0\"",
                                           report});
 
     // A detached program is a real process that reports on its own time.
     const auto deadline = std::chrono::steady_clock::now() + 10s;
-    while (!std::filesystem::exists(report + ".pid") && std::chrono::steady_clock::now() < deadline)
+    while (!std::filesystem::exists(report) && std::chrono::steady_clock::now() < deadline)
         std::this_thread::sleep_for(10ms);
-    std::ifstream pidFile(report + ".pid"), reportFile(report);
+    std::ifstream reportFile(report);
     std::string pid;
-    pidFile >> pid;
+    std::getline(reportFile, pid);
     const std::string text(std::istreambuf_iterator<char>(reportFile), {});
     ASSERT_FALSE(pid.empty());
     EXPECT_NE(pid, std::to_string(::getsid(0)));

@@ -1,6 +1,7 @@
 #include "gui/Application.h"
 
 #include "core/app/AppDelegate.h"
+#include "core/icons/IconCache.h"
 #include "core/launch/TileActions.h"
 #include "core/platform/SystemClock.h"
 #include "gui/ItemsFileWatcher.h"
@@ -34,6 +35,7 @@ struct Application::Parts {
     SdBusNotificationCenter distributedCenter;
     const UserPaths paths = XdgPaths::userPaths();
     ItemDatabase database{{files, clock, localCenter, distributedCenter}, DataFolder(paths)};
+    IconCache iconCache{files, database.dataFolder().iconsFolder()};
     GioWorkspace workspace;
     ItemStore store{{database, localCenter, distributedCenter, queue, workspace}};
     // After the store, whose observers open the bus connection.
@@ -52,8 +54,8 @@ struct Application::Parts {
     const ApplicationLocation application = currentApplicationLocation();
     XdgAutostartLoginItemService loginItems{files, XdgPaths::configHome(), application};
     LaunchAgentManager launchAtLogin{files, loginItems, paths, application};
-    ShelfPanel shelf{
-        {store, appearance, tileActions, queue, localCenter, [this] { settingsWindow.show(); }}};
+    ShelfPanel shelf{{store, appearance, tileActions, queue, localCenter, iconCache, files,
+                      [this] { settingsWindow.show(); }}};
     StatusMenu statusMenu{localCenter, symbolIcon("rectangle.topthird.inset.filled")};
     QtFolderChooser folderChooser;
     QtAlertPresenter alerts;

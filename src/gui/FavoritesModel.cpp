@@ -23,11 +23,6 @@ QColor tint(const NotchItem& item) {
                             static_cast<float>(color.blue));
 }
 
-bool sameIds(const std::vector<NotchItem>& a, const std::vector<NotchItem>& b) {
-    return std::ranges::equal(a, b,
-                              [](const NotchItem& x, const NotchItem& y) { return x.id == y.id; });
-}
-
 bool holds(const std::vector<NotchItem>& items, const Uuid& id) {
     return std::ranges::any_of(items, [&id](const NotchItem& item) { return item.id == id; });
 }
@@ -54,9 +49,9 @@ int FavoritesModel::count() const {
     return static_cast<int>(state_->favorites.size());
 }
 
-// Pinned and unpinned items become inserted and removed rows, so that their tiles enter and
-// leave the strip with its transitions and the others keep their delegates; a new order
-// rebuilds the strip.
+// Pinned and unpinned items become inserted and removed rows and a new order moved rows, so
+// that tiles enter, leave and slide with the strip's transitions, and every other tile keeps
+// its delegate (a tile being dragged among them too).
 void FavoritesModel::reload() {
     const std::vector<NotchItem> favorites = store_.favorites();
     std::vector<NotchItem>& shown = state_->favorites;
@@ -76,17 +71,29 @@ void FavoritesModel::reload() {
         shown.insert(shown.begin() + at, favorites[row]);
         endInsertRows();
     }
-    if (sameIds(favorites, shown)) {
-        shown = favorites;
-        if (!shown.empty())
-            emit dataChanged(index(0), index(count() - 1));
-    } else {
-        beginResetModel();
-        shown = favorites;
-        endResetModel();
-    }
+    moveIntoOrder(favorites);
+    shown = favorites;
+    if (!shown.empty())
+        emit dataChanged(index(0), index(count() - 1));
     if (count() != previousCount)
         emit countChanged();
+}
+
+// `shown` holds the same items as `favorites`, perhaps in another order.
+void FavoritesModel::moveIntoOrder(const std::vector<NotchItem>& favorites) {
+    std::vector<NotchItem>& shown = state_->favorites;
+    for (std::size_t row = 0; row < favorites.size(); ++row) {
+        const auto from = std::ranges::find_if(
+            shown.begin() + static_cast<std::ptrdiff_t>(row), shown.end(),
+            [&](const NotchItem& item) { return item.id == favorites[row].id; });
+        const int source = static_cast<int>(from - shown.begin());
+        const int destination = static_cast<int>(row);
+        if (source == destination)
+            continue;
+        beginMoveRows({}, source, source, {}, destination);
+        std::rotate(shown.begin() + destination, from, from + 1);
+        endMoveRows();
+    }
 }
 
 int FavoritesModel::rowCount(const QModelIndex& parent) const {

@@ -2,11 +2,13 @@
 
 #include <QAbstractListModel>
 #include <memory>
+#include <vector>
 
 namespace tidewell {
 
 class IconCache;
 class ItemStore;
+struct NotchItem;
 
 // The pinned items as the shelf's tiles show them, in the store's order.
 class FavoritesModel : public QAbstractListModel {
@@ -37,6 +39,7 @@ signals:
 
 private:
     void reload();
+    void moveIntoOrder(const std::vector<NotchItem>& favorites);
 
     // Kept out of this header: the meta-object compiler cannot read the core's C++20 headers.
     struct State;

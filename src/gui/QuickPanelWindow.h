@@ -29,6 +29,7 @@ public:
     Rect frame() const override;
     void setFrame(const Rect& frame) override;
     void setAlpha(double alpha) override;
+    double alpha() const override { return view_.opacity(); }
     void orderFrontWithoutActivating() override;
     void orderOut() override;
     bool isVisible() const override;

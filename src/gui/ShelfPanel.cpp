@@ -6,6 +6,7 @@
 #include "gui/ShelfView.h"
 #include "gui/X11DragPasteboard.h"
 #include "gui/X11Pointer.h"
+#include "gui/platform/ThreadPoolBackgroundQueue.h"
 #include "gui/platform/X11PointerMonitor.h"
 
 namespace tidewell {
@@ -27,9 +28,17 @@ struct ShelfPanel::Parts {
                                .appearance = services.appearance,
                                .tileActions = services.tileActions,
                                .localCenter = services.localCenter,
+                               .iconCache = services.iconCache,
+                               .pointer = pointer,
+                               .panel = window,
+                               .files = services.files,
+                               .background = background,
+                               .queue = services.queue,
                                .openSettings = services.openSettings}),
           monitor([this](double x, double y, unsigned) {
-              controller.pointerReported(corePointFromRoot(x, y));
+              const Point point = corePointFromRoot(x, y);
+              controller.pointerReported(point);
+              view.pointerMoved(point);
           }) {
         QObject::connect(&view, &ShelfView::outlineChanged, &window, &QuickPanelWindow::setOutline);
     }
@@ -38,6 +47,7 @@ struct ShelfPanel::Parts {
     X11Pointer pointer;
     X11DragPasteboard dragPasteboard;
     QuickPanelWindow window;
+    ThreadPoolBackgroundQueue background;
     NotchPanelController controller;
     ShelfView view;
     X11PointerMonitor monitor;

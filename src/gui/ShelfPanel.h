@@ -7,6 +7,8 @@ namespace tidewell {
 
 class AppearanceSettings;
 class Displays;
+class FileSystem;
+class IconCache;
 class ItemStore;
 class MainQueue;
 class NotchPanelController;
@@ -25,6 +27,8 @@ public:
         TileActions& tileActions;
         MainQueue& queue;
         NotificationCenter& localCenter;
+        const IconCache& iconCache;
+        const FileSystem& files;
         std::function<void()> openSettings;
     };
 

@@ -1,47 +1,78 @@
 #include "gui/ShelfView.h"
 
-#include "core/icons/IconCache.h"
-#include "core/items/DataFolder.h"
+#include "core/drag/ShelfDragReset.h"
+#include "core/drag/ShelfDragState.h"
+#include "core/drag/ShelfDropContext.h"
 #include "gui/FavoritesModel.h"
 #include "gui/ShelfActions.h"
 #include "gui/ShelfBridge.h"
+#include "gui/ShelfDropArea.h"
+#include "gui/ShelfDrops.h"
 #include "gui/SymbolImageProvider.h"
-#include "linux/PosixFileSystem.h"
-#include "linux/XdgPaths.h"
+#include "gui/TileDragArea.h"
 
 #include <QCoreApplication>
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <QQuickView>
+#include <QtQml>
 
 namespace tidewell {
 
 struct ShelfView::Bridges {
     explicit Bridges(const Services& services)
         : shelf(services.layout, services.appearance),
-          favorites(services.store,
-                    IconCache(files, DataFolder(XdgPaths::userPaths()).iconsFolder()),
-                    QCoreApplication::applicationDirPath()),
+          favorites(services.store, services.iconCache, QCoreApplication::applicationDirPath()),
           actions({services.store, services.tileActions, services.localCenter},
-                  services.openSettings) {}
+                  services.openSettings),
+          dropContext{.store = services.store,
+                      .layout = services.layout,
+                      .state = dragState,
+                      .pointer = services.pointer,
+                      .files = services.files,
+                      .background = services.background,
+                      .mainQueue = services.queue,
+                      .panel = services.panel},
+          dragReset(services.layout, dragState), drops(dropContext) {}
 
     QQuickView* view = nullptr;
-    PosixFileSystem files;
     ShelfBridge shelf;
     FavoritesModel favorites;
     ShelfActions actions;
+    ShelfDragState dragState;
+    ShelfDropContext dropContext;
+    ShelfDragReset dragReset;
+    ShelfDrops drops;
 };
+
+namespace {
+
+void registerDragTypes() {
+    static const bool registered = [] {
+        constexpr const char* module = "Tidewell";
+        qmlRegisterType<ShelfDropArea>(module, 1, 0, "ShelfDropArea");
+        qmlRegisterType<TileDragArea>(module, 1, 0, "TileDragArea");
+        qmlRegisterUncreatableType<ShelfDrops>(module, 1, 0, "ShelfDrops",
+                                               QStringLiteral("The shelf makes its own."));
+        return true;
+    }();
+    Q_UNUSED(registered);
+}
+
+} // namespace
 
 ShelfView::ShelfView(QQuickView& view, Services services)
     : bridges_(std::make_unique<Bridges>(services)) {
     bridges_->view = &view;
     connect(&bridges_->shelf, &ShelfBridge::outlineReported, this, &ShelfView::outlineChanged);
+    registerDragTypes();
     QQmlEngine& engine = *view.engine();
     engine.addImageProvider(QStringLiteral("symbol"), new SymbolImageProvider);
     QQmlContext& context = *view.rootContext();
     context.setContextProperty(QStringLiteral("shelf"), &bridges_->shelf);
     context.setContextProperty(QStringLiteral("favorites"), &bridges_->favorites);
     context.setContextProperty(QStringLiteral("shelfActions"), &bridges_->actions);
+    context.setContextProperty(QStringLiteral("shelfDrops"), &bridges_->drops);
     view.setResizeMode(QQuickView::SizeRootObjectToView);
     view.setSource(QUrl(QStringLiteral("qrc:/qml/NotchShelfView.qml")));
     for (const QQmlError& error : view.errors())
@@ -52,6 +83,10 @@ ShelfView::ShelfView(QQuickView& view, Services services)
 ShelfView::~ShelfView() {
     bridges_->view->setSource({});
     bridges_->view->engine()->removeImageProvider(QStringLiteral("symbol"));
+}
+
+void ShelfView::pointerMoved(Point screenPoint) {
+    bridges_->drops.pointerMoved(screenPoint);
 }
 
 } // namespace tidewell

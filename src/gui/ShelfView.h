@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/platform/Geometry.h"
+
 #include <QObject>
 #include <QRectF>
 #include <functional>
@@ -10,8 +12,14 @@ class QQuickView;
 namespace tidewell {
 
 class AppearanceSettings;
+class BackgroundQueue;
+class FileSystem;
+class IconCache;
 class ItemStore;
+class MainQueue;
 class NotificationCenter;
+class PanelWindow;
+class Pointer;
 class ShelfLayout;
 class TileActions;
 
@@ -27,6 +35,14 @@ public:
         TileActions& tileActions;
         // Tile menus post the menu-tracking notifications here.
         NotificationCenter& localCenter;
+        const IconCache& iconCache;
+        // What drags and drops on the shelf reach: folders dropped are looked at on
+        // background threads.
+        const Pointer& pointer;
+        const PanelWindow& panel;
+        const FileSystem& files;
+        BackgroundQueue& background;
+        MainQueue& queue;
         std::function<void()> openSettings;
     };
 
@@ -34,6 +50,9 @@ public:
     // view's left edge, at its top.
     ShelfView(QQuickView& view, Services services);
     ~ShelfView() override;
+
+    // Every pointer movement, in points from the primary display's bottom-left.
+    void pointerMoved(Point screenPoint);
 
 signals:
     // The outline as drawn at this moment, in the view's logical pixels, whenever it changes

@@ -1,5 +1,6 @@
 #include "linux/SessionBusPoster.h"
 
+#include "core/platform/FileUrl.h"
 #include "linux/BusNames.h"
 #include "linux/DBusMessageWriter.h"
 #include "linux/FileDescriptor.h"
@@ -19,20 +20,6 @@ namespace {
 constexpr const char* busName = "org.freedesktop.DBus";
 constexpr const char* busPath = "/org/freedesktop/DBus";
 constexpr timeval replyTimeout{1, 0};
-
-std::string percentDecoded(std::string_view text) {
-    std::string result;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '%' && i + 2 < text.size()) {
-            result += static_cast<char>(
-                std::strtol(std::string(text.substr(i + 1, 2)).c_str(), nullptr, 16));
-            i += 2;
-        } else {
-            result += text[i];
-        }
-    }
-    return result;
-}
 
 std::string sessionBusAddress() {
     if (const char* address = std::getenv("DBUS_SESSION_BUS_ADDRESS"); address && *address)
@@ -153,9 +140,11 @@ std::string SessionBusPoster::socketPath(std::string_view busAddress) {
             const std::string_view pair = keys.substr(0, comma);
             keys.remove_prefix(std::min(comma + 1, keys.size()));
             if (pair.starts_with("path="))
-                return percentDecoded(pair.substr(5));
-            if (pair.starts_with("abstract="))
-                return "@" + percentDecoded(pair.substr(9));
+                return FileUrl::percentDecoded(pair.substr(5)).value_or("");
+            if (pair.starts_with("abstract=")) {
+                const auto name = FileUrl::percentDecoded(pair.substr(9));
+                return name ? "@" + *name : "";
+            }
         }
     }
     return "";

@@ -16,7 +16,8 @@ public:
     void post(std::string_view name) override;
 
     // The first unix-socket address of a D-Bus address list, as connect(2) wants it: a
-    // path, or "@" followed by an abstract name. Empty when there is none.
+    // path, or "@" followed by an abstract name. Empty when there is none or its escapes are
+    // malformed.
     static std::string socketPath(std::string_view busAddress);
 };
 

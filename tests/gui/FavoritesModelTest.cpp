@@ -72,6 +72,18 @@ TEST_F(FavoritesModelTest, FollowsThePinnedItemsOfTheStore) {
     EXPECT_EQ(value(0, FavoritesModel::ItemIdRole).toString().toStdString(), second.id.text());
     EXPECT_EQ(countChanges, 3);
     EXPECT_EQ(rowChanges, (std::vector<std::string>{"+0", "+1", "-0"}));
+
+    // A new order moves rows: the tile being dragged keeps its delegate.
+    const NotchItem third = pin("gamma");
+    rowChanges.clear();
+    QObject::connect(&model, &FavoritesModel::rowsMoved,
+                     [&](const QModelIndex&, int from, int, const QModelIndex&, int to) {
+                         rowChanges.push_back(std::to_string(from) + ">" + std::to_string(to));
+                     });
+    store.reorderFavorite(third.id, second.id);
+    EXPECT_EQ(rowChanges, (std::vector<std::string>{"1>0"}));
+    EXPECT_EQ(value(0, FavoritesModel::ItemIdRole).toString().toStdString(), third.id.text());
+    EXPECT_EQ(value(1, FavoritesModel::ItemIdRole).toString().toStdString(), second.id.text());
 }
 
 TEST_F(FavoritesModelTest, LoadsOnlyCachedImagesAndDrawsInitialsForOthers) {

@@ -73,9 +73,12 @@ TEST_F(QuickPanelWindowTest, AppearsOnEveryWorkspaceOutOfTaskbarsAndLeavesTheFoc
         pumpEventsUntil([&] { return !inspector.isViewable(window()); }, windowManagerDeadline));
     EXPECT_FALSE(panel.isVisible());
 
-    // The window manager forgets a window's workspace when it is unmapped.
+    // The window manager forgets a window's workspace when it is unmapped, and takes the
+    // request for all of them a moment after mapping it again.
     showAtShelfFrame();
-    EXPECT_EQ(inspector.cardinal(window(), "_NET_WM_DESKTOP"), allWorkspaces);
+    EXPECT_TRUE(pumpEventsUntil(
+        [&] { return inspector.cardinal(window(), "_NET_WM_DESKTOP") == allWorkspaces; },
+        windowManagerDeadline));
     EXPECT_TRUE(inspector.hasState(window(), "_NET_WM_STATE_SKIP_TASKBAR"));
     EXPECT_EQ(inspector.focusedWindow(), other);
 }

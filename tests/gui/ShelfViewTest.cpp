@@ -1,9 +1,13 @@
 #include "gui/ShelfView.h"
 
+#include "core/icons/IconCache.h"
 #include "core/shelf/ShelfLayout.h"
 #include "gui/EventLoopWait.h"
 #include "gui/PanelMargins.h"
 #include "gui/ShelfFixture.h"
+#include "support/FakeBackgroundQueue.h"
+#include "support/FakePanelWindow.h"
+#include "support/FakePointer.h"
 
 #include <QImage>
 #include <QQuickView>
@@ -39,6 +43,10 @@ struct Outline {
 class ShelfViewTest : public testing::ShelfFixture {
 protected:
     ShelfLayout layout{queue};
+    IconCache iconCache{files, database.dataFolder().iconsFolder()};
+    testing::FakePointer pointer;
+    testing::FakePanelWindow panel;
+    testing::FakeBackgroundQueue background;
 };
 
 TEST_F(ShelfViewTest, LoadsWithoutWarningsAndDrawsTheExpandedShelf) {
@@ -47,7 +55,18 @@ TEST_F(ShelfViewTest, LoadsWithoutWarningsAndDrawsTheExpandedShelf) {
     QQuickView view;
     view.setColor(Qt::transparent);
     view.resize(460, 150);
-    ShelfView shelf(view, {layout, store, settings, actions, localCenter, [] {}});
+    ShelfView shelf(view, {.layout = layout,
+                           .store = store,
+                           .appearance = settings,
+                           .tileActions = actions,
+                           .localCenter = localCenter,
+                           .iconCache = iconCache,
+                           .pointer = pointer,
+                           .panel = panel,
+                           .files = files,
+                           .background = background,
+                           .queue = queue,
+                           .openSettings = [] {}});
     std::optional<Outline> outline;
     QObject::connect(&shelf, &ShelfView::outlineChanged,
                      [&](const QRectF& rect, qreal top, qreal bottom) {

@@ -93,6 +93,10 @@ ProcessResult ChildProcess::run(const Launch& launch, std::chrono::milliseconds 
     return ChildProcess(launch).wait(timeout);
 }
 
+std::string ChildProcess::standardOutput() const {
+    return contents(output_);
+}
+
 ProcessResult ChildProcess::wait(std::chrono::milliseconds timeout) {
     ProcessResult result;
     pollfd ended{exit_.get(), POLLIN, 0};

@@ -40,6 +40,8 @@ public:
     static ProcessResult run(const Launch& launch,
                              std::chrono::milliseconds timeout = std::chrono::seconds(10));
     pid_t pid() const { return pid_; }
+    // What the program has written to its standard output so far.
+    std::string standardOutput() const;
     // Waits until the program ends, killing it once the timeout has passed.
     ProcessResult wait(std::chrono::milliseconds timeout = std::chrono::seconds(10));
 

@@ -14,7 +14,8 @@ public:
         currentFrame = frame;
         frames.push_back(frame);
     }
-    void setAlpha(double value) override { alpha = value; }
+    void setAlpha(double value) override { currentAlpha = value; }
+    double alpha() const override { return currentAlpha; }
     void orderFrontWithoutActivating() override {
         visible = true;
         ++orderFrontCount;
@@ -31,7 +32,7 @@ public:
 
     Rect currentFrame;
     std::vector<Rect> frames;
-    double alpha = 1;
+    double currentAlpha = 1;
     bool visible = false;
     bool sharingHidden = false;
     int orderFrontCount = 0;

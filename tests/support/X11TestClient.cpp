@@ -7,6 +7,25 @@
 #include <thread>
 
 namespace tidewell::testing {
+namespace {
+
+struct PointerState {
+    int rootX = 0;
+    int rootY = 0;
+    Window child = None; // the top-level window under the pointer
+};
+
+PointerState queryPointer(Display* display) {
+    PointerState state;
+    Window root = None;
+    int x = 0, y = 0;
+    unsigned mask = 0;
+    XQueryPointer(display, DefaultRootWindow(display), &root, &state.child, &state.rootX,
+                  &state.rootY, &x, &y, &mask);
+    return state;
+}
+
+} // namespace
 
 DesktopDisplay::SystemFolders::SystemFolders() {
     environment.set("XDG_CONFIG_DIRS", "/etc/xdg");
@@ -45,13 +64,12 @@ unsigned long X11TestClient::createDesktop(unsigned long colour) {
 }
 
 unsigned long X11TestClient::windowUnderPointer() {
-    Window root = None;
-    Window child = None;
-    int rootX = 0, rootY = 0, x = 0, y = 0;
-    unsigned mask = 0;
-    XQueryPointer(display_, DefaultRootWindow(display_), &root, &child, &rootX, &rootY, &x, &y,
-                  &mask);
-    return child;
+    return queryPointer(display_).child;
+}
+
+std::pair<int, int> X11TestClient::pointerPosition() {
+    const PointerState state = queryPointer(display_);
+    return {state.rootX, state.rootY};
 }
 
 void X11TestClient::movePointerTo(int x, int y) {

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <string>
+#include <utility>
 #include <vector>
 
 struct _XDisplay;
@@ -40,6 +41,8 @@ public:
     unsigned long createDesktop(unsigned long colour);
     // The window the pointer is over, directly below the root.
     unsigned long windowUnderPointer();
+    // Where the pointer is on the screen.
+    std::pair<int, int> pointerPosition();
     // Warps are invisible to raw input: warp beside the point, then move onto it.
     void movePointerTo(int x, int y);
     void movePointerBy(int dx, int dy);

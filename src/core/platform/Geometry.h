@@ -27,6 +27,14 @@ struct Rect {
     double width() const { return size.width; }
     double height() const { return size.height; }
     bool isEmpty() const { return size.width <= 0 || size.height <= 0; }
+    // The minimum edges belong to the rectangle, the maximum edges do not.
+    bool contains(const Point& point) const {
+        return point.x >= minX() && point.x < maxX() && point.y >= minY() && point.y < maxY();
+    }
+    // Grown by `dx` on the left and right and by `dy` at the bottom and top.
+    Rect grown(double dx, double dy) const {
+        return {{minX() - dx, minY() - dy}, {width() + 2 * dx, height() + 2 * dy}};
+    }
     bool operator==(const Rect&) const = default;
 };
 

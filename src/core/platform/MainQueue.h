@@ -14,6 +14,7 @@ public:
     using TaskId = std::uint64_t;
 
     virtual ~MainQueue() = default;
+    // Safe from any thread: work done elsewhere hands its result back this way.
     virtual void post(Task task) = 0;
     virtual TaskId postAfter(std::chrono::nanoseconds delay, Task task) = 0;
     virtual void cancel(TaskId id) = 0;

@@ -12,6 +12,7 @@ public:
     virtual Rect frame() const = 0;
     virtual void setFrame(const Rect& frame) = 0;
     virtual void setAlpha(double alpha) = 0;
+    virtual double alpha() const = 0;
     // Brings the window up without activating the application or taking keyboard focus.
     virtual void orderFrontWithoutActivating() = 0;
     virtual void orderOut() = 0;

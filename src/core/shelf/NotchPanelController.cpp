@@ -32,16 +32,6 @@ constexpr Seconds closingDuration{0.33};
 constexpr Seconds leaveCloseDelay{0.45};
 constexpr Seconds exactFrameDelay{0.25};
 
-// The minimum edges belong to the rectangle, the maximum edges do not.
-bool contains(const Rect& rect, const Point& point) {
-    return point.x >= rect.minX() && point.x < rect.maxX() && point.y >= rect.minY() &&
-           point.y < rect.maxY();
-}
-
-Rect grown(const Rect& rect, double dx, double dy) {
-    return {{rect.minX() - dx, rect.minY() - dy}, {rect.width() + 2 * dx, rect.height() + 2 * dy}};
-}
-
 Point centre(const Rect& rect) {
     return {rect.minX() + rect.width() / 2, rect.minY() + rect.height() / 2};
 }
@@ -142,7 +132,7 @@ void NotchPanelController::pointerReported(Point location) {
 
 std::optional<Display> NotchPanelController::screen(const Point& point) const {
     for (const Display& display : services_.displays.all())
-        if (contains(display.frame, point))
+        if (display.frame.contains(point))
             return display;
     return std::nullopt;
 }
@@ -164,19 +154,19 @@ Rect NotchPanelController::openTrigger(const Display& display) const {
 
 bool NotchPanelController::isInsideGrownPanel(const Point& location) const {
     return services_.panel.isVisible() &&
-           contains(grown(services_.panel.frame(), panelSlackX, panelSlackY), location);
+           services_.panel.frame().grown(panelSlackX, panelSlackY).contains(location);
 }
 
 bool NotchPanelController::pointerIsInsideInteractiveRegion(const Point& location) const {
     if (isInsideGrownPanel(location))
         return true;
     const auto display = screen(location);
-    return display && contains(openTrigger(*display), location);
+    return display && openTrigger(*display).contains(location);
 }
 
 void NotchPanelController::pointerMoved(const Point& location) {
     const auto display = screen(location);
-    if (display && contains(openTrigger(*display), location)) {
+    if (display && openTrigger(*display).contains(location)) {
         cancelHide();
         show(*display);
         return;

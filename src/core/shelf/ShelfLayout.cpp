@@ -46,6 +46,9 @@ void ShelfLayout::setExpandedSize(Size value) {
 void ShelfLayout::setAvailableWidth(double value) {
     assign(availableWidth_, value);
 }
+void ShelfLayout::setIsReservingSlot(bool value) {
+    assign(isReservingSlot_, value);
+}
 
 Size ShelfLayout::size(int favoritesCount, std::optional<int> reservingSlot) const {
     const int slots = reservingSlot.value_or(isReservingSlot_ ? 1 : 0);

@@ -38,6 +38,8 @@ public:
     void setCollapsedSize(Size value);
     void setExpandedSize(Size value);
     void setAvailableWidth(double value);
+    // Only the flag: the size stays until the next resize.
+    void setIsReservingSlot(bool value);
 
     // Without `reservingSlot`, one slot is added while a slot is reserved.
     Size size(int favoritesCount, std::optional<int> reservingSlot = std::nullopt) const;

@@ -9,8 +9,9 @@ class QTimer;
 
 namespace tidewell {
 
-// The main queue on the Qt event loop of the thread that creates it, and used from that
-// thread only. Tasks still waiting when the queue is destroyed never run.
+// The main queue on the Qt event loop of the thread that creates it. Any thread may post;
+// delayed tasks and cancelling belong to that thread. Tasks still waiting when the queue is
+// destroyed never run.
 class QtMainQueue : public MainQueue {
 public:
     // Runs the task at the next turn of the loop, after the tasks posted before it.

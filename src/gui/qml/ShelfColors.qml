@@ -16,4 +16,7 @@ QtObject {
     readonly property color restFill: withAlpha(primary, 0)
     readonly property color restCircle: withAlpha(primary, isGlass ? 0.06 : 0.08)
     readonly property color restName: isGlass ? primary : withAlpha(primary, 0.85)
+    // Where a dragged folder lands, and where a dragged tile was.
+    readonly property color slotFill: withAlpha(primary, isGlass ? 0.04 : 0.05)
+    readonly property color slotBorder: withAlpha(primary, isGlass ? 0.24 : 0.3)
 }

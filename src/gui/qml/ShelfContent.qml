@@ -1,4 +1,5 @@
 import QtQuick
+import Tidewell
 
 // The row of tiles below the notch: the pinned projects (or the invitation to add one) and
 // the gear tile. Its width follows the background; it fades with the shelf's content.
@@ -20,6 +21,12 @@ Item {
         }
     }
 
+    // Folders dropped anywhere on the row, outside the tiles and the gap.
+    ShelfDropArea {
+        anchors.fill: row
+        drops: shelfDrops
+        target: ShelfDrops.Container
+    }
     Row {
         id: row
 

@@ -1,19 +1,22 @@
 import QtQuick
 import QtQuick.Controls
+import Tidewell
 
 // A pinned project's tile: icon and name; a click opens the folder, a right click shows
-// the project's menu.
+// the project's menu, and a drag moves the tile. While it is dragged only a dashed outline
+// stays in its place.
 Item {
     id: tile
 
-    required property string itemId
-    required property string name
-    required property string path
-    required property string initials
-    required property color tint
-    required property url imageSource
+    property string itemId
+    property string name
+    property string path
+    property string initials
+    property color tint
+    property url imageSource
 
     readonly property bool hovering: input.containsMouse
+    readonly property bool isDragged: shelfDrops.draggedItemId === itemId
 
     width: 60
     height: 63
@@ -21,8 +24,12 @@ Item {
     ShelfColors {
         id: colors
     }
+    DashedSlot {
+        visible: tile.isDragged
+    }
     Rectangle {
         anchors.fill: parent
+        opacity: tile.isDragged ? 0 : 1
         radius: 12
         color: tile.hovering ? colors.hoverFill : colors.restFill
         Behavior on color {
@@ -31,9 +38,11 @@ Item {
     }
     Column {
         anchors.centerIn: parent
+        opacity: tile.isDragged ? 0 : 1
         spacing: 6
 
         ProjectIconView {
+            id: icon
             anchors.horizontalCenter: parent.horizontalCenter
             size: 40
             tint: tile.tint
@@ -54,23 +63,31 @@ Item {
             }
         }
     }
-    // Clicks and drags of the tile arrive here; the drag source takes this place.
+    // Hovering and the right button; the left button belongs to the drag area above.
     MouseArea {
         id: input
         anchors.fill: parent
         hoverEnabled: true
-        acceptedButtons: Qt.LeftButton | Qt.RightButton
+        acceptedButtons: Qt.RightButton
         containmentMask: RoundedHitShape {
             width: tile.width
             height: tile.height
             radius: 12
         }
-        onClicked: mouse => {
-            if (mouse.button === Qt.RightButton)
-                shelfActions.showMenu(tile.itemId)
-            else
-                shelfActions.open(tile.itemId)
-        }
+        onClicked: shelfActions.showMenu(tile.itemId)
+    }
+    ShelfDropArea {
+        anchors.fill: parent
+        drops: shelfDrops
+        target: ShelfDrops.Tile
+        itemId: tile.itemId
+    }
+    TileDragArea {
+        anchors.fill: parent
+        drops: shelfDrops
+        itemId: tile.itemId
+        iconItem: icon
+        onClicked: shelfActions.open(tile.itemId)
     }
 
     ToolTip.text: tile.path

@@ -11,7 +11,7 @@ ListView {
     interactive: contentWidth > width
     boundsBehavior: Flickable.DragAndOvershootBounds
 
-    delegate: ShelfItemButton {}
+    delegate: ShelfStripEntry {}
 
     add: Transition {
         ShelfTransition {
@@ -25,6 +25,19 @@ ListView {
             properties: "opacity"
             from: 0
             to: 1
+        }
+    }
+    // A tile dragged over another takes its place while the pointer is held.
+    move: Transition {
+        ShelfTransition {
+            transition: shelf.slotTransition
+            properties: "x"
+        }
+    }
+    moveDisplaced: Transition {
+        ShelfTransition {
+            transition: shelf.slotTransition
+            properties: "x"
         }
     }
     remove: Transition {

@@ -10,7 +10,7 @@ TEST_F(PanelOpening, EnteringTheTriggerGrowsBackgroundThenContentThenSettles) {
     move(inTrigger);
     EXPECT_EQ(controller->panelState(), PanelState::showing);
     EXPECT_TRUE(panel.isVisible());
-    EXPECT_EQ(panel.alpha, 1);
+    EXPECT_EQ(panel.alpha(), 1);
     EXPECT_EQ(panel.frame(), emptyShelfFrame);
     const ShelfLayout& layout = controller->layout();
     EXPECT_EQ(layout.topInset(), 28);
@@ -76,7 +76,7 @@ TEST_F(PanelClosing, LeavingArmsOneCloseThatFurtherMovementDoesNotPostpone) {
     advanceMilliseconds(1);
     EXPECT_FALSE(panel.isVisible());
     EXPECT_EQ(controller->panelState(), PanelState::hidden);
-    EXPECT_EQ(panel.alpha, 1);
+    EXPECT_EQ(panel.alpha(), 1);
 }
 
 TEST_F(PanelClosing, ReturningIntoThePanelGrownBy12By10CancelsTheClose) {

@@ -1,0 +1,94 @@
+#include "core/drag/FolderDropDecoder.h"
+
+#include "linux/PosixFileSystem.h"
+#include "support/TemporaryDirectory.h"
+
+#include <gtest/gtest.h>
+
+namespace tidewell::testing {
+namespace {
+
+using namespace std::string_literals;
+using FolderDropDecoder::ItemProvider;
+using FolderDropDecoder::ProvidedItem;
+using Paths = std::vector<std::string>;
+
+class FolderDropDecoderTest : public ::testing::Test {
+protected:
+    std::optional<std::string> decoded(ProvidedItem::Kind kind, const std::string& bytes) const {
+        return FolderDropDecoder::path(ItemProvider{.urlItem = ProvidedItem{kind, bytes}}, files);
+    }
+    // The folders that decoding the drop's providers one by one yields, in drag order.
+    Paths decodedProviders(const DroppedData& data) const {
+        Paths paths;
+        for (const ItemProvider& provider : FolderDropDecoder::itemProviders(data))
+            if (auto path = FolderDropDecoder::path(provider, files))
+                paths.push_back(*path);
+        return paths;
+    }
+
+    TemporaryDirectory root;
+    PosixFileSystem files;
+    const std::string folder = root.makeFolder("my project");
+    const std::string other = root.makeFolder("other");
+    const std::string escaped = root.path() + "/my%20project";
+};
+
+TEST_F(FolderDropDecoderTest, UriListFileUrlsNamingFoldersFormThePasteboard) {
+    const std::vector<std::string> lines = {
+        "# dragged from the file manager",
+        "file://" + escaped,
+        "file://localhost" + root.path() + "/./other/",
+        "file://LOCALHOST" + other + "\n", // a bare LF ends a line too
+        "file://example.org" + other,
+        "https://example.org" + other,
+        "file://" + root.path() + "/my%2project",
+        "file://" + escaped + "%00",
+        "file://" + root.write("notes.txt"),
+        "file://" + other + "/../my%20project",
+    };
+    std::string uriList;
+    for (const std::string& line : lines)
+        uriList += line + "\r\n";
+    EXPECT_EQ(FolderDropDecoder::directoryPathsFromDragPasteboard({.uriList = uriList}, files),
+              (Paths{folder, other, other, folder}));
+}
+
+TEST_F(FolderDropDecoderTest, DataIsTrimmedOfNulsThenBlanksButStringsAreTakenAsTheyAre) {
+    using Kind = ProvidedItem::Kind;
+    const struct {
+        Kind kind;
+        std::string bytes;
+        std::optional<std::string> expected;
+    } cases[] = {
+        {Kind::data, "file://" + escaped, folder},
+        {Kind::data, "\0\0"s + folder + "\0"s, folder},
+        {Kind::data, " \t" + folder + "\r\n", folder},
+        {Kind::data, "\0 file://"s + escaped + "\n\0"s, folder},
+        {Kind::data, " \0"s + folder, std::nullopt}, // NULs only go at the very ends
+        {Kind::data, "my project", std::nullopt},
+        {Kind::data, "\xff" + folder, std::nullopt},
+        {Kind::string, folder, folder},
+        {Kind::string, "file://" + escaped, folder},
+        {Kind::string, folder + " ", std::nullopt},
+        {Kind::string, "\0"s + folder, std::nullopt},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(decoded(c.kind, c.bytes), c.expected) << c.bytes;
+}
+
+TEST_F(FolderDropDecoderTest, ProvidersFollowTheUriListOrElseThePlainText) {
+    // A line that is no valid URL still yields its folder once its data is trimmed; a
+    // non-file URL yields none.
+    const DroppedData uriList{.uriList = "file://" + other + " \r\nhttps://example.org" + folder +
+                                         "\r\nfile://" + escaped + "\r\n",
+                              .plainText = folder};
+    EXPECT_EQ(FolderDropDecoder::directoryPathsFromDragPasteboard(uriList, files), (Paths{folder}));
+    EXPECT_EQ(decodedProviders(uriList), (Paths{other, folder}));
+
+    const DroppedData plainText{.uriList = "# nothing\r\n", .plainText = other + "\n" + folder};
+    EXPECT_EQ(decodedProviders(plainText), (Paths{other, folder}));
+}
+
+} // namespace
+} // namespace tidewell::testing

@@ -1,0 +1,89 @@
+#include "DropFixture.h"
+#include "core/drag/ShelfContainerDrop.h"
+#include "core/drag/ShelfGapDrop.h"
+#include "core/drag/ShelfTileDrop.h"
+
+#include <gtest/gtest.h>
+
+namespace tidewell::testing {
+namespace {
+
+using Names = std::vector<std::string>;
+using Position = ShelfDropPosition;
+
+class FolderDropTest : public DropFixture {
+protected:
+    // Opens the gap in front of B, as a folder hovering over B does.
+    void openGapBeforeB() { ShelfTileDrop(ids[1], context()).dropEntered(folderAt(30)); }
+    void expectGapClosed() {
+        EXPECT_FALSE(state.folderDropPosition());
+        EXPECT_FALSE(state.lastFolderHoverPointer());
+        EXPECT_FALSE(state.isCommittingFolderDrop());
+        EXPECT_FALSE(layout.isReservingSlot());
+    }
+    std::string fileUrl(const std::string& path) const { return "file://" + path; }
+};
+
+TEST_F(FolderDropTest, FoldersOfTheUriListAreAddedAtOnceInDragOrder) {
+    openGapBeforeB();
+    const std::string uriList = fileUrl(folder("X")) + "\r\n" +
+                                fileUrl(root.write("projects/notes.txt")) + "\r\n" +
+                                fileUrl(folder("Y")) + "\r\n";
+    EXPECT_TRUE(ShelfGapDrop(context()).performDrop(folderAt(30), {.uriList = uriList}));
+    EXPECT_EQ(favoriteNames(), (Names{"A", "X", "Y", "B", "C"}));
+    EXPECT_EQ(background.pendingCount(), 0u);
+    expectGapClosed();
+    EXPECT_EQ(layout.expandedSize(), layout.size(5, 0));
+
+    openGapBeforeB();
+    EXPECT_FALSE(ShelfGapDrop(context()).performDrop(folderAt(30), {}));
+    EXPECT_EQ(favoriteNames(), (Names{"A", "X", "Y", "B", "C"}));
+    expectGapClosed();
+}
+
+TEST_F(FolderDropTest, DecodedFoldersKeepDragOrderWhateverOrderDecodingFinishesIn) {
+    const DroppedData data{.plainText = folder("X") + "\n" + folder("Y") + "\n"};
+    ShelfTileDrop onB(ids[1], context());
+    EXPECT_TRUE(onB.performDrop(folderAt(30), data));
+    EXPECT_TRUE(state.isCommittingFolderDrop());
+    ASSERT_EQ(background.pendingCount(), 2u);
+
+    // Hovering and leaving change nothing while the drop is decoded.
+    onB.dropUpdated(folderAt(30));
+    onB.dropExited(folderAt(30));
+    EXPECT_FALSE(state.folderDropPosition());
+    EXPECT_EQ(queue.pendingCount(), 0u);
+
+    background.run(1);
+    queue.runUntilIdle();
+    EXPECT_TRUE(state.isCommittingFolderDrop());
+    background.run(0);
+    queue.runUntilIdle();
+    EXPECT_EQ(favoriteNames(), (Names{"A", "X", "Y", "B", "C"}));
+    expectGapClosed();
+}
+
+TEST_F(FolderDropTest, TheUriListIsReadAgainWhenNoProviderYieldsAFolder) {
+    const std::string late = root.path() + "/projects/late";
+    EXPECT_TRUE(ShelfGapDrop(context()).performDrop(folderAt(30), {.uriList = fileUrl(late)}));
+    background.runAll();
+    root.makeFolder("projects/late");
+    queue.runUntilIdle();
+    EXPECT_EQ(favoriteNames(), (Names{"A", "B", "C", "late"}));
+    expectGapClosed();
+}
+
+TEST_F(FolderDropTest, AGapBehindTheLastTileLandsInFrontOfItOnlyWhenDroppedOnIt) {
+    const DroppedData data{.uriList = fileUrl(folder("X"))};
+    state.setFolderDropPosition(Position::after(ids[2]), true);
+    EXPECT_TRUE(ShelfTileDrop(ids[2], context()).performDrop(folderAt(30), data));
+    EXPECT_EQ(favoriteNames(), (Names{"A", "B", "X", "C"}));
+
+    state.setFolderDropPosition(Position::after(ids[2]), true);
+    EXPECT_TRUE(
+        ShelfContainerDrop(context()).performDrop(folderAt(30), {.uriList = fileUrl(folder("Y"))}));
+    EXPECT_EQ(favoriteNames(), (Names{"A", "B", "X", "C", "Y"}));
+}
+
+} // namespace
+} // namespace tidewell::testing

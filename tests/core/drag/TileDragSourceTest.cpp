@@ -1,0 +1,55 @@
+#include "core/drag/TileDragSource.h"
+
+#include <gtest/gtest.h>
+
+namespace tidewell::testing {
+namespace {
+
+using SessionEnd = TileDragSource::SessionEnd;
+
+TEST(TileDragSourceTest, APressTravellingMoreThanThreePointsDragsInsteadOfClicking) {
+    TileDragSource source;
+    source.press({10, 10});
+    EXPECT_FALSE(source.drag({13, 10}));
+    EXPECT_TRUE(source.release());
+
+    source.press({10, 10});
+    EXPECT_TRUE(source.drag({13.1, 10}));
+    EXPECT_FALSE(source.drag({40, 10})); // the session runs already
+    EXPECT_FALSE(source.release());
+    EXPECT_FALSE(source.drag({50, 10})); // no press any more
+
+    // The end of the session lets the next press click again.
+    source.sessionEnded(false, {0, 0}, std::nullopt);
+    source.press({10, 10});
+    EXPECT_TRUE(source.release());
+}
+
+TEST(TileDragSourceTest, ASessionEndsInsideWithin60PointsOfTheWindow) {
+    const Rect window{{100, 200}, {300, 100}};
+    const struct {
+        bool accepted;
+        Point point;
+        std::optional<Rect> frame;
+        SessionEnd expected;
+    } cases[] = {
+        {true, {1000, 1000}, window, SessionEnd::accepted},
+        {false, {41, 250}, window, SessionEnd::endedInside},     // 59 left of it
+        {false, {250, 359}, window, SessionEnd::endedInside},    // 59 above it
+        {false, {39, 250}, window, SessionEnd::droppedOutside},  // 61 left of it
+        {false, {250, 361}, window, SessionEnd::droppedOutside}, // 61 above it
+        {false, {250, 250}, std::nullopt, SessionEnd::droppedOutside},
+    };
+    for (const auto& c : cases) {
+        TileDragSource source;
+        EXPECT_EQ(source.sessionEnded(c.accepted, c.point, c.frame), c.expected)
+            << c.point.x << ", " << c.point.y;
+        if (!c.accepted) { // the cursor tells the same
+            EXPECT_EQ(TileDragSource::isNearWindow(c.point, c.frame),
+                      c.expected == SessionEnd::endedInside);
+        }
+    }
+}
+
+} // namespace
+} // namespace tidewell::testing

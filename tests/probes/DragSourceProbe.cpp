@@ -1,0 +1,122 @@
+// Another application that drags files, for the end-to-end tests: a small orange window whose
+// contents can be dragged away as a file manager's selection would be.
+//
+//   tidewell_drag_source_probe --at X,Y PATH...
+//
+// The window (120 x 80) lies at X,Y on the screen. A press of the primary button and a move
+// past the start distance start a drag offering the paths as file URLs (text/uri-list, in the
+// given order) and as text/plain, one per line, to be copied or moved. It prints "ready" once
+// the window is shown and "finished copy", "finished move" or "finished ignore" when a drag
+// ends; it stays until it is ended.
+
+#include <QDrag>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QRasterWindow>
+#include <QStyleHints>
+#include <QUrl>
+#include <iostream>
+#include <optional>
+#include <utility>
+
+namespace {
+
+const char* actionName(Qt::DropAction action) {
+    switch (action) {
+    case Qt::CopyAction:
+        return "copy";
+    case Qt::MoveAction:
+        return "move";
+    default:
+        return "ignore";
+    }
+}
+
+class DragSourceWindow : public QRasterWindow {
+public:
+    explicit DragSourceWindow(QStringList paths) : paths_(std::move(paths)) {
+        // A managed window that the window manager neither decorates nor focuses: the tests'
+        // other windows keep the keyboard.
+        setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
+        setTitle("Tidewell Drag Source");
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter(this).fillRect(QRect(QPoint(), size()), QColor(0xFF8800));
+    }
+
+    void exposeEvent(QExposeEvent* event) override {
+        QRasterWindow::exposeEvent(event);
+        if (isExposed() && !isReady_) {
+            isReady_ = true;
+            std::cout << "ready" << std::endl;
+        }
+    }
+
+    void mousePressEvent(QMouseEvent* event) override {
+        if (event->button() == Qt::LeftButton)
+            pressedAt_ = event->position();
+    }
+
+    void mouseReleaseEvent(QMouseEvent*) override { pressedAt_.reset(); }
+
+    void mouseMoveEvent(QMouseEvent* event) override {
+        if (!pressedAt_ || !(event->buttons() & Qt::LeftButton))
+            return;
+        const QPointF moved = event->position() - *pressedAt_;
+        if (moved.manhattanLength() < QGuiApplication::styleHints()->startDragDistance())
+            return;
+        pressedAt_.reset();
+        drag();
+    }
+
+private:
+    void drag() {
+        auto* data = new QMimeData;
+        QList<QUrl> urls;
+        for (const QString& path : paths_)
+            urls.append(QUrl::fromLocalFile(path));
+        data->setUrls(urls);
+        data->setText(paths_.join('\n'));
+        auto* drag = new QDrag(this);
+        drag->setMimeData(data);
+        const Qt::DropAction action = drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::CopyAction);
+        std::cout << "finished " << actionName(action) << std::endl;
+    }
+
+    QStringList paths_;
+    std::optional<QPointF> pressedAt_;
+    bool isReady_ = false;
+};
+
+std::optional<QPoint> parsePoint(const QString& text) {
+    const QStringList parts = text.split(',');
+    bool xIsNumber = false;
+    bool yIsNumber = false;
+    if (parts.size() != 2)
+        return std::nullopt;
+    const QPoint point(parts[0].toInt(&xIsNumber), parts[1].toInt(&yIsNumber));
+    if (!xIsNumber || !yIsNumber)
+        return std::nullopt;
+    return point;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QGuiApplication application(argc, argv);
+    const QStringList arguments = application.arguments();
+    const std::optional<QPoint> origin =
+        arguments.size() > 3 && arguments[1] == "--at" ? parsePoint(arguments[2]) : std::nullopt;
+    if (!origin) {
+        std::cerr << "usage: tidewell_drag_source_probe --at X,Y PATH...\n";
+        return 2;
+    }
+    DragSourceWindow window(arguments.mid(3));
+    window.setGeometry(QRect(*origin, QSize(120, 80)));
+    window.show();
+    return application.exec();
+}

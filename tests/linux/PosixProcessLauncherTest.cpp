@@ -55,12 +55,11 @@ TEST(PosixProcessLauncher, DetachedProgramsGetANewSessionAndAClearedEnvironment)
         environment.set(name, "set");
     const std::string report = folder.path() + "/report";
     // The report appears whole, by renaming, so it is never read half written.
-    PosixProcessLauncher().startDetached("sh",
-                                         {"-c",
-                                          "{ echo $$; ps -o sid= -p $$ | tr -d ' '; "
-                                          "readlink /proc/$$/fd/0; env | grep =set | sort; } "
-                                          "> \"$0.part\" && mv \"$0.part\" \"$0\"",
-                                          report});
+    PosixProcessLauncher().startDetached("sh", {"-c",
+                                                "{ echo $$; ps -o sid= -p $$ | tr -d ' '; "
+                                                "readlink /proc/$$/fd/0; env | grep =set | sort; } "
+                                                "> \"$0.part\" && mv \"$0.part\" \"$0\"",
+                                                report});
 
     // A detached program is a real process that reports on its own time.
     const auto deadline = std::chrono::steady_clock::now() + 10s;

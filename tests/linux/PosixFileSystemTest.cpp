@@ -61,27 +61,6 @@ TEST_F(PosixFileSystemTest, AWriteReplacesTheFileWholeOrNotAtAllAndLeavesNothing
     }
 }
 
-TEST_F(PosixFileSystemTest, ListingTellsRealFoldersFromLinksToThem) {
-    const std::string folder = root.makeFolder("project/folder");
-    root.write("project/file.png");
-    const std::string link = root.path() + "/project/link";
-    fs::create_directory_symlink(folder, link);
-    std::vector<std::pair<std::string, bool>> entries;
-    for (const DirectoryEntry& entry : files.list(root.path() + "/project"))
-        entries.emplace_back(entry.name, entry.isDirectory);
-    std::sort(entries.begin(), entries.end());
-    EXPECT_EQ(entries, (std::vector<std::pair<std::string, bool>>{
-                           {"file.png", false}, {"folder", true}, {"link", false}}));
-    EXPECT_TRUE(files.isDirectory(link));
-    EXPECT_TRUE(files.linkStatus(link).value_or(LinkStatus()).isSymbolicLink);
-    EXPECT_FALSE(files.linkStatus(folder).value_or(LinkStatus()).isSymbolicLink);
-    EXPECT_EQ(files.readSymbolicLink(link), folder);
-    EXPECT_FALSE(files.readSymbolicLink(folder));
-    EXPECT_FALSE(files.linkStatus(root.path() + "/nothing"));
-    EXPECT_TRUE(files.list(root.path() + "/nothing").empty());
-    EXPECT_FALSE(files.readFile(folder));
-}
-
 TEST_F(PosixFileSystemTest, TheLockIsExclusiveUntilReleased) {
     const std::string lockFile = root.path() + "/items.lock";
     auto isFree = [&] {

@@ -10,28 +10,10 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr const char* showShelf = "Tidewell.showShelf";
-
 class ApplicationStartTest : public EndToEndTest {
 protected:
-    // What a running application holds.
-    std::unique_ptr<SingleInstanceGuard> runningApplication() const {
-        return SingleInstanceGuard::acquire(
-            DataFolder({.home = home, .applicationSupport = dataHome}));
-    }
-
     PostedSignalListener listener;
 };
-
-TEST_F(ApplicationStartTest, ASecondStartAsksTheRunningOneToShowItsShelfAndEndsQuietly) {
-    const auto running = runningApplication();
-    ASSERT_TRUE(running);
-    for (const std::vector<std::string>& arguments : {std::vector<std::string>{}, {"-psn_0_1"}})
-        expectResult(ChildProcess::run(launch(tidewellPath(), arguments, home), 5s), "", "", 0);
-    EXPECT_TRUE(listener.waitFor(showShelf, 2));
-    EXPECT_EQ(listener.received(), std::vector<std::string>(2, showShelf));
-    EXPECT_FALSE(readFile(itemsFile()));
-}
 
 // The user interface is loaded from beside the program or from the installed library
 // folder; a copy of the program in a folder of its own finds none beside it.
@@ -53,12 +35,13 @@ TEST_F(ApplicationStartTest, WithoutTheUserInterfaceLibraryTheStartFailsWithOneL
 }
 
 TEST_F(ApplicationStartTest, ShowLeavesTheFlagAndStartsTheApplication) {
-    const auto running = runningApplication();
-    ASSERT_TRUE(running);
+    const auto running =
+        SingleInstanceGuard::acquire(DataFolder({.home = home, .applicationSupport = dataHome}));
+    ASSERT_TRUE(running) << "the lock a running application holds";
     expectResult(ChildProcess::run(launch(tidePath(), {"show", "ignored"}, home), 5s), "", "", 0);
     EXPECT_EQ(readFile(dataFolder() + "/.showOnLaunch"), "");
     // The started application finds the lock held and asks the running one to show its shelf.
-    EXPECT_TRUE(listener.waitFor(showShelf));
+    EXPECT_TRUE(listener.waitFor("Tidewell.showShelf"));
 }
 
 } // namespace

@@ -1,4 +1,3 @@
-#include "core/items/InternetDate.h"
 #include "core/items/ItemsJson.h"
 #include "e2e/EndToEndTest.h"
 
@@ -34,29 +33,17 @@ TEST_F(BadInputTest, LinkLoopsAreNoFoldersAndDoNotStopAnAdd) {
     EXPECT_EQ(storedItems()[0].path, loops);
 }
 
-TEST_F(BadInputTest, QuotesBackslashesAndLineFeedsInAPathAreStoredEscapedAndListedRaw) {
+// How the items file escapes such text is pinned by the unit tests of its writer; here the
+// text comes back whole.
+TEST_F(BadInputTest, QuotesBackslashesAndLineFeedsInAPathAreStoredAndListedRaw) {
     const std::string name = "it's \"quoted\" back\\slash\nline";
     const std::string folder = project(name);
 
     expectResult(tide({"add", "."}, folder), "Pinned: " + name + "\n", "", 0);
     const std::vector<NotchItem> stored = storedItems();
     ASSERT_EQ(stored.size(), 1u);
-    EXPECT_EQ(itemsFileBytes(), filled(R"([
-  {
-    "createdAt" : "<date>",
-    "id" : "<id>",
-    "initials" : "IS",
-    "isFavorite" : true,
-    "lastOpenedAt" : "<date>",
-    "launchCommand" : "",
-    "name" : "it's \"quoted\" back\\slash\nline",
-    "path" : "<projects>\/it's \"quoted\" back\\slash\nline",
-    "tintHex" : "#2FA57C"
-  }
-])",
-                                       {{"<date>", InternetDate::format(stored[0].createdAt)},
-                                        {"<id>", stored[0].id.text()},
-                                        {"<projects>", root.path() + "/projects"}}));
+    EXPECT_EQ(stored[0].name, name);
+    EXPECT_EQ(stored[0].path, folder);
     expectResult(tide({"list"}, folder), "* " + name + "\t" + folder + "\n", "", 0);
 }
 

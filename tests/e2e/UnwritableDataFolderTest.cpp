@@ -1,37 +1,13 @@
 #include "e2e/EndToEndTest.h"
 
 #include <filesystem>
-#include <functional>
 #include <unistd.h>
 
 namespace tidewell::testing {
 namespace {
 
 // Tests may run as root, whom permission bits do not stop: every case here stops root too.
-class UnwritableDataFolderTest : public EndToEndTest {
-protected:
-    // Adding and removing, run through `wrapped`, fail with the reason and change nothing.
-    void expectSavesFail(
-        const std::string& reason,
-        const std::function<std::vector<std::string>(std::vector<std::string>)>& wrapped =
-            [](auto command) { return command; }) {
-        const std::string before = itemsFileBytes();
-        for (const std::vector<std::string>& arguments :
-             std::vector<std::vector<std::string>>{{"add", "."}, {"remove", "kept"}}) {
-            ChildProcess::Launch command = launch(tidePath(), arguments, project("web"));
-            command.arguments = wrapped(command.arguments);
-            expectResult(ChildProcess::run(command), "", "tide: " + reason + "\n", 1);
-        }
-        EXPECT_EQ(itemsFileBytes(), before);
-    }
-
-    // A user without the right to mount gets it inside a user namespace of its own.
-    static std::vector<std::string> unshare() {
-        if (::geteuid() == 0)
-            return {"unshare", "--mount"};
-        return {"unshare", "--map-root-user", "--mount"};
-    }
-};
+using UnwritableDataFolderTest = EndToEndTest;
 
 TEST_F(UnwritableDataFolderTest, ADataFolderBelowARegularFileFailsEverySaveWithItsReason) {
     const std::string file = root.write("plain-file", "not a folder");
@@ -46,31 +22,32 @@ TEST_F(UnwritableDataFolderTest, ADataFolderBelowARegularFileFailsEverySaveWithI
     EXPECT_EQ(readFile(file), "not a folder");
 }
 
-TEST_F(UnwritableDataFolderTest, ALockFileThatIsAFolderFailsTheSaveAndKeepsTheItems) {
-    ASSERT_EQ(tide({"add", "."}, project("kept")).status, 0);
-    std::filesystem::remove(dataFolder() + "/items.lock");
-    std::filesystem::create_directory(dataFolder() + "/items.lock");
-    expectSavesFail("Cannot open the lock file " + dataFolder() + "/items.lock: Is a directory");
-}
-
 // The tool runs in a mount namespace of its own, with the data folder mounted read-only.
 TEST_F(UnwritableDataFolderTest, AReadOnlyDataFolderFailsTheSaveAndKeepsTheItems) {
-    std::vector<std::string> probe = unshare();
-    probe.insert(probe.end(), {"sh", "-c", R"(mount --bind -o ro "$0" "$0")", root.path()});
-    if (ChildProcess::run({.arguments = probe, .environment = environment()}).status != 0)
+    const auto runWithReadOnly = [](const std::string& folder, ChildProcess::Launch command) {
+        std::vector<std::string> wrapped = {
+            "unshare", "--mount", "sh", "-c", R"(mount --bind -o ro "$0" "$0" && exec "$@")",
+            folder};
+        // A user without the right to mount gets it inside a user namespace of its own.
+        if (::geteuid() != 0)
+            wrapped.insert(wrapped.begin() + 1, "--map-root-user");
+        wrapped.insert(wrapped.end(), command.arguments.begin(), command.arguments.end());
+        command.arguments = wrapped;
+        return ChildProcess::run(command);
+    };
+    if (runWithReadOnly(root.path(), launch("true", {}, root.path())).status != 0)
         GTEST_SKIP() << "this machine allows no mount namespace";
     ASSERT_EQ(tide({"add", "."}, project("kept")).status, 0);
+    const std::string before = itemsFileBytes();
 
-    expectSavesFail("Cannot open the lock file " + dataFolder() +
-                        "/items.lock: Read-only file system",
-                    [&](const std::vector<std::string>& command) {
-                        std::vector<std::string> wrapped = unshare();
-                        wrapped.insert(wrapped.end(),
-                                       {"sh", "-c", R"(mount --bind -o ro "$0" "$0" && exec "$@")",
-                                        dataFolder()});
-                        wrapped.insert(wrapped.end(), command.begin(), command.end());
-                        return wrapped;
-                    });
+    for (const std::vector<std::string>& arguments :
+         std::vector<std::vector<std::string>>{{"add", "."}, {"remove", "kept"}})
+        expectResult(runWithReadOnly(dataFolder(), launch(tidePath(), arguments, project("web"))),
+                     "",
+                     "tide: Cannot open the lock file " + dataFolder() +
+                         "/items.lock: Read-only file system\n",
+                     1);
+    EXPECT_EQ(itemsFileBytes(), before);
     EXPECT_EQ(entries(dataFolder()), (std::vector<std::string>{"items.json", "items.lock"}));
 }
 

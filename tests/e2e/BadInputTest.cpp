@@ -24,8 +24,6 @@ TEST_F(BadInputTest, LinkLoopsAreNoFoldersAndDoNotStopAnAdd) {
     expectResult(tide({"add", "loop-a"}, loops), "", "Path does not exist: " + loops + "/loop-a\n",
                  2);
     expectResult(tide({"self"}, loops), "", "Path does not exist: " + loops + "/self\n", 2);
-    expectResult(tide({"open", "./self/"}, loops), "", "Path does not exist: " + loops + "/self\n",
-                 2);
     EXPECT_FALSE(readFile(itemsFile()));
 
     expectResult(tide({"add", "."}, loops), "Pinned: loops\n", "", 0);

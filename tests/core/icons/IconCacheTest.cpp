@@ -15,10 +15,6 @@ const std::string itemText = "3F2504E0-4F89-11D3-9A0C-0305E82C3301";
 class IconCacheTest : public ::testing::Test {
 protected:
     std::string read(const std::string& path) const { return files.readFile(path).value_or(""); }
-    std::size_t cachedFileCount() const {
-        const auto entries = files.list(cacheDirectory);
-        return entries.size();
-    }
 
     testing::TemporaryDirectory temporary;
     PosixFileSystem files;
@@ -40,7 +36,7 @@ TEST_F(IconCacheTest, CopiesIntoTheCacheUnderTheItemsIdAndLowerCasedExtension) {
     EXPECT_EQ(cache.cache(icns, item), cacheDirectory + "/" + itemText + ".icns");
     EXPECT_EQ(cache.cache(temporary.path() + "/project/./sub/../App.icns", item),
               cacheDirectory + "/" + itemText + ".icns");
-    EXPECT_EQ(cachedFileCount(), 2u);
+    EXPECT_EQ(files.list(cacheDirectory).size(), 2u);
 }
 
 TEST_F(IconCacheTest, LeavesPathsInsideTheCacheAsTheyAre) {
@@ -49,7 +45,7 @@ TEST_F(IconCacheTest, LeavesPathsInsideTheCacheAsTheyAre) {
     temporary.write("data/Tidewell/Icons/other.png", "cached");
     const std::string other = cacheDirectory + "/other.png";
     EXPECT_EQ(cache.cache(other, item), other);
-    EXPECT_EQ(cachedFileCount(), 1u);
+    EXPECT_EQ(files.list(cacheDirectory).size(), 1u);
 }
 
 TEST_F(IconCacheTest, ManagedMeansBelowTheCacheDirectoryAfterStandardizing) {

@@ -36,11 +36,21 @@ void silence(posix_spawn_file_actions_t* actions) {
     posix_spawn_file_actions_addopen(actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
 }
 
+// A server that ignores the request to end (openbox can, when it comes early in its start)
+// is killed after two seconds, so that a test never hangs on it.
 void stop(pid_t pid) {
     if (pid <= 0)
         return;
     ::kill(pid, SIGTERM);
-    ::waitpid(pid, nullptr, 0);
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(2);
+    while (::waitpid(pid, nullptr, WNOHANG) == 0) {
+        if (std::chrono::steady_clock::now() >= deadline) {
+            ::kill(pid, SIGKILL);
+            ::waitpid(pid, nullptr, 0);
+            return;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
 }
 
 // Xvfb writes the display number it chose to the descriptor once it accepts clients.

@@ -5,6 +5,7 @@
 #include "core/login/LaunchAgentManager.h"
 #include "core/notify/NotificationCenter.h"
 #include "core/observe/Signal.h"
+#include "core/platform/FileSystem.h"
 #include "core/platform/FolderChooser.h"
 #include "core/platform/KeyValueStore.h"
 #include "core/settings/AppearanceSettings.h"
@@ -27,6 +28,7 @@ public:
         KeyValueStore& defaults;
         NotificationCenter& localCenter;
         FolderChooser& folders;
+        const FileSystem& files; // tells dropped folders from files
         const TerminalLauncher& terminal;
         const CodexAppLauncher& codex;
         // False where the display server cannot keep a window out of screen recordings.
@@ -57,6 +59,9 @@ public:
     Signal<> changed;
 
 private:
+    // Emits changed when the value differs.
+    void assign(bool& state, bool value);
+
     Services services_;
     bool startsAtLogin_;
     bool isDropTargeted_ = false;

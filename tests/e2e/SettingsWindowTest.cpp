@@ -95,10 +95,19 @@ TEST_F(SettingsWindowTest, TheGearOpensTheSettingsWhereTypingANameRenamesTheProj
     const std::vector<unsigned long> nameBefore = tileName(*tile);
     openSettings();
 
-    // The name field is beside the icon, in the upper half of the row.
+    // Shown, the window takes the keyboard: keys typed before that would go astray.
+    ASSERT_TRUE(waitUntil([&] { return inspector.focusedWindow() == settings; }))
+        << "the settings window does not have the keyboard";
+    // The name field is beside the icon, in the upper half of the row; its frame takes the
+    // accent colour once it has the keyboard.
     const auto [iconX, iconY] = *markedIconCentre();
-    hand.movePointerTo(iconX + 22 + 12 + 80, iconY - 9);
+    const int fieldLeft = iconX + 22 + 12;
+    const unsigned long unfocusedFrame = inspector.screenPixel(fieldLeft, iconY - 9);
+    hand.movePointerTo(fieldLeft + 80, iconY - 9);
     hand.click(1);
+    ASSERT_TRUE(waitUntil([&] {
+        return inspector.screenPixel(fieldLeft, iconY - 9) != unfocusedFrame;
+    })) << "the name field did not take the keyboard";
     hand.typeKey("a", {"Control_L"});
     hand.typeText("site");
     EXPECT_TRUE(waitUntil([&] {

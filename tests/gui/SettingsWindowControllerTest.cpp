@@ -1,16 +1,19 @@
 #include "gui/SettingsWindowController.h"
 
 #include "gui/EventLoopWait.h"
+#include "gui/ItemSettingsModel.h"
 #include "gui/SettingsFixture.h"
 #include "gui/WarningRecorder.h"
 
 #include <QCursor>
 #include <QGuiApplication>
+#include <QQmlContext>
 #include <QQuickItem>
 #include <QQuickView>
 #include <QScreen>
 #include <QTest>
 #include <gtest/gtest.h>
+#include <set>
 
 namespace tidewell {
 namespace {
@@ -118,6 +121,39 @@ TEST_F(SettingsWindowControllerTest, TypingInANameFieldSavesEachKeyAndKeepsTheCu
     EXPECT_EQ(database.load().at(0).name, "alXYpha");
     EXPECT_EQ(field->property("text").toString(), "alXYpha");
     EXPECT_EQ(field->property("cursorPosition").toInt(), 4);
+}
+
+// The header's button, three pickers, two switches, four controls per project and five more
+// in open details: all in turn, and each is scrolled into view.
+TEST_F(SettingsWindowControllerTest, TabReachesEveryControlAndShowsIt) {
+    for (const char* name : {"alpha", "beta", "gamma"})
+        pin(name);
+    ASSERT_TRUE(show());
+    auto* rows = window.rootContext()->contextProperty("projects").value<ItemSettingsModel*>();
+    ASSERT_NE(rows, nullptr);
+    int frames = 0;
+    QObject::connect(&window, &QQuickWindow::frameSwapped, [&] { ++frames; });
+    rows->toggleDetails(2);
+    ASSERT_TRUE(processEventsUntil([&] { return frames > 0; })) << "the details were not laid out";
+
+    std::set<QQuickItem*> reached;
+    QQuickItem* first = nullptr;
+    for (int press = 0; press < 40; ++press) {
+        QTest::keyClick(&window, Qt::Key_Tab);
+        QQuickItem* focused = window.activeFocusItem();
+        ASSERT_NE(focused, nullptr);
+        if (focused == first)
+            break;
+        first = first ? first : focused;
+        reached.insert(focused);
+        ASSERT_TRUE(processEventsUntil([&] {
+            const QRectF shown =
+                focused->mapRectToItem(window.contentItem(), focused->boundingRect());
+            return shown.top() >= 0 && shown.bottom() <= window.height();
+        })) << "focus went below the window: "
+            << focused->metaObject()->className();
+    }
+    EXPECT_EQ(reached.size(), 1u + 3 + 2 + 4 * 3 + 5);
 }
 
 } // namespace

@@ -68,9 +68,22 @@ SettingsCard {
             contentItem: RowLayout {
                 spacing: 4
 
+                // As wide open as closed, so that the rows' switches line up.
                 Label {
+                    Layout.preferredWidth: Math.max(editWidth.advanceWidth, hideWidth.advanceWidth)
                     text: detailsButton.text
                     color: style.primary
+
+                    TextMetrics {
+                        id: editWidth
+                        font: detailsButton.font
+                        text: "Edit details"
+                    }
+                    TextMetrics {
+                        id: hideWidth
+                        font: detailsButton.font
+                        text: "Hide details"
+                    }
                 }
                 SymbolImage {
                     name: "chevron.down"

@@ -41,6 +41,28 @@ Pane {
         sequence: "Ctrl+N"
         onActivated: settings.chooseNewFolder()
     }
+    // The control that takes the keyboard, by Tab for example, is scrolled into view.
+    Connections {
+        target: root.Window.window
+        function onActiveFocusItemChanged() {
+            const item = root.Window.activeFocusItem
+            let ancestor = item
+            while (ancestor && ancestor !== page)
+                ancestor = ancestor.parent
+            if (!ancestor)
+                return
+            const flickable = scroll.contentItem
+            const top = item.mapToItem(page, 0, 0).y - 20
+            const bottom = top + item.height + 40
+            const shown = top >= flickable.contentY
+                        && bottom <= flickable.contentY + flickable.height
+            if (shown)
+                return
+            const wanted = top < flickable.contentY ? top : bottom - flickable.height
+            flickable.contentY = Math.max(0, Math.min(wanted,
+                                                      flickable.contentHeight - flickable.height))
+        }
+    }
     ScrollView {
         id: scroll
         anchors.fill: parent

@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QFileDialog>
+#include <QImageReader>
 #include <QMimeDatabase>
 
 namespace tidewell {
@@ -16,11 +17,15 @@ std::optional<std::string> QtImageChooser::chooseImage() {
     return QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString();
 }
 
+// Without the desktop's MIME database (shared-mime-info), the images Qt itself can read.
 QStringList QtImageChooser::imagePatterns() {
     QStringList patterns;
     for (const QMimeType& type : QMimeDatabase().allMimeTypes())
         if (type.name().startsWith(QStringLiteral("image/")))
             patterns.append(type.globPatterns());
+    if (patterns.isEmpty())
+        for (const QByteArray& format : QImageReader::supportedImageFormats())
+            patterns.append(QStringLiteral("*.") + QString::fromLatin1(format));
     patterns.removeDuplicates();
     patterns.sort();
     return patterns;

@@ -11,7 +11,7 @@ class QtImageChooser : public ImageChooser {
 public:
     std::optional<std::string> chooseImage() override;
 
-    // The file-name patterns of every image type the system knows ("*.png", "*.svg" ...).
+    // The file-name patterns of every image type the desktop knows ("*.png", "*.svg" ...).
     static QStringList imagePatterns();
 };
 

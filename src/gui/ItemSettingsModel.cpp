@@ -45,64 +45,72 @@ int ItemSettingsModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : count();
 }
 
-// The same ids in the same order change rows in place; anything else makes the rows anew,
-// keeping the rows (and their open details) of the items that stay.
+// The same ids in the same order change rows in place; anything else makes the rows anew.
 void ItemSettingsModel::reload() {
     const std::vector<NotchItem>& items = services_.store.items();
-    auto& entries = state_->entries;
-    const auto applicationFolder = services_.applicationFolder.toStdString();
     const bool sameIds =
-        std::ranges::equal(items, entries, [](const NotchItem& item, const auto& entry) {
+        std::ranges::equal(items, state_->entries, [](const NotchItem& item, const auto& entry) {
             return item.id == entry->item.id;
         });
-    if (sameIds) {
-        for (std::size_t row = 0; row < items.size(); ++row) {
-            Entry& entry = *entries[row];
-            const QUrl iconSource =
-                projectImageUrl(items[row], services_.iconCache, applicationFolder);
-            if (entry.item == items[row] && entry.iconSource == iconSource)
-                continue;
-            entry.item = items[row];
-            entry.iconSource = iconSource;
-            const QModelIndex changed = index(static_cast<int>(row));
-            emit dataChanged(changed, changed);
-        }
-        return;
+    if (sameIds)
+        updateInPlace(items);
+    else
+        rebuild(items);
+}
+
+void ItemSettingsModel::updateInPlace(const std::vector<NotchItem>& items) {
+    for (std::size_t row = 0; row < items.size(); ++row) {
+        Entry& entry = *state_->entries[row];
+        const QUrl iconSource = iconSourceOf(items[row]);
+        if (entry.item == items[row] && entry.iconSource == iconSource)
+            continue;
+        entry.item = items[row];
+        entry.iconSource = iconSource;
+        const QModelIndex changed = index(static_cast<int>(row));
+        emit dataChanged(changed, changed);
     }
+}
+
+// The rows (and their open details) of the items that stay are kept.
+void ItemSettingsModel::rebuild(const std::vector<NotchItem>& items) {
     const int previousCount = count();
     beginResetModel();
-    std::vector<std::unique_ptr<Entry>> previous = std::move(entries);
-    entries.clear();
+    std::vector<std::unique_ptr<Entry>> previous = std::move(state_->entries);
+    state_->entries.clear();
     for (const NotchItem& item : items) {
         const auto kept = std::ranges::find_if(
             previous, [&](const auto& entry) { return entry && entry->item.id == item.id; });
-        auto entry = kept != previous.end() ? std::move(*kept) : std::make_unique<Entry>();
+        auto entry = kept != previous.end() ? std::move(*kept) : makeEntry(item);
         entry->item = item;
-        entry->iconSource = projectImageUrl(item, services_.iconCache, applicationFolder);
-        if (!entry->row) {
-            entry->row = std::make_unique<ItemSettingsRow>(
-                ItemSettingsRow::Services{services_.store, services_.iconCache, services_.folders,
-                                          services_.images},
-                item.id);
-            Entry* raw = entry.get();
-            entry->rowConnection = entry->row->changed.connect([this, raw] {
-                const auto found =
-                    std::ranges::find_if(state_->entries, [raw](const auto& candidate) {
-                        return candidate.get() == raw;
-                    });
-                if (found == state_->entries.end())
-                    return;
-                const QModelIndex changed =
-                    index(static_cast<int>(found - state_->entries.begin()));
-                emit dataChanged(changed, changed, {ShowsDetailsRole});
-            });
-        }
-        entries.push_back(std::move(entry));
+        entry->iconSource = iconSourceOf(item);
+        state_->entries.push_back(std::move(entry));
     }
     endResetModel();
     retire(std::move(previous));
     if (count() != previousCount)
         emit countChanged();
+}
+
+std::unique_ptr<ItemSettingsModel::Entry> ItemSettingsModel::makeEntry(const NotchItem& item) {
+    auto entry = std::make_unique<Entry>();
+    entry->row = std::make_unique<ItemSettingsRow>(
+        ItemSettingsRow::Services{services_.store, services_.iconCache, services_.folders,
+                                  services_.images},
+        item.id);
+    entry->rowConnection = entry->row->changed.connect([this, raw = entry.get()] {
+        const auto& entries = state_->entries;
+        const auto found = std::ranges::find_if(
+            entries, [raw](const auto& candidate) { return candidate.get() == raw; });
+        if (found == entries.end())
+            return;
+        const QModelIndex changed = index(static_cast<int>(found - entries.begin()));
+        emit dataChanged(changed, changed, {ShowsDetailsRole});
+    });
+    return entry;
+}
+
+QUrl ItemSettingsModel::iconSourceOf(const NotchItem& item) const {
+    return projectImageUrl(item, services_.iconCache, services_.applicationFolder.toStdString());
 }
 
 // A row that removes its own item is still running when the store tells of it: the rows of

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractListModel>
+#include <QUrl>
 #include <memory>
 #include <vector>
 
@@ -10,6 +11,7 @@ class FolderChooser;
 class IconCache;
 class ImageChooser;
 class ItemStore;
+struct NotchItem;
 
 // The settings window's project rows: every item of the store, in the store's order, each
 // edited through a row of its own that writes through at once. An edit changes a row's data
@@ -63,11 +65,15 @@ signals:
     void countChanged();
 
 private:
-    void reload();
-
     // Kept out of this header: the meta-object compiler cannot read the core's C++20 headers.
     struct State;
     struct Entry;
+
+    void reload();
+    void updateInPlace(const std::vector<NotchItem>& items);
+    void rebuild(const std::vector<NotchItem>& items);
+    std::unique_ptr<Entry> makeEntry(const NotchItem& item);
+    QUrl iconSourceOf(const NotchItem& item) const;
     Entry* entry(int row) const;
     void retire(std::vector<std::unique_ptr<Entry>> entries);
 

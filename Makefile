@@ -23,7 +23,7 @@ test: build
 bench: build
 	cmake --build $(BUILD) --target bench
 
-# The README's pictures of the shelf, taken on a virtual display.
+# The README's pictures of the shelf and the settings window, taken on a virtual display.
 screenshots: build
 	BUILD=$(BUILD) scripts/screenshots.sh
 

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Takes the README's pictures of the open shelf: both appearances, light and dark desktops,
-# with 0, 3 and 12 projects. Runs the built program on a virtual display of its own with a
-# home folder of its own; writes docs/shelf-<appearance>-<scheme>-<count>.png.
+# Takes the README's pictures: the open shelf in both appearances, light and dark desktops,
+# with 0, 3 and 12 projects, and the settings window on light and dark desktops with three
+# projects. Runs the built program on a virtual display of its own with a home folder of
+# its own; writes docs/shelf-<appearance>-<scheme>-<count>.png and docs/settings-<scheme>.png.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 build=${BUILD:-build}
@@ -37,13 +38,12 @@ pin_projects() {
   done
 }
 
-# $1 appearance (notchBlack, warmGlass), $2 scheme (light, dark), $3 project count.
-shoot() {
-  local appearance=$1 scheme=$2 count=$3
-  local home="$work/home-$appearance-$scheme-$count"
+# $1 home, $2 appearance (notchBlack, warmGlass), $3 scheme (light, dark), $4 project count:
+# a home with these preferences and projects.
+make_home() {
+  local home=$1 appearance=$2 scheme=$3 count=$4
   mkdir -p "$home/.config/Tidewell"
   printf '[General]\nshelfAppearance=%s\n' "$appearance" >"$home/.config/Tidewell/Tidewell.conf"
-  local desktop=()
   if [[ $scheme == dark ]]; then
     # The desktop's own colour settings, as a KDE session keeps them.
     cat >"$home/.config/kdeglobals" <<'COLOURS'
@@ -56,22 +56,71 @@ ForegroundNormal=239,240,241
 [Colors:Button]
 BackgroundNormal=49,54,59
 ForegroundNormal=239,240,241
+[Colors:Selection]
+BackgroundNormal=61,174,233
+ForegroundNormal=252,252,252
 COLOURS
-    desktop=(XDG_CURRENT_DESKTOP=KDE KDE_SESSION_VERSION=5)
   fi
   pin_projects "$home" "$count"
+}
+
+# $1 home, $2 scheme: starts the application there in the background; its pid is in $app.
+start_app() {
+  local home=$1 scheme=$2 desktop=()
+  [[ $scheme == dark ]] && desktop=(XDG_CURRENT_DESKTOP=KDE KDE_SESSION_VERSION=5)
   env HOME="$home" XDG_DATA_HOME="$home/.local/share" XDG_CONFIG_HOME="$home/.config" \
     "${desktop[@]}" "$build/tidewell" >/dev/null 2>&1 &
-  local app=$!
+  app=$!
   sleep 1.5
-  # Warps make no pointer events: warp near the notch, then move onto it.
-  xdotool mousemove 960 40 mousemove_relative -- 0 -35
-  sleep 0.8
-  local file="$out/shelf-$appearance-$scheme-$count.png"
-  import -window root -crop 1000x190+460+0 +repage "$file"
+}
+
+stop_app() {
   kill "$app"
   wait "$app" 2>/dev/null || true
   xdotool mousemove 960 700 mousemove_relative 0 1
+}
+
+# Warps make no pointer events: warp near the notch, then move onto it.
+open_shelf() {
+  xdotool mousemove 960 40 mousemove_relative -- 0 -35
+  sleep 0.8
+}
+
+# $1 appearance, $2 scheme, $3 project count.
+shoot() {
+  local appearance=$1 scheme=$2 count=$3
+  local home="$work/home-$appearance-$scheme-$count"
+  make_home "$home" "$appearance" "$scheme" "$count"
+  start_app "$home" "$scheme"
+  open_shelf
+  local file="$out/shelf-$appearance-$scheme-$count.png"
+  import -window root -crop 1000x190+460+0 +repage "$file"
+  stop_app
+  echo "$file"
+}
+
+# $1 scheme: the settings window with three projects, the first one's details open, made
+# tall enough to show them all.
+shoot_settings() {
+  local scheme=$1
+  local home="$work/$scheme/home/alex"
+  make_home "$home" notchBlack "$scheme" 3
+  start_app "$home" "$scheme"
+  open_shelf
+  # The gear tile follows the three tiles of a shelf 257 wide, centred on the screen.
+  xdotool mousemove 1062 60 mousemove_relative -- 0 7 click 1
+  sleep 1
+  local window
+  window=$(xdotool search --sync --onlyvisible --name '^Tidewell Settings$' | head -n 1)
+  xdotool windowsize "$window" 700 800
+  sleep 0.5
+  # "Edit details" of the first project, then away from the window.
+  xdotool mousemove --window "$window" 613 400 click 1
+  xdotool mousemove 1800 1000 mousemove_relative 0 1
+  sleep 0.8
+  local file="$out/settings-$scheme.png"
+  import -window "$window" "$file"
+  stop_app
   echo "$file"
 }
 
@@ -81,4 +130,7 @@ for appearance in notchBlack warmGlass; do
       shoot "$appearance" "$scheme" "$count"
     done
   done
+done
+for scheme in light dark; do
+  shoot_settings "$scheme"
 done

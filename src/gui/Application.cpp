@@ -7,7 +7,9 @@
 #include "gui/ItemsFileWatcher.h"
 #include "gui/QtAlertPresenter.h"
 #include "gui/QtFolderChooser.h"
+#include "gui/QtImageChooser.h"
 #include "gui/QtRunningApplication.h"
+#include "gui/QuickPanelWindow.h"
 #include "gui/SdBusPump.h"
 #include "gui/SettingsWindowController.h"
 #include "gui/ShelfPanel.h"
@@ -48,16 +50,31 @@ struct Application::Parts {
     TerminalLauncher terminal{
         {files, launcher, executables, queue, userShell(), XdgPaths::runtimeFolder()}};
     CodexAppLauncher codex{workspace};
-    SettingsWindowController settingsWindow;
+    // The settings window is made further down, with what it needs; the actions open it
+    // only once everything is made.
     TileActions tileActions{
         {store, appearance, terminal, codex, workspace, [this] { settingsWindow.show(); }}};
     const ApplicationLocation application = currentApplicationLocation();
     XdgAutostartLoginItemService loginItems{files, XdgPaths::configHome(), application};
     LaunchAgentManager launchAtLogin{files, loginItems, paths, application};
+    QtFolderChooser folderChooser;
+    QtImageChooser imageChooser;
+    SettingsWindowController settingsWindow{
+        {.store = store,
+         .appearance = appearance,
+         .launchAtLogin = launchAtLogin,
+         .defaults = defaults,
+         .localCenter = localCenter,
+         .folders = folderChooser,
+         .images = imageChooser,
+         .files = files,
+         .iconCache = iconCache,
+         .terminal = terminal,
+         .codex = codex,
+         .canHideFromScreenCapture = QuickPanelWindow::canHideFromSharing}};
     ShelfPanel shelf{{store, appearance, tileActions, queue, localCenter, iconCache, files,
                       [this] { settingsWindow.show(); }}};
     StatusMenu statusMenu{localCenter, symbolIcon("rectangle.topthird.inset.filled")};
-    QtFolderChooser folderChooser;
     QtAlertPresenter alerts;
     QtRunningApplication runningApplication;
     AppDelegate delegate{{.store = store,

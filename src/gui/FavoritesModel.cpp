@@ -1,12 +1,10 @@
 #include "gui/FavoritesModel.h"
 
-#include "core/icons/ProjectImage.h"
-#include "core/items/Color.h"
 #include "core/observe/Signal.h"
 #include "core/store/ItemStore.h"
+#include "gui/ProjectImageUrl.h"
+#include "gui/TintColor.h"
 
-#include <QColor>
-#include <QUrl>
 #include <algorithm>
 
 namespace tidewell {
@@ -15,12 +13,6 @@ namespace {
 
 QString toQt(const std::string& text) {
     return QString::fromStdString(text);
-}
-
-QColor tint(const NotchItem& item) {
-    const Color color = Color::fromNotchHex(item.tintHex);
-    return QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green),
-                            static_cast<float>(color.blue));
 }
 
 bool holds(const std::vector<NotchItem>& items, const Uuid& id) {
@@ -115,11 +107,9 @@ QVariant FavoritesModel::data(const QModelIndex& index, int role) const {
     case InitialsRole:
         return toQt(item.initials);
     case TintRole:
-        return tint(item);
-    case ImageSourceRole: {
-        const auto image = projectImagePath(item, state_->iconCache, state_->applicationFolder);
-        return image ? QUrl::fromLocalFile(toQt(*image)) : QUrl();
-    }
+        return tintColor(toQt(item.tintHex));
+    case ImageSourceRole:
+        return projectImageUrl(item, state_->iconCache, state_->applicationFolder);
     case HasStartCommandRole:
         return !item.launchCommand.empty();
     default:

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <thread>
 
 namespace tidewell::testing {
@@ -39,6 +40,21 @@ std::string RunningApplicationTest::addProject(const std::string& name,
     const ProcessResult result = tide(arguments, home);
     EXPECT_EQ(result.status, 0) << result.standardError;
     return folder;
+}
+
+std::vector<std::string> RunningApplicationTest::pinnedFolders() const {
+    std::vector<NotchItem> pinned;
+    for (const NotchItem& item : storedItems())
+        if (item.isFavorite)
+            pinned.push_back(item);
+    std::ranges::stable_sort(pinned, {}, [](const NotchItem& item) {
+        return std::pair(item.sortOrder.value_or(std::numeric_limits<std::int64_t>::max()),
+                         item.createdAt);
+    });
+    std::vector<std::string> folders;
+    for (const NotchItem& item : pinned)
+        folders.push_back(item.path);
+    return folders;
 }
 
 WindowRect RunningApplicationTest::panelGeometry(int tiles) {

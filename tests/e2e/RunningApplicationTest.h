@@ -31,6 +31,9 @@ protected:
     // Pins a new project folder of this name through the command line.
     std::string addProject(const std::string& name, const std::vector<std::string>& options = {});
 
+    // The pinned folders as the shelf orders them: placed ones first, by their place.
+    std::vector<std::string> pinnedFolders() const;
+
     // Where the panel window lies while it shows that many tiles.
     static WindowRect panelGeometry(int tiles);
     bool isShelfShown() { return inspector.isViewable(panel); }

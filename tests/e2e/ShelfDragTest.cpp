@@ -2,8 +2,6 @@
 #include "e2e/RunningApplicationTest.h"
 #include "support/PointerDrag.h"
 
-#include <algorithm>
-#include <limits>
 #include <thread>
 
 namespace tidewell::testing {
@@ -13,22 +11,6 @@ using namespace std::chrono_literals;
 
 class ShelfDragTest : public RunningApplicationTest {
 protected:
-    // The pinned folders as the shelf orders them: placed ones first, by their place.
-    std::vector<std::string> pinnedFolders() const {
-        std::vector<NotchItem> pinned;
-        for (const NotchItem& item : storedItems())
-            if (item.isFavorite)
-                pinned.push_back(item);
-        std::ranges::stable_sort(pinned, {}, [](const NotchItem& item) {
-            return std::pair(item.sortOrder.value_or(std::numeric_limits<std::int64_t>::max()),
-                             item.createdAt);
-        });
-        std::vector<std::string> folders;
-        for (const NotchItem& item : pinned)
-            folders.push_back(item.path);
-        return folders;
-    }
-
     // Another application's window at the point, offering the paths as a file drag.
     std::unique_ptr<ChildProcess> startDragSource(int x, int y,
                                                   const std::vector<std::string>& paths) {

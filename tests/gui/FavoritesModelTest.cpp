@@ -101,8 +101,8 @@ TEST_F(FavoritesModelTest, LoadsOnlyCachedImagesAndDrawsInitialsForOthers) {
     queue.runUntilIdle();
 
     ASSERT_EQ(model.rowCount(), 2);
-    EXPECT_EQ(value(0, FavoritesModel::ImageSourceRole).toUrl(),
-              QUrl::fromLocalFile(QString::fromStdString(*cached.iconPath)));
+    EXPECT_EQ(value(0, FavoritesModel::ImageSourceRole).toUrl().toLocalFile().toStdString(),
+              *cached.iconPath);
     EXPECT_TRUE(value(1, FavoritesModel::ImageSourceRole).toUrl().isEmpty());
     EXPECT_EQ(value(1, FavoritesModel::InitialsRole).toString().toStdString(), external.initials);
 }

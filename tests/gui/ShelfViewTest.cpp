@@ -5,6 +5,7 @@
 #include "gui/EventLoopWait.h"
 #include "gui/PanelMargins.h"
 #include "gui/ShelfFixture.h"
+#include "gui/WarningRecorder.h"
 #include "support/FakeBackgroundQueue.h"
 #include "support/FakePanelWindow.h"
 #include "support/FakePointer.h"
@@ -16,23 +17,7 @@
 namespace tidewell {
 namespace {
 
-// Every warning Qt reports while it is installed.
-class WarningRecorder {
-public:
-    WarningRecorder() : previous_(qInstallMessageHandler(&record)) { messages().clear(); }
-    ~WarningRecorder() { qInstallMessageHandler(previous_); }
-    static std::vector<std::string>& messages() {
-        static std::vector<std::string> recorded;
-        return recorded;
-    }
-
-private:
-    static void record(QtMsgType type, const QMessageLogContext&, const QString& message) {
-        if (type != QtDebugMsg && type != QtInfoMsg)
-            messages().push_back(message.toStdString());
-    }
-    QtMessageHandler previous_;
-};
+using testing::WarningRecorder;
 
 struct Outline {
     QRectF rect;

@@ -3,6 +3,8 @@
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/extensions/XTest.h>
+#include <cctype>
+#include <map>
 #include <stdexcept>
 #include <thread>
 
@@ -93,13 +95,36 @@ void X11TestClient::click(unsigned button) {
     XSync(display_, False);
 }
 
-void X11TestClient::typeKey(const std::string& keysymName) {
-    const KeyCode key = XKeysymToKeycode(display_, XStringToKeysym(keysymName.c_str()));
-    if (key == 0)
-        throw std::runtime_error("no key for " + keysymName);
+void X11TestClient::typeKey(const std::string& keysymName,
+                            const std::vector<std::string>& modifiers) {
+    const auto keyCode = [this](const std::string& name) {
+        const KeyCode key = XKeysymToKeycode(display_, XStringToKeysym(name.c_str()));
+        if (key == 0)
+            throw std::runtime_error("no key for " + name);
+        return key;
+    };
+    for (const std::string& modifier : modifiers)
+        XTestFakeKeyEvent(display_, keyCode(modifier), True, CurrentTime);
+    const KeyCode key = keyCode(keysymName);
     XTestFakeKeyEvent(display_, key, True, CurrentTime);
     XTestFakeKeyEvent(display_, key, False, CurrentTime);
+    for (auto modifier = modifiers.rbegin(); modifier != modifiers.rend(); ++modifier)
+        XTestFakeKeyEvent(display_, keyCode(*modifier), False, CurrentTime);
     XSync(display_, False);
+}
+
+void X11TestClient::typeText(const std::string& text) {
+    static const std::map<char, std::string> punctuation = {
+        {' ', "space"}, {'.', "period"}, {'-', "minus"}};
+    for (const char c : text) {
+        const auto found = punctuation.find(c);
+        if (found != punctuation.end())
+            typeKey(found->second);
+        else if (std::isupper(static_cast<unsigned char>(c)))
+            typeKey(std::string(1, static_cast<char>(std::tolower(c))), {"Shift_L"});
+        else
+            typeKey(std::string(1, c));
+    }
 }
 
 void X11TestClient::offerDrag(unsigned long window, const std::vector<std::string>& types) {

@@ -49,8 +49,11 @@ public:
     void setPrimaryButton(bool pressed);
     // Presses and releases the button (1 primary, 3 secondary).
     void click(unsigned button);
-    // Presses and releases the key of this keysym name ("Down", "Return").
-    void typeKey(const std::string& keysymName);
+    // Presses and releases the key of this keysym name ("Down", "Return"), holding the
+    // modifier keys ("Control_L", "Shift_L") meanwhile.
+    void typeKey(const std::string& keysymName, const std::vector<std::string>& modifiers = {});
+    // Types the text key by key: letters, digits, spaces, full stops and hyphens.
+    void typeText(const std::string& text);
     // Makes the window the owner of the drag-and-drop selection, offering these types.
     void offerDrag(unsigned long window, const std::vector<std::string>& types);
     // Whether a button press reached one of the client's windows within the timeout.

@@ -196,6 +196,21 @@ unsigned long X11WindowInspector::screenPixel(int x, int y) {
     return pixel;
 }
 
+std::vector<unsigned long> X11WindowInspector::screenArea(const WindowRect& area) {
+    XImage* image = XGetImage(display_, DefaultRootWindow(display_), area.x, area.y,
+                              static_cast<unsigned>(area.width), static_cast<unsigned>(area.height),
+                              AllPlanes, ZPixmap);
+    if (!image)
+        throw std::runtime_error("cannot read the screen at " + std::to_string(area.x) + "," +
+                                 std::to_string(area.y));
+    std::vector<unsigned long> pixels;
+    for (int y = 0; y < area.height; ++y)
+        for (int x = 0; x < area.width; ++x)
+            pixels.push_back(XGetPixel(image, x, y) & 0xFFFFFF);
+    XDestroyImage(image);
+    return pixels;
+}
+
 unsigned long X11WindowInspector::createWindow() {
     const Window window = XCreateSimpleWindow(display_, DefaultRootWindow(display_), 200, 300, 400,
                                               300, 0, 0, 0xFFFFFF);

@@ -57,6 +57,8 @@ public:
     std::vector<unsigned long> viewableOverrideRedirectWindows();
     // The colour (0xRRGGBB) shown at this point of the screen.
     unsigned long screenPixel(int x, int y);
+    // The colours shown in the rectangle of the screen, row by row.
+    std::vector<unsigned long> screenArea(const WindowRect& area);
 
     // A normal top-level window, placed by the window manager.
     unsigned long createWindow();

@@ -144,6 +144,20 @@ void ItemStore::saveFavoriteOrder() {
     reload();
 }
 
+void ItemStore::update(const Uuid& id, const std::function<void(NotchItem&)>& edit) {
+    const auto found = findId(items_, id);
+    if (found == items_.end())
+        return;
+    edit(*found);
+    itemsChanged.emit();
+    saveChange(services_.database, [this, &id, &edit](std::vector<NotchItem>& items) {
+        if (const auto inFile = findId(items, id); inFile != items.end())
+            edit(*inFile);
+        else
+            items = items_; // removed elsewhere while the user still edits it: keep it
+    });
+}
+
 void ItemStore::unpin(const Uuid& id) {
     if (findId(items_, id) == items_.end())
         return;

@@ -5,6 +5,7 @@
 #include "core/platform/MainQueue.h"
 #include "core/platform/Workspace.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -41,6 +42,9 @@ public:
     // Moves a favourite to the target's place, in memory only; saveFavoriteOrder() keeps it.
     void reorderFavorite(const Uuid& id, const Uuid& before);
     void saveFavoriteOrder();
+    // Edits the item in memory, then the same item in the file under the items lock; saves
+    // the whole list when the file no longer has it.
+    void update(const Uuid& id, const std::function<void(NotchItem&)>& edit);
     void unpin(const Uuid& id);
     void remove(const Uuid& id);
     // Opens the folder with the desktop's default handler and records the opening.

@@ -217,5 +217,37 @@ TEST_F(ItemStoreTest, AChangeByAnotherWriterSinceTheLastLoadIsKept) {
     EXPECT_EQ(names(store.favorites()), (Names{"B", "C"}));
 }
 
+TEST_F(ItemStoreTest, UpdateEditsInMemoryAtOnceAndSavesOnceAnUnknownIdDoesNothing) {
+    const std::vector items{pinned("A", 0), pinned("B", 1)};
+    ItemStore& store = openStore(items);
+    const std::size_t postsBefore = distributedCenter.posted.size();
+    store.update(items[0].id, [](NotchItem& item) { item.name = ""; });
+    EXPECT_EQ(changes, 1) << "the shelf hears it before any reload";
+    EXPECT_EQ(names(store.items()), (Names{"", "B"}));
+    EXPECT_EQ(distributedCenter.posted.size(), postsBefore + 1);
+    EXPECT_EQ(database.load(), store.items());
+
+    store.update(Uuid::random(), [](NotchItem& item) { item.name = "lost"; });
+    EXPECT_EQ(distributedCenter.posted.size(), postsBefore + 1);
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(ItemStoreTest, UpdateKeepsOtherWritersChangesAndSavesTheListWhenTheFileLostTheItem) {
+    const std::vector items{pinned("A", 0), pinned("B", 1)};
+    ItemStore& store = openStore(items);
+    NotchItem renamedElsewhere = items[1];
+    renamedElsewhere.name = "B2";
+    root.write("data/Tidewell/items.json", ItemsJson::encode({items[0], renamedElsewhere}));
+    store.update(items[0].id, [](NotchItem& item) { item.name = "A2"; });
+    EXPECT_EQ(names(database.load()), (Names{"A2", "B2"}));
+
+    // Removed elsewhere while the user still edits it: the edit brings it back.
+    ItemStore& editing = openStore(items);
+    root.write("data/Tidewell/items.json", ItemsJson::encode({items[1]}));
+    editing.update(items[0].id, [](NotchItem& item) { item.name = "A3"; });
+    EXPECT_EQ(database.load(), editing.items());
+    EXPECT_EQ(names(database.load()), (Names{"A3", "B"}));
+}
+
 } // namespace
 } // namespace tidewell::testing

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "core/launch/CodexAppLauncher.h"
+#include "core/launch/TerminalLauncher.h"
+#include "core/login/LaunchAgentManager.h"
+#include "core/notify/NotificationCenter.h"
+#include "core/observe/Signal.h"
+#include "core/platform/FileSystem.h"
+#include "core/platform/FolderChooser.h"
+#include "core/platform/KeyValueStore.h"
+#include "core/settings/AppearanceSettings.h"
+#include "core/store/ItemStore.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tidewell {
+
+// What the settings window decides beyond the preferences themselves: the login switch,
+// the captions under the rows, adding folders by choosing or dropping them.
+class SettingsView {
+public:
+    struct Services {
+        ItemStore& store;
+        AppearanceSettings& appearance;
+        LaunchAgentManager& launchAtLogin;
+        KeyValueStore& defaults;
+        NotificationCenter& localCenter;
+        FolderChooser& folders;
+        const FileSystem& files; // tells dropped folders from files
+        const TerminalLauncher& terminal;
+        const CodexAppLauncher& codex;
+        // False where the display server cannot keep a window out of screen recordings.
+        bool canHideFromScreenCapture;
+    };
+
+    explicit SettingsView(Services services);
+    ~SettingsView();
+    SettingsView(const SettingsView&) = delete;
+    SettingsView& operator=(const SettingsView&) = delete;
+
+    bool startsAtLogin() const { return startsAtLogin_; }
+    // Installs or uninstalls; errors are dropped, the status notification corrects the switch.
+    void setStartsAtLogin(bool value);
+    bool isDropTargeted() const { return isDropTargeted_; }
+    void setIsDropTargeted(bool value);
+
+    // The captions under their rows; none when there is nothing to say.
+    std::optional<std::string> terminalCaption() const;
+    std::optional<std::string> codexCaption() const;
+    std::optional<std::string> screenCaptureCaption() const;
+
+    void chooseNewFolder();
+    // Pins the existing folders among the paths, in order; false when there are none.
+    bool handleDrop(const std::vector<std::string>& paths);
+
+    // After startsAtLogin or isDropTargeted change.
+    Signal<> changed;
+
+private:
+    // Emits changed when the value differs.
+    void assign(bool& state, bool value);
+
+    Services services_;
+    bool startsAtLogin_;
+    bool isDropTargeted_ = false;
+    ObserverToken loginObserver_ = 0;
+};
+
+} // namespace tidewell

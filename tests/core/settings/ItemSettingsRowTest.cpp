@@ -1,0 +1,96 @@
+#include "core/settings/ItemSettingsRow.h"
+
+#include "support/FakeFolderChooser.h"
+#include "support/FakeImageChooser.h"
+#include "support/FakeWorkspace.h"
+#include "support/ItemsFixture.h"
+
+namespace tidewell::testing {
+namespace {
+
+// A row for one pinned project, over a real store, items file and icon cache.
+class ItemSettingsRowTest : public ItemsFixture {
+protected:
+    ItemSettingsRowTest() { distributedCenter.posted.clear(); } // the project's recording
+
+    std::size_t saves() const { return distributedCenter.posted.size(); }
+    NotchItem saved() { return database.load().at(0); }
+
+    NotchItem original =
+        database.upsert({.path = root.makeFolder("projects/site"), .favorite = true});
+    FakeWorkspace workspace;
+    ItemStore store{{database, localCenter, distributedCenter, queue, workspace}};
+    IconCache iconCache{files, folder.iconsFolder()};
+    FakeFolderChooser folders;
+    FakeImageChooser images;
+    ItemSettingsRow row{{store, iconCache, folders, images}, original.id};
+};
+
+TEST_F(ItemSettingsRowTest, EachEditSavesOnceWithOnlyThatFieldExactlyAsTyped) {
+    const struct {
+        std::string NotchItem::*field;
+        std::string value;
+    } edits[] = {{&NotchItem::name, "S"},       {&NotchItem::name, ""},
+                 {&NotchItem::name, "   "},     {&NotchItem::initials, "x"},
+                 {&NotchItem::tintHex, "#12G"}, {&NotchItem::launchCommand, ""}};
+    NotchItem expected = original;
+    for (const auto& [field, value] : edits) {
+        SCOPED_TRACE(value);
+        const std::size_t savesBefore = saves();
+        row.saving(field, value);
+        expected.*field = value;
+        EXPECT_EQ(saves(), savesBefore + 1);
+        EXPECT_EQ(row.item(), expected) << "the store's copy, before any reload";
+        EXPECT_EQ(saved(), expected);
+    }
+
+    row.saving(&NotchItem::isFavorite, false);
+    expected.isFavorite = false;
+    EXPECT_EQ(saved(), expected);
+}
+
+TEST_F(ItemSettingsRowTest, AChosenIconIsCopiedUnderTheItemsIdAFailedCopyClearsIt) {
+    row.chooseIcon(); // cancelled
+    EXPECT_EQ(images.shownCount, 1);
+    EXPECT_EQ(saves(), 0u);
+
+    images.choice = root.write("elsewhere/Logo.PNG", "image bytes");
+    row.chooseIcon();
+    const std::string copy = folder.iconsFolder() + "/" + original.id.text() + ".png";
+    EXPECT_EQ(saved().iconPath, copy);
+    EXPECT_EQ(files.readFile(copy), "image bytes");
+
+    images.choice = root.path() + "/elsewhere/gone.png";
+    row.chooseIcon();
+    EXPECT_EQ(saved().iconPath, std::nullopt);
+    EXPECT_EQ(row.item()->iconPath, std::nullopt);
+}
+
+TEST_F(ItemSettingsRowTest, ChoosingAFolderChangesOnlyThePath) {
+    row.chooseFolder(); // cancelled
+    EXPECT_EQ(saves(), 0u);
+    EXPECT_EQ(folders.prompts, std::vector<std::string>{"Choose"});
+
+    folders.choice = root.makeFolder("moved/site-v2");
+    row.chooseFolder();
+    NotchItem expected = original;
+    expected.path = *folders.choice;
+    EXPECT_EQ(saved(), expected);
+}
+
+TEST_F(ItemSettingsRowTest, DetailsToggleAndRemoveTakesTheItemOutOfStoreAndFile) {
+    int changes = 0;
+    const Connection counting = row.changed.connect([&changes] { ++changes; });
+    row.toggleDetails();
+    EXPECT_TRUE(row.showsDetails());
+    row.toggleDetails();
+    EXPECT_FALSE(row.showsDetails());
+    EXPECT_EQ(changes, 2);
+
+    row.remove();
+    EXPECT_EQ(row.item(), std::nullopt);
+    EXPECT_TRUE(database.load().empty());
+}
+
+} // namespace
+} // namespace tidewell::testing

@@ -1,0 +1,159 @@
+#include "core/settings/SettingsView.h"
+
+#include "support/FakeExecutableLocator.h"
+#include "support/FakeFolderChooser.h"
+#include "support/FakeKeyValueStore.h"
+#include "support/FakeLoginItemService.h"
+#include "support/FakeProcessLauncher.h"
+#include "support/FakeWorkspace.h"
+#include "support/ItemsFixture.h"
+
+#include <filesystem>
+#include <memory>
+
+namespace tidewell::testing {
+namespace {
+
+using Names = std::vector<std::string>;
+
+const ApplicationLocation installedCopy{"/usr/local/bin/tidewell", true};
+const ApplicationLocation buildTreeCopy{"/home/user/src/tidewell/build/tidewell", false};
+
+// The view over a real store, preferences and launch-at-login component, with fake
+// dialogs, login-item service and desktop.
+class SettingsViewTest : public ItemsFixture {
+protected:
+    SettingsViewTest() { executables.installed = {"xdg-terminal-exec"}; }
+
+    SettingsView& open(const ApplicationLocation& application = installedCopy,
+                       bool canHideFromScreenCapture = false) {
+        view.reset();
+        launchAtLogin = std::make_unique<LaunchAgentManager>(files, loginItems, paths, application);
+        view = std::make_unique<SettingsView>(
+            SettingsView::Services{store, appearance, *launchAtLogin, defaults, localCenter,
+                                   folders, files, terminal, codex, canHideFromScreenCapture});
+        changes = 0;
+        counting = view->changed.connect([this] { ++changes; });
+        return *view;
+    }
+    std::size_t saves() const { return distributedCenter.posted.size(); }
+    Names favoriteNames() const {
+        Names result;
+        for (const NotchItem& item : store.favorites())
+            result.push_back(item.name);
+        return result;
+    }
+
+    FakeKeyValueStore defaults;
+    AppearanceSettings appearance{defaults};
+    FakeWorkspace workspace;
+    ItemStore store{{database, localCenter, distributedCenter, queue, workspace}};
+    FakeLoginItemService loginItems;
+    std::unique_ptr<LaunchAgentManager> launchAtLogin;
+    FakeFolderChooser folders;
+    FakeProcessLauncher processes;
+    FakeExecutableLocator executables;
+    TerminalLauncher terminal{
+        {files, processes, executables, queue, "/bin/sh", root.makeFolder("scripts")}};
+    CodexAppLauncher codex{workspace};
+    std::unique_ptr<SettingsView> view;
+    int changes = 0;
+    Connection counting;
+};
+
+TEST_F(SettingsViewTest, OpenAtLoginInstallsUninstallsAndFollowsChangesMadeElsewhere) {
+    loginItems.currentStatus = LoginItemStatus::enabled;
+    EXPECT_TRUE(open().startsAtLogin());
+    loginItems.currentStatus = LoginItemStatus::notRegistered;
+    SettingsView& settings = open();
+    EXPECT_FALSE(settings.startsAtLogin());
+
+    settings.setStartsAtLogin(true);
+    EXPECT_EQ(loginItems.currentStatus, LoginItemStatus::enabled);
+    EXPECT_TRUE(settings.startsAtLogin());
+    EXPECT_EQ(changes, 1);
+    queue.runUntilIdle();
+    EXPECT_TRUE(settings.startsAtLogin());
+
+    // Turned off from the status menu, which posts the status notification.
+    loginItems.currentStatus = LoginItemStatus::notRegistered;
+    const int changesBefore = changes;
+    localCenter.post(tidewellLoginStatusChanged);
+    queue.runUntilIdle();
+    EXPECT_FALSE(settings.startsAtLogin());
+    EXPECT_EQ(changes, changesBefore + 1);
+
+    settings.setStartsAtLogin(true);
+    settings.setStartsAtLogin(false);
+    EXPECT_EQ(loginItems.currentStatus, LoginItemStatus::notRegistered);
+    EXPECT_FALSE(settings.startsAtLogin());
+}
+
+TEST_F(SettingsViewTest, AFailedInstallLeavesTheSwitchOff) {
+    loginItems.currentStatus = LoginItemStatus::notFound;
+    loginItems.registerFailure = "The login item could not be registered.";
+    SettingsView& settings = open(buildTreeCopy);
+    settings.setStartsAtLogin(true);
+    EXPECT_FALSE(settings.startsAtLogin());
+    EXPECT_EQ(changes, 2) << "on, then back off";
+    queue.runUntilIdle();
+    EXPECT_FALSE(settings.startsAtLogin());
+    EXPECT_FALSE(files.exists(launchAtLogin->legacyPlistURL()));
+}
+
+TEST_F(SettingsViewTest, TheTerminalCaptionNamesAChosenEmulatorThatIsMissing) {
+    const SettingsView& settings = open();
+    appearance.setPreferredTerminalApp(TerminalApp::xfce4Terminal);
+    EXPECT_EQ(settings.terminalCaption(), "Xfce Terminal not found — using Terminal instead.");
+    executables.installed.insert("xfce4-terminal");
+    EXPECT_EQ(settings.terminalCaption(), std::nullopt);
+
+    executables.installed.clear(); // no terminal at all: nothing to say for the defaults
+    for (const TerminalApp terminalApp : {TerminalApp::automatic, TerminalApp::terminal}) {
+        appearance.setPreferredTerminalApp(terminalApp);
+        EXPECT_EQ(settings.terminalCaption(), std::nullopt);
+    }
+}
+
+TEST_F(SettingsViewTest, CodexAndScreenCaptureCaptionsShowOnlyWhileTheChoiceCannotBeHonoured) {
+    const SettingsView& settings = open();
+    appearance.setCodexLaunchMode(CodexLaunchMode::app);
+    EXPECT_EQ(settings.codexCaption(), "Codex app not found — using the CLI instead.");
+    appearance.setCodexLaunchMode(CodexLaunchMode::cli);
+    EXPECT_EQ(settings.codexCaption(), std::nullopt);
+    appearance.setCodexLaunchMode(CodexLaunchMode::app);
+    workspace.installedApplications.insert(CodexAppLauncher::applicationId);
+    EXPECT_EQ(settings.codexCaption(), std::nullopt);
+
+    EXPECT_EQ(settings.screenCaptureCaption(),
+              "Not supported on this desktop: screen recordings still show the shelf.");
+    EXPECT_EQ(open(installedCopy, true).screenCaptureCaption(), std::nullopt);
+}
+
+TEST_F(SettingsViewTest, AddFolderPinsTheChosenFolderAndCancelChangesNothing) {
+    SettingsView& settings = open();
+    settings.chooseNewFolder();
+    EXPECT_EQ(saves(), 0u);
+    folders.choice = root.makeFolder("projects/harbour");
+    settings.chooseNewFolder();
+    EXPECT_EQ(folders.prompts, (Names{"Add", "Add"}));
+    EXPECT_EQ(favoriteNames(), (Names{"harbour"}));
+}
+
+TEST_F(SettingsViewTest, ADropPinsTheExistingFoldersInOrderAndRefusesOneWithout) {
+    SettingsView& settings = open();
+    const std::string file = root.write("drop/notes.txt", "text");
+    const std::string missing = root.path() + "/drop/missing";
+    EXPECT_FALSE(settings.handleDrop({file, missing}));
+    EXPECT_EQ(saves(), 0u);
+    EXPECT_TRUE(store.items().empty());
+
+    const std::string linkToBeta = root.path() + "/drop/beta-link";
+    std::filesystem::create_directory_symlink(root.makeFolder("elsewhere/beta"), linkToBeta);
+    EXPECT_TRUE(settings.handleDrop({root.makeFolder("drop/alpha"), file, linkToBeta, missing}));
+    EXPECT_EQ(favoriteNames(), (Names{"alpha", "beta"}));
+    EXPECT_EQ(store.items(), database.load());
+}
+
+} // namespace
+} // namespace tidewell::testing

@@ -1,0 +1,173 @@
+#include "core/items/ItemsJson.h"
+#include "e2e/RunningApplicationTest.h"
+#include "support/PointerDrag.h"
+
+#include <algorithm>
+#include <thread>
+
+namespace tidewell::testing {
+namespace {
+
+using namespace std::chrono_literals;
+
+// A tint no other pixel of the window has: the first project's icon is found by it.
+constexpr const char* markedTint = "#FF00FF";
+
+bool isMarked(unsigned long pixel) {
+    const unsigned long red = pixel >> 16 & 0xFF, green = pixel >> 8 & 0xFF, blue = pixel & 0xFF;
+    return red > 0xE0 && green < 0x30 && blue > 0xE0;
+}
+
+class SettingsWindowTest : public RunningApplicationTest {
+protected:
+    // Three projects; the items file's first one, which the settings window lists first, is
+    // marked with its tint.
+    void addMarkedProjects() {
+        for (const char* name : {"alpha", "beta", "gamma"})
+            addProject(name);
+        std::vector<NotchItem> items = storedItems();
+        ASSERT_EQ(items.size(), 3u);
+        items.front().tintHex = markedTint;
+        writeItemsFile(ItemsJson::encode(items));
+    }
+
+    void openShelfWithThreeProjects() {
+        ASSERT_TRUE(openShelf());
+        ASSERT_TRUE(waitUntilSettled());
+    }
+
+    // Clicks the gear tile after the three tiles and waits for the settings window.
+    void openSettings() {
+        const WindowRect window = inspector.rootGeometry(panel);
+        hand.movePointerTo(window.x + shadowMargin + 66 * 3 + 31, topInset + 8 + 31);
+        hand.click(1);
+        std::optional<unsigned long> found;
+        ASSERT_TRUE(waitUntil([&] {
+            found = inspector.findWindow("Tidewell Settings");
+            return found && inspector.isViewable(*found);
+        })) << "the settings window did not appear";
+        settings = *found;
+        ASSERT_TRUE(waitUntil([&] { return markedIconCentre().has_value(); }))
+            << "the first project's row is not drawn";
+    }
+
+    // The centre of the marked icon in the settings window, found down a line through its
+    // left part (the initials are drawn in the middle).
+    std::optional<std::pair<int, int>> markedIconCentre() {
+        const WindowRect window = inspector.rootGeometry(settings);
+        const int x = window.x + 20 + 14 + 8;
+        const std::vector<unsigned long> line =
+            inspector.screenArea({x, window.y, 1, window.height});
+        const auto first = std::ranges::find_if(line, isMarked);
+        if (first == line.end())
+            return std::nullopt;
+        const auto last = std::find_if(line.rbegin(), line.rend(), isMarked);
+        const int top = static_cast<int>(first - line.begin());
+        const int bottom = static_cast<int>(line.rend() - last) - 1;
+        return std::pair(x + 14, window.y + (top + bottom) / 2);
+    }
+
+    // The tile showing the marked project on the open shelf.
+    std::optional<int> markedTile() {
+        for (int index = 0; index < 3; ++index) {
+            const auto [x, y] = tileCentre(index);
+            if (isMarked(inspector.screenPixel(x, y - 24)))
+                return index;
+        }
+        return std::nullopt;
+    }
+    // The name under the tile as drawn.
+    std::vector<unsigned long> tileName(int index) {
+        const auto [x, y] = tileCentre(index);
+        return inspector.screenArea({x - 28, y + 16, 56, 14});
+    }
+
+    unsigned long settings = 0;
+};
+
+TEST_F(SettingsWindowTest, TheGearOpensTheSettingsWhereTypingANameRenamesTheProjectAndItsTile) {
+    addMarkedProjects();
+    const std::string markedId = storedItems().front().id.text();
+    startApplication();
+    openShelfWithThreeProjects();
+    const auto tile = markedTile();
+    ASSERT_TRUE(tile) << "no tile shows the marked project";
+    const std::vector<unsigned long> nameBefore = tileName(*tile);
+    openSettings();
+
+    // Shown, the window takes the keyboard: keys typed before that would go astray.
+    ASSERT_TRUE(waitUntil([&] { return inspector.focusedWindow() == settings; }))
+        << "the settings window does not have the keyboard";
+    // The name field is beside the icon, in the upper half of the row; its frame takes the
+    // accent colour once it has the keyboard.
+    const auto [iconX, iconY] = *markedIconCentre();
+    const int fieldLeft = iconX + 22 + 12;
+    const unsigned long unfocusedFrame = inspector.screenPixel(fieldLeft, iconY - 9);
+    hand.movePointerTo(fieldLeft + 80, iconY - 9);
+    hand.click(1);
+    ASSERT_TRUE(waitUntil([&] {
+        return inspector.screenPixel(fieldLeft, iconY - 9) != unfocusedFrame;
+    })) << "the name field did not take the keyboard";
+    hand.typeKey("a", {"Control_L"});
+    hand.typeText("site");
+    EXPECT_TRUE(waitUntil([&] {
+        const std::vector<NotchItem> items = storedItems();
+        return !items.empty() && items.front().name == "site";
+    })) << "the items file holds \""
+        << storedItems().front().name << "\"";
+    EXPECT_EQ(storedItems().front().id.text(), markedId);
+
+    hand.typeKey("Escape");
+    EXPECT_TRUE(waitUntil([&] { return !inspector.isViewable(settings); }))
+        << "Escape did not close the settings window";
+    openShelfWithThreeProjects();
+    EXPECT_TRUE(waitUntil([&] { return tileName(*tile) != nameBefore; }))
+        << "the tile still shows the old name";
+}
+
+TEST_F(SettingsWindowTest, FoldersDroppedOnTheProjectsArePinnedInOrderAndFilesIgnored) {
+    addMarkedProjects();
+    const std::string first = project("first dropped");
+    const std::string file = root.write("notes.txt", "not a folder");
+    const std::string second = project("second dropped");
+    startApplication();
+    openShelfWithThreeProjects();
+    openSettings();
+    std::vector<std::string> arguments{buildFolder() + "/tests/tidewell_drag_source_probe",
+                                       "--at",
+                                       "100,100",
+                                       first,
+                                       file,
+                                       second};
+    ChildProcess source({.arguments = arguments,
+                         .workingDirectory = home,
+                         .environment = applicationEnvironment()});
+    ASSERT_TRUE(waitUntil([&] {
+        return source.standardOutput().find("ready") != std::string::npos;
+    })) << "the drag source did not show its window";
+
+    // Onto the first project's row; the drop target's outline lies left of it.
+    const auto [x, y] = *markedIconCentre();
+    const WindowRect window = inspector.rootGeometry(settings);
+    const int outlineX = window.x + 14;
+    const unsigned long unmarked = inspector.screenPixel(outlineX, y);
+    PointerDrag drag(hand, 160, 140);
+    drag.moveTo(x, y);
+    drag.hover(300ms);
+    EXPECT_TRUE(waitUntil([&] { return inspector.screenPixel(outlineX, y) != unmarked; }))
+        << "the projects were not outlined while the drag hovered";
+    drag.release();
+
+    EXPECT_TRUE(waitUntil([&] { return storedItems().size() == 5; }))
+        << storedItems().size() << " items: the file was added too, or a folder was not";
+    const std::vector<std::string> pinned = pinnedFolders();
+    ASSERT_EQ(pinned.size(), 5u);
+    EXPECT_EQ(std::vector(pinned.end() - 2, pinned.end()),
+              (std::vector<std::string>{first, second}))
+        << "the folders were not pinned in order after the others";
+    EXPECT_TRUE(waitUntil([&] { return inspector.screenPixel(outlineX, y) == unmarked; }))
+        << "the outline stayed after the drop";
+}
+
+} // namespace
+} // namespace tidewell::testing

@@ -19,7 +19,7 @@ void check(int result, const char* what) {
 
 } // namespace
 
-FakeFileManager::FakeFileManager() {
+FakeFileManager::FakeFileManager(Answer answer) : answer_(answer) {
     check(sd_bus_open_user(&bus_), "sd_bus_open_user");
     check(sd_bus_add_object(bus_, &object_, "/org/freedesktop/FileManager1", &handle, this),
           "sd_bus_add_object");
@@ -33,6 +33,10 @@ FakeFileManager::~FakeFileManager() {
     (void)!::write(wakeUp_, &one, sizeof one);
     thread_.join();
     ::close(wakeUp_);
+    for (sd_bus_message* call : unanswered_) {
+        sd_bus_reply_method_return(call, "");
+        sd_bus_message_unref(call);
+    }
     sd_bus_slot_unref(object_);
     sd_bus_flush_close_unref(bus_);
 }
@@ -62,7 +66,16 @@ int FakeFileManager::handle(sd_bus_message* message, void* self, sd_bus_error*) 
         std::lock_guard lock(manager.mutex_);
         manager.calls_.push_back(std::move(call));
     }
-    return sd_bus_reply_method_return(message, "");
+    switch (manager.answer_) {
+    case Answer::atOnce:
+        return sd_bus_reply_method_return(message, "");
+    case Answer::late:
+        manager.unanswered_.push_back(sd_bus_message_ref(message));
+        return 1;
+    case Answer::withError:
+        return sd_bus_reply_method_errorf(message, SD_BUS_ERROR_FAILED, "Cannot show the items");
+    }
+    return 0;
 }
 
 void FakeFileManager::serve() {

@@ -1,10 +1,12 @@
 #include "gui/platform/GioWorkspace.h"
 
+#include "gui/EventLoopWait.h"
 #include "gui/FakeFileManager.h"
 #include "gui/TestDesktop.h"
 #include "support/ScopedEnvironment.h"
 
 #include <gtest/gtest.h>
+#include <optional>
 #include <unistd.h>
 
 namespace tidewell {
@@ -68,27 +70,43 @@ TEST(GioWorkspace, OpenWithApplicationStartsThatApplicationDetached) {
     expectDetached(*launch);
 }
 
-TEST(GioWorkspace, RevealAsksTheFileManagerToShowTheFolder) {
-    const std::string folder = desktop().files().makeFolder("projects/shown folder");
-    testing::FakeFileManager fileManager;
+// The call returns before the file manager answers. The enclosing folder opens only when
+// the file manager fails; after any other answer the next folder opened is that of a
+// reveal without a file manager, so a second window for the first would show up first.
+TEST(GioWorkspace, RevealShowsTheFolderInOneWindowWithoutWaitingForTheFileManager) {
+    using Answer = testing::FakeFileManager::Answer;
+    const struct {
+        std::string name;
+        std::optional<Answer> fileManager;
+    } cases[] = {{"answering", Answer::atOnce},
+                 {"slow", Answer::late},
+                 {"failing", Answer::withError},
+                 {"absent", std::nullopt}};
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.name);
+        const std::string enclosing = "reveal/" + row.name;
+        const std::string folder = desktop().files().makeFolder(enclosing + "/shown folder");
+        std::optional<testing::FakeFileManager> fileManager;
+        if (row.fileManager)
+            fileManager.emplace(*row.fileManager);
 
-    // The call returns once the file manager has answered.
-    GioWorkspace().reveal(folder);
-
-    const auto calls = fileManager.calls();
-    ASSERT_EQ(calls.size(), 1u);
-    EXPECT_EQ(calls[0].uris, std::vector{fileUriInTestFolder("projects/shown%20folder")});
-    EXPECT_EQ(calls[0].startupId, "");
-}
-
-TEST(GioWorkspace, WithoutAFileManagerOnTheBusRevealOpensTheEnclosingFolder) {
-    const std::string folder = desktop().files().makeFolder("projects/enclosing/revealed");
-
-    GioWorkspace().reveal(folder + "/");
-    const auto launch = desktop().waitForLaunch(TestDesktop::folderHandlerId);
-
-    ASSERT_TRUE(launch);
-    EXPECT_EQ(launch->arguments, std::vector{fileUriInTestFolder("projects/enclosing")});
+        GioWorkspace().reveal(folder + "/");
+        if (fileManager) {
+            ASSERT_TRUE(
+                testing::processEventsUntil([&] { return fileManager->calls().size() == 1; }));
+            EXPECT_EQ(fileManager->calls()[0].uris,
+                      std::vector{fileUriInTestFolder(enclosing + "/shown%20folder")});
+            EXPECT_EQ(fileManager->calls()[0].startupId, "");
+            fileManager.reset(); // the slow one answers now
+        }
+        const bool fails = row.fileManager.value_or(Answer::withError) == Answer::withError;
+        const std::string opened = fails ? enclosing : enclosing + "/then";
+        if (!fails)
+            GioWorkspace().reveal(desktop().files().makeFolder(opened + "/revealed"));
+        const auto launch = desktop().waitForLaunch(TestDesktop::folderHandlerId);
+        ASSERT_TRUE(launch);
+        EXPECT_EQ(launch->arguments, std::vector{fileUriInTestFolder(opened)});
+    }
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "gui/EventLoopWait.h"
 #include "support/PrivateSessionBus.h"
 #include "support/ScopedEnvironment.h"
 #include "support/TemporaryDirectory.h"
@@ -29,9 +30,10 @@ public:
     const std::string& configHome() const { return configHome_; }
     // A folder for the tests' projects.
     const TemporaryDirectory& files() const { return root_; }
-    // Waits for the handler's next report, which it writes once started, and consumes it;
-    // none when no report came within ten seconds.
+    // Serves the event loop until the handler's next report, which it writes once started,
+    // and consumes it; none when no report came within ten seconds.
     std::optional<HandlerLaunch> waitForLaunch(const std::string& handlerId) const {
+        processEventsUntil([&] { return handlers_.hasReport(handlerId); }, 10000);
         return handlers_.waitForLaunch(handlerId);
     }
 

@@ -78,10 +78,14 @@ void TestHandlers::install(const std::string& handlerId, const std::string& extr
                   "/handler.sh " + handlerId + " %U\nX-GIO-NoFuse=true\n" + extraKeys);
 }
 
+bool TestHandlers::hasReport(const std::string& handlerId) const {
+    return std::filesystem::exists(folder_ + "/reports/" + handlerId);
+}
+
 std::optional<HandlerLaunch> TestHandlers::waitForLaunch(const std::string& handlerId) const {
     const std::string report = folder_ + "/reports/" + handlerId;
     const auto deadline = std::chrono::steady_clock::now() + 10s;
-    while (!std::filesystem::exists(report)) {
+    while (!hasReport(handlerId)) {
         if (std::chrono::steady_clock::now() > deadline)
             return std::nullopt;
         std::this_thread::sleep_for(10ms);

@@ -29,6 +29,8 @@ public:
 
     // A desktop entry that starts the script under this id, with further keys.
     void install(const std::string& handlerId, const std::string& extraKeys) const;
+    // Whether a report of the handler waits to be consumed.
+    bool hasReport(const std::string& handlerId) const;
     // Waits for the handler's next report, which it writes once started, and consumes it;
     // none when no report came within ten seconds.
     std::optional<HandlerLaunch> waitForLaunch(const std::string& handlerId) const;

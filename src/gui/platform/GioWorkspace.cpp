@@ -14,9 +14,6 @@ namespace {
 constexpr const char* folderType = "inode/directory";
 constexpr const char* fileManagerName = "org.freedesktop.FileManager1";
 constexpr const char* fileManagerPath = "/org/freedesktop/FileManager1";
-// The caller waits for the answer: long enough for a running file manager, short enough
-// not to leave the shelf frozen when none answers.
-constexpr int fileManagerTimeoutMilliseconds = 2000;
 
 struct GObjectRelease {
     void operator()(gpointer object) const { g_object_unref(object); }
@@ -52,30 +49,47 @@ void launchDetached(GDesktopAppInfo* application, const std::string& uri) {
     g_list_free(uris);
 }
 
-// Whether a file manager on the session bus accepted the request.
-bool showInFileManager(const std::string& uri) {
-    GObjectPointer<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
+void openWithDefaultHandler(const std::string& path) {
+    GObjectPointer<GAppInfo> handler(g_app_info_get_default_for_type(folderType, FALSE));
+    if (handler && G_IS_DESKTOP_APP_INFO(handler.get()))
+        launchDetached(G_DESKTOP_APP_INFO(handler.get()), fileUri(path));
+}
+
+// A reveal under way: the file manager is asked without waiting for it, and the enclosing
+// folder is opened only when the request fails. A slow file manager is waited for, however
+// long it takes, since opening the folder meanwhile would show two windows.
+struct RevealRequest {
+    std::string uri;
+    std::string enclosingFolder;
+};
+
+void fileManagerAnswered(GObject* bus, GAsyncResult* result, gpointer data) {
+    const std::unique_ptr<RevealRequest> request(static_cast<RevealRequest*>(data));
+    GVariant* reply = g_dbus_connection_call_finish(G_DBUS_CONNECTION(bus), result, nullptr);
+    if (reply)
+        g_variant_unref(reply);
+    else
+        openWithDefaultHandler(request->enclosingFolder);
+}
+
+void sessionBusReady(GObject*, GAsyncResult* result, gpointer data) {
+    std::unique_ptr<RevealRequest> request(static_cast<RevealRequest*>(data));
+    GObjectPointer<GDBusConnection> bus(g_bus_get_finish(result, nullptr));
     if (!bus)
-        return false;
+        return openWithDefaultHandler(request->enclosingFolder);
     // A session bus that goes away must not take the application with it.
     g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
-    const char* uris[] = {uri.c_str(), nullptr};
-    GVariant* reply = g_dbus_connection_call_sync(
-        bus.get(), fileManagerName, fileManagerPath, fileManagerName, "ShowItems",
-        g_variant_new("(^ass)", uris, ""), nullptr, G_DBUS_CALL_FLAGS_NONE,
-        fileManagerTimeoutMilliseconds, nullptr, nullptr);
-    if (!reply)
-        return false;
-    g_variant_unref(reply);
-    return true;
+    const char* uris[] = {request->uri.c_str(), nullptr};
+    GVariant* parameters = g_variant_new("(^ass)", uris, "");
+    g_dbus_connection_call(bus.get(), fileManagerName, fileManagerPath, fileManagerName,
+                           "ShowItems", parameters, nullptr, G_DBUS_CALL_FLAGS_NONE, G_MAXINT,
+                           nullptr, fileManagerAnswered, request.release());
 }
 
 } // namespace
 
 void GioWorkspace::openFolder(const std::string& path) {
-    GObjectPointer<GAppInfo> handler(g_app_info_get_default_for_type(folderType, FALSE));
-    if (handler && G_IS_DESKTOP_APP_INFO(handler.get()))
-        launchDetached(G_DESKTOP_APP_INFO(handler.get()), fileUri(path));
+    openWithDefaultHandler(path);
 }
 
 bool GioWorkspace::isApplicationInstalled(const std::string& applicationId) const {
@@ -90,11 +104,14 @@ bool GioWorkspace::openWithApplication(const std::string& applicationId, const s
     return true;
 }
 
+// The answers arrive on the main context, which the Qt event loop runs.
 void GioWorkspace::reveal(const std::string& path) {
-    const std::string uri = fileUri(path);
-    if (uri.empty() || showInFileManager(uri))
+    std::string uri = fileUri(path);
+    if (uri.empty())
         return;
-    openFolder(std::filesystem::path(PathText::standardized(path)).parent_path());
+    g_bus_get(G_BUS_TYPE_SESSION, nullptr, sessionBusReady,
+              new RevealRequest{std::move(uri),
+                                std::filesystem::path(PathText::standardized(path)).parent_path()});
 }
 
 } // namespace tidewell

@@ -16,8 +16,9 @@ public:
     bool isApplicationInstalled(const std::string& applicationId) const override;
     // True as soon as the application is asked, whether or not it manages to open the folder.
     bool openWithApplication(const std::string& applicationId, const std::string& path) override;
-    // Asks the file manager over the session bus; without one that answers, opens the
-    // folder that holds the path instead.
+    // Returns at once. Asks the file manager over the session bus and, only when that
+    // request fails, opens the folder that holds the path instead. Needs the GLib main
+    // context running, as Qt's event loop does.
     void reveal(const std::string& path) override;
 };
 

@@ -95,6 +95,7 @@ void SettingsWindowController::show() {
     QQuickView& window = parts_->window;
     if (window.source().isEmpty())
         parts_->loadContents();
+    parts_->view.refreshCaptions();
     // The contents are centred: the title bar is the window manager's, and its height is
     // not known before the window is first shown.
     if (const QScreen* screen = QGuiApplication::screenAt(QCursor::pos())) {

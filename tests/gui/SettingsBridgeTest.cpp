@@ -68,10 +68,15 @@ TEST_F(SettingsBridgeTest, CaptionsFollowThePreferencesAndTheDesktop) {
     bridge.setCodexLaunchModeIndex(1);
     EXPECT_EQ(bridge.codexCaption(), "Codex app not found — using the CLI instead.");
 
-    // Installed meanwhile: the next change of anything, here the items, shows it.
+    // Neither reading the captions nor a change of the items looks for programs again; the
+    // window's showing does, and sees one installed meanwhile.
+    const int lookups = executables.lookups;
+    pin("project");
+    bridge.terminalCaption();
+    EXPECT_EQ(executables.lookups, lookups);
     executables.installed.insert("konsole");
     const int before = changes;
-    pin("project");
+    view.refreshCaptions();
     EXPECT_GT(changes, before);
     EXPECT_EQ(bridge.terminalCaption(), "");
 }

@@ -6,7 +6,9 @@
 namespace tidewell {
 
 SettingsView::SettingsView(Services services)
-    : services_(services), startsAtLogin_(services_.launchAtLogin.isInstalled()) {
+    : services_(services), startsAtLogin_(services_.launchAtLogin.isInstalled()),
+      terminalCaption_(missingTerminalCaption()), codexCaption_(missingCodexCaption()) {
+    appearanceConnection_ = services_.appearance.changed.connect([this] { refreshCaptions(); });
     // Installs and uninstalls from anywhere (the status menu too) post this; the switch then
     // shows what is really installed.
     loginObserver_ = services_.localCenter.addObserver(tidewellLoginStatusChanged, [this] {
@@ -36,7 +38,17 @@ void SettingsView::setIsDropTargeted(bool value) {
     assign(isDropTargeted_, value);
 }
 
-std::optional<std::string> SettingsView::terminalCaption() const {
+void SettingsView::refreshCaptions() {
+    auto terminal = missingTerminalCaption();
+    auto codex = missingCodexCaption();
+    if (terminal == terminalCaption_ && codex == codexCaption_)
+        return;
+    terminalCaption_ = std::move(terminal);
+    codexCaption_ = std::move(codex);
+    changed.emit();
+}
+
+std::optional<std::string> SettingsView::missingTerminalCaption() const {
     const TerminalApp preferred = services_.appearance.preferredTerminalApp();
     if (preferred == TerminalApp::automatic || preferred == TerminalApp::terminal ||
         services_.terminal.resolved(preferred) == preferred)
@@ -45,7 +57,7 @@ std::optional<std::string> SettingsView::terminalCaption() const {
            " not found — using Terminal instead.";
 }
 
-std::optional<std::string> SettingsView::codexCaption() const {
+std::optional<std::string> SettingsView::missingCodexCaption() const {
     if (services_.appearance.codexLaunchMode() != CodexLaunchMode::app ||
         services_.codex.isInstalled())
         return std::nullopt;

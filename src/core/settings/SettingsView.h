@@ -46,26 +46,37 @@ public:
     bool isDropTargeted() const { return isDropTargeted_; }
     void setIsDropTargeted(bool value);
 
-    // The captions under their rows; none when there is nothing to say.
-    std::optional<std::string> terminalCaption() const;
-    std::optional<std::string> codexCaption() const;
+    // The captions under their rows; none when there is nothing to say. They are worked out
+    // when the preferences change and when refreshed, not when read: looking for programs
+    // reads the disk.
+    const std::optional<std::string>& terminalCaption() const { return terminalCaption_; }
+    const std::optional<std::string>& codexCaption() const { return codexCaption_; }
     std::optional<std::string> screenCaptureCaption() const;
+    // Looks again for the terminal and the Codex app, which may have been installed or
+    // removed meanwhile: each time the window is shown.
+    void refreshCaptions();
 
     void chooseNewFolder();
     // Pins the existing folders among the paths, in order; false when there are none.
     bool handleDrop(const std::vector<std::string>& paths);
 
-    // After startsAtLogin or isDropTargeted change.
+    // After startsAtLogin, isDropTargeted or a caption change.
     Signal<> changed;
 
 private:
     // Emits changed when the value differs.
     void assign(bool& state, bool value);
 
+    std::optional<std::string> missingTerminalCaption() const;
+    std::optional<std::string> missingCodexCaption() const;
+
     Services services_;
     bool startsAtLogin_;
     bool isDropTargeted_ = false;
+    std::optional<std::string> terminalCaption_;
+    std::optional<std::string> codexCaption_;
     ObserverToken loginObserver_ = 0;
+    Connection appearanceConnection_;
 };
 
 } // namespace tidewell

@@ -102,10 +102,11 @@ TEST_F(SettingsViewTest, AFailedInstallLeavesTheSwitchOff) {
 }
 
 TEST_F(SettingsViewTest, TheTerminalCaptionNamesAChosenEmulatorThatIsMissing) {
-    const SettingsView& settings = open();
+    SettingsView& settings = open();
     appearance.setPreferredTerminalApp(TerminalApp::xfce4Terminal);
     EXPECT_EQ(settings.terminalCaption(), "Xfce Terminal not found — using Terminal instead.");
     executables.installed.insert("xfce4-terminal");
+    settings.refreshCaptions();
     EXPECT_EQ(settings.terminalCaption(), std::nullopt);
 
     executables.installed.clear(); // no terminal at all: nothing to say for the defaults
@@ -116,13 +117,14 @@ TEST_F(SettingsViewTest, TheTerminalCaptionNamesAChosenEmulatorThatIsMissing) {
 }
 
 TEST_F(SettingsViewTest, CodexAndScreenCaptureCaptionsShowOnlyWhileTheChoiceCannotBeHonoured) {
-    const SettingsView& settings = open();
+    SettingsView& settings = open();
     appearance.setCodexLaunchMode(CodexLaunchMode::app);
     EXPECT_EQ(settings.codexCaption(), "Codex app not found — using the CLI instead.");
     appearance.setCodexLaunchMode(CodexLaunchMode::cli);
     EXPECT_EQ(settings.codexCaption(), std::nullopt);
     appearance.setCodexLaunchMode(CodexLaunchMode::app);
     workspace.installedApplications.insert(CodexAppLauncher::applicationId);
+    settings.refreshCaptions();
     EXPECT_EQ(settings.codexCaption(), std::nullopt);
 
     EXPECT_EQ(settings.screenCaptureCaption(),

@@ -35,9 +35,12 @@ QColorDialog* ColorPicker::dialog() const {
 
 void ColorPicker::open() {
     if (!dialog_) {
+        hexAtOpening_ = hex_;
+        hasPicked_ = false;
         dialog_ = new QColorDialog(tintColor(hex_));
         dialog_->setAttribute(Qt::WA_DeleteOnClose);
         connect(dialog_, &QColorDialog::currentColorChanged, this, [this](const QColor& color) {
+            hasPicked_ = true;
             emit colorChanged();
             emit picked(tintHex(color));
         });
@@ -50,10 +53,12 @@ void ColorPicker::open() {
 }
 
 // The dialog deletes itself.
-void ColorPicker::closed() {
+void ColorPicker::closed(int result) {
     dialog_.clear();
     emit isOpenChanged();
     emit colorChanged();
+    if (result == QDialog::Rejected && hasPicked_)
+        emit picked(hexAtOpening_);
 }
 
 } // namespace tidewell

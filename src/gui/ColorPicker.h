@@ -12,7 +12,8 @@ namespace tidewell {
 // The colour dialog behind a colour well, for QML: the well shows `color` and calls open();
 // every colour the user picks is announced as "#RRGGBB" text. While the dialog is open it
 // alone decides the colour shown, so that a change of `hex` from elsewhere does not
-// interrupt the picking; once it is closed the well shows `hex` again.
+// interrupt the picking; once it is closed the well shows `hex` again. Cancelling the dialog
+// announces the text it was opened with again, which undoes the colours picked in it.
 class ColorPicker : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString hex READ hex WRITE setHex NOTIFY hexChanged)
@@ -39,9 +40,11 @@ signals:
     void picked(const QString& hex);
 
 private:
-    void closed();
+    void closed(int result);
 
     QString hex_;
+    QString hexAtOpening_;
+    bool hasPicked_ = false;
     QPointer<QColorDialog> dialog_;
 };
 

@@ -55,7 +55,7 @@ TEST_F(ColorPickerTest, TextChangedElsewhereWaitsUntilTheDialogIsClosed) {
     EXPECT_EQ(picker.dialog()->currentColor(), QColor(Qt::white));
 }
 
-TEST_F(ColorPickerTest, APickedColourIsWrittenThroughAsTheItemsTint) {
+TEST_F(ColorPickerTest, APickedColourIsWrittenThroughAsTheItemsTintUntilCancelled) {
     const NotchItem item = pin("alpha");
     ItemSettingsModel model{{store, iconCache, folders, images, QString()}};
     QObject::connect(&picker, &ColorPicker::picked,
@@ -67,6 +67,9 @@ TEST_F(ColorPickerTest, APickedColourIsWrittenThroughAsTheItemsTint) {
     EXPECT_EQ(database.load().at(0).tintHex, "#FE0180");
     EXPECT_EQ(model.data(model.index(0), ItemSettingsModel::TintHexRole).toString(), "#FE0180");
     EXPECT_EQ(database.load().at(0).initials, item.initials);
+
+    picker.dialog()->reject();
+    EXPECT_EQ(database.load().at(0).tintHex, item.tintHex) << "Cancel kept the colour picked";
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 
 #include <QCursor>
 #include <QGuiApplication>
+#include <QImage>
 #include <QQmlContext>
 #include <QQuickItem>
 #include <QQuickView>
@@ -106,11 +107,17 @@ TEST_F(SettingsWindowControllerTest, EscapeAndControlWCloseAndControlNAddsAFolde
 }
 
 // Each keystroke is saved and read back into the field, which keeps the text and the cursor.
+// The field has no frame until it has the keyboard.
 TEST_F(SettingsWindowControllerTest, TypingInANameFieldSavesEachKeyAndKeepsTheCursor) {
     const NotchItem item = pin("alpha");
     ASSERT_TRUE(show());
     QQuickItem* field = descendant(window.contentItem(), "nameField");
     ASSERT_NE(field, nullptr);
+    // Plain: no frame at rest, the card shows up to the text.
+    const QImage shown = window.grabWindow();
+    const QPoint edge = field->mapToScene(QPointF(0, field->height() / 2)).toPoint();
+    EXPECT_EQ(shown.pixelColor(edge * shown.devicePixelRatio()),
+              shown.pixelColor((edge + QPoint(3, 0)) * shown.devicePixelRatio()));
     field->forceActiveFocus();
     field->setProperty("cursorPosition", 2);
     const std::size_t before = saves();

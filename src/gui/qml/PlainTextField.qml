@@ -18,7 +18,7 @@ TextField {
     background: Rectangle {
         radius: 5
         color: field.activeFocus ? style.cardFill : "transparent"
-        border.width: field.activeFocus ? 2 : 1
-        border.color: field.activeFocus ? style.accent : style.rule
+        border.width: field.activeFocus ? 2 : 0
+        border.color: style.accent
     }
 }

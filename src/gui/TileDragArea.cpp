@@ -6,17 +6,25 @@
 
 #include <QDrag>
 #include <QMimeData>
-#include <QQuickItemGrabResult>
 #include <QQuickWindow>
 
 namespace tidewell {
 
 namespace {
 
-constexpr qreal dragIconSize = 48;
-
 Point corePoint(QPointF point) {
     return {point.x(), point.y()};
+}
+
+// What the icon view shows now. Its image is read again from its file (a
+// project's cached icon, small and local).
+ProjectIconFace faceOf(const QQuickItem& icon) {
+    ProjectIconFace face{.image = {},
+                         .tint = icon.property("tint").value<QColor>(),
+                         .initials = icon.property("initials").toString()};
+    if (icon.property("showsImage").toBool())
+        face.image = QImage(icon.property("imageSource").toUrl().toLocalFile());
+    return face;
 }
 
 } // namespace
@@ -31,7 +39,6 @@ TileDragArea::~TileDragArea() = default;
 void TileDragArea::mousePressEvent(QMouseEvent* event) {
     pressPoint_ = event->position();
     source_->press(corePoint(event->scenePosition()));
-    grabIcon();
     // The press is the tile's: a strip that scrolls must not take it over for a flick.
     setKeepMouseGrab(true);
     event->accept();
@@ -52,15 +59,6 @@ void TileDragArea::mouseReleaseEvent(QMouseEvent*) {
         emit clicked();
 }
 
-// Taken at the press, so that the image is ready when the drag starts.
-void TileDragArea::grabIcon() {
-    iconGrab_.reset();
-    if (!iconItem_ || !window())
-        return;
-    const qreal side = dragIconSize * window()->effectiveDevicePixelRatio();
-    iconGrab_ = iconItem_->grabToImage(QSize(qRound(side), qRound(side)));
-}
-
 void TileDragArea::runDrag(QPointF pressPoint) {
     const std::optional<Uuid> id = Uuid::parse(itemId_.toStdString());
     if (!id || !drops_ || !window())
@@ -71,8 +69,8 @@ void TileDragArea::runDrag(QPointF pressPoint) {
                   QByteArray::fromStdString(ShelfItemMove{*id}.encoded()));
     QDrag* drag = new QDrag(drops_);
     drag->setMimeData(data);
-    if (iconGrab_ && !iconGrab_->image().isNull()) {
-        const QPixmap image = tileDragImage(iconGrab_->image(), scale);
+    if (iconItem_) {
+        const QPixmap image = tileDragImage(faceOf(*iconItem_), scale);
         drag->setPixmap(image);
         // The image is centred on the tile.
         const QPointF imageOrigin(width() / 2 - image.deviceIndependentSize().width() / 2,

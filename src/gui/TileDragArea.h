@@ -2,13 +2,9 @@
 
 #include "gui/ShelfDrops.h"
 
-#include <QImage>
 #include <QPointer>
 #include <QQuickItem>
-#include <QSharedPointer>
 #include <memory>
-
-class QQuickItemGrabResult;
 
 namespace tidewell {
 
@@ -21,7 +17,8 @@ class TileDragArea : public QQuickItem {
     Q_OBJECT
     Q_PROPERTY(ShelfDrops* drops MEMBER drops_ NOTIFY dropsChanged)
     Q_PROPERTY(QString itemId MEMBER itemId_ NOTIFY itemIdChanged)
-    // The icon the drag shows under the pointer.
+    // The project's icon view, whose image or initials and tint the drag shows under the
+    // pointer.
     Q_PROPERTY(QQuickItem* iconItem MEMBER iconItem_ NOTIFY iconItemChanged)
 public:
     explicit TileDragArea(QQuickItem* parent = nullptr);
@@ -39,7 +36,6 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    void grabIcon();
     void runDrag(QPointF pressPoint);
 
     QPointer<ShelfDrops> drops_;
@@ -47,7 +43,6 @@ private:
     QPointer<QQuickItem> iconItem_;
     std::shared_ptr<TileDragSource> source_;
     QPointF pressPoint_;
-    QSharedPointer<QQuickItemGrabResult> iconGrab_;
 };
 
 } // namespace tidewell

@@ -23,7 +23,7 @@ struct ShelfView::Bridges {
     explicit Bridges(const Services& services)
         : shelf(services.layout, services.appearance),
           favorites(services.store, services.iconCache, QCoreApplication::applicationDirPath()),
-          actions({services.store, services.tileActions, services.localCenter},
+          actions({services.store, services.tileActions, services.localCenter, services.appearance},
                   services.openSettings),
           dropContext{.store = services.store,
                       .layout = services.layout,

@@ -1,6 +1,9 @@
 #include "gui/SymbolIcons.h"
 
 #include <QHash>
+#include <QPainter>
+#include <QPixmap>
+#include <QSvgRenderer>
 
 namespace tidewell {
 
@@ -27,6 +30,23 @@ QIcon symbolIcon(const QString& symbolName) {
     own.setIsMask(true); // black shapes that a style may recolour
     const QString themeName = themeNames().value(symbolName);
     return themeName.isEmpty() ? own : QIcon::fromTheme(themeName, own);
+}
+
+QIcon symbolIcon(const QString& symbolName, const QColor& color) {
+    QSvgRenderer svg(QStringLiteral(":/symbols/%1.svg").arg(symbolName));
+    QIcon icon;
+    // Sharp at menu size on ordinary and on doubled screens.
+    for (const int side : {16, 32}) {
+        QPixmap pixmap(side, side);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        svg.render(&painter);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+        painter.fillRect(pixmap.rect(), color);
+        painter.end();
+        icon.addPixmap(pixmap);
+    }
+    return icon;
 }
 
 } // namespace tidewell

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QIcon>
 #include <QString>
 
@@ -9,5 +10,8 @@ namespace tidewell {
 // the icon theme's freedesktop icon where one fits, else our own SVG at
 // ":/symbols/<name>.svg".
 QIcon symbolIcon(const QString& symbolName);
+// Our own SVG of the symbol drawn in one colour, for a surface whose colours are not the
+// desktop's (the theme's icons are made for those).
+QIcon symbolIcon(const QString& symbolName, const QColor& color);
 
 } // namespace tidewell

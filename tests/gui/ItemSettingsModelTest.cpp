@@ -60,7 +60,7 @@ protected:
     std::vector<std::string> menuFor(const NotchItem& item) {
         const std::unique_ptr<QMenu> menu(
             TileMenu::build(*currentItem(store, QString::fromStdString(item.id.text())),
-                            {store, actions, localCenter}));
+                            {store, actions, localCenter, settings}));
         std::vector<std::string> titles;
         for (const QAction* action : menu->actions())
             titles.push_back(action->text().toStdString());

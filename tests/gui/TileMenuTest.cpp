@@ -5,6 +5,8 @@
 #include "gui/ShelfFixture.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QImage>
 #include <QMenu>
 #include <QPointer>
 #include <gtest/gtest.h>
@@ -22,7 +24,7 @@ protected:
     }
 
     QMenu* menuFor(const NotchItem& item) {
-        return TileMenu::build(item, {store, actions, localCenter});
+        return TileMenu::build(item, {store, actions, localCenter, settings});
     }
     static std::vector<std::string> lines(const QMenu& menu) {
         std::vector<std::string> titles;
@@ -57,6 +59,24 @@ TEST_F(TileMenuTest, ListsTheEntriesInOrderWithTheStartCommandOnlyWhenThereIsOne
     for (const QAction* action : blanks->actions())
         EXPECT_TRUE(action->isSeparator() || !action->icon().isNull())
             << action->text().toStdString();
+}
+
+TEST_F(TileMenuTest, IsDarkInTheBlackLookOnALightDesktopAndLightInGlass) {
+    const NotchItem item = pin("project");
+    ASSERT_GT(QApplication::palette().color(QPalette::Window).lightness(), 128);
+    const auto meanLightness = [&](ShelfAppearance look) {
+        settings.setShelfAppearance(look);
+        const std::unique_ptr<QMenu> menu(menuFor(item));
+        menu->adjustSize();
+        const QImage image = menu->grab().toImage();
+        long long sum = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                sum += image.pixelColor(x, y).lightness();
+        return sum / (image.width() * image.height());
+    };
+    EXPECT_LT(meanLightness(ShelfAppearance::notchBlack), 64);
+    EXPECT_GT(meanLightness(ShelfAppearance::warmGlass), 128);
 }
 
 TEST_F(TileMenuTest, OpenFolderRecordsTheOpeningWhileShowInFileManagerDoesNot) {

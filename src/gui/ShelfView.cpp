@@ -8,6 +8,7 @@
 #include "gui/ShelfBridge.h"
 #include "gui/ShelfDropArea.h"
 #include "gui/ShelfDrops.h"
+#include "gui/ShelfToolTip.h"
 #include "gui/SymbolImageProvider.h"
 #include "gui/TileDragArea.h"
 
@@ -47,11 +48,12 @@ struct ShelfView::Bridges {
 
 namespace {
 
-void registerDragTypes() {
+void registerShelfTypes() {
     static const bool registered = [] {
         constexpr const char* module = "Tidewell";
         qmlRegisterType<ShelfDropArea>(module, 1, 0, "ShelfDropArea");
         qmlRegisterType<TileDragArea>(module, 1, 0, "TileDragArea");
+        qmlRegisterType<ShelfToolTip>(module, 1, 0, "ShelfToolTip");
         qmlRegisterUncreatableType<ShelfDrops>(module, 1, 0, "ShelfDrops",
                                                QStringLiteral("The shelf makes its own."));
         return true;
@@ -65,7 +67,7 @@ ShelfView::ShelfView(QQuickView& view, Services services)
     : bridges_(std::make_unique<Bridges>(services)) {
     bridges_->view = &view;
     connect(&bridges_->shelf, &ShelfBridge::outlineReported, this, &ShelfView::outlineChanged);
-    registerDragTypes();
+    registerShelfTypes();
     QQmlEngine& engine = *view.engine();
     engine.addImageProvider(QStringLiteral("symbol"), new SymbolImageProvider);
     QQmlContext& context = *view.rootContext();

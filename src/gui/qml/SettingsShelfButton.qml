@@ -1,5 +1,5 @@
 import QtQuick
-import QtQuick.Controls
+import Tidewell
 
 // The round gear tile at the end of the row: opens the settings.
 Item {
@@ -43,9 +43,12 @@ Item {
         onClicked: shelfActions.openSettings()
     }
 
-    ToolTip.text: "Configure Tidewell"
-    ToolTip.visible: gear.hovering
-    ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval
+    ShelfToolTip {
+        target: gear
+        text: "Configure Tidewell"
+        shown: gear.hovering
+        isGlass: shelf.isGlass
+    }
     Accessible.role: Accessible.Button
     Accessible.name: "Configure Tidewell"
     Accessible.onPressAction: shelfActions.openSettings()

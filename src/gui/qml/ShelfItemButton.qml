@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls
 import Tidewell
 
 // A pinned project's tile: icon and name; a click opens the folder, a right click shows
@@ -90,9 +89,12 @@ Item {
         onClicked: shelfActions.open(tile.itemId)
     }
 
-    ToolTip.text: tile.path
-    ToolTip.visible: tile.hovering
-    ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval
+    ShelfToolTip {
+        target: tile
+        text: tile.path
+        shown: tile.hovering
+        isGlass: shelf.isGlass
+    }
     Accessible.role: Accessible.Button
     Accessible.name: tile.name
     Accessible.onPressAction: shelfActions.open(tile.itemId)

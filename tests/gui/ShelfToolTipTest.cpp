@@ -1,0 +1,77 @@
+#include "gui/ShelfToolTip.h"
+
+#include "gui/EventLoopWait.h"
+#include "support/X11WindowInspector.h"
+
+#include <QQuickWindow>
+#include <algorithm>
+#include <gtest/gtest.h>
+
+namespace tidewell {
+namespace {
+
+using testing::pumpEventsUntil;
+using testing::WindowRect;
+using testing::X11WindowInspector;
+
+// A tile alone in a window of its own (override-redirect, so exactly where it is asked to be) on
+// the program's 1920 x 1080 display, whose tooltip is a path wider than the tile. The tooltip
+// is a window of its own that takes no pointer events, under the tile or, with no room there,
+// above it, and wholly on the screen.
+TEST(ShelfToolTip, ShowsInAWindowOfItsOwnBelowTheTileAndOnTheScreen) {
+    const struct {
+        const char* name;
+        QPoint tile;
+        bool isBelow;
+        bool isCentred;
+    } cases[] = {{"under the notch", {930, 30}, true, true},
+                 {"at the left edge", {0, 30}, true, false},
+                 {"at the right edge", {1860, 30}, true, false},
+                 {"at the bottom edge", {400, 1017}, false, true}};
+    const QSize tileSize(60, 63);
+    X11WindowInspector inspector;
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.name);
+        QQuickWindow owner;
+        owner.setFlags(Qt::FramelessWindowHint | Qt::BypassWindowManagerHint);
+        owner.setGeometry(QRect(row.tile, tileSize));
+        owner.show();
+        ASSERT_TRUE(pumpEventsUntil([&] { return owner.isExposed(); }));
+        QQuickItem tile(owner.contentItem());
+        tile.setSize(tileSize);
+        const auto before = inspector.viewableOverrideRedirectWindows();
+
+        ShelfToolTip toolTip;
+        toolTip.setTarget(&tile);
+        toolTip.setProperty("text", "/home/someone/Projects/a project with a long name");
+        toolTip.setShown(true);
+        unsigned long shown = 0;
+        ASSERT_TRUE(pumpEventsUntil([&] {
+            for (const unsigned long window : inspector.viewableOverrideRedirectWindows())
+                if (std::find(before.begin(), before.end(), window) == before.end())
+                    shown = window;
+            return shown != 0;
+        })) << "no tooltip window appeared";
+
+        const WindowRect rect = inspector.rootGeometry(shown);
+        EXPECT_GT(rect.width, tileSize.width());
+        EXPECT_GE(rect.x, 0) << rect;
+        EXPECT_LE(rect.x + rect.width, 1920) << rect;
+        EXPECT_GE(rect.y, 0) << rect;
+        EXPECT_LE(rect.y + rect.height, 1080) << rect;
+        if (row.isBelow)
+            EXPECT_GE(rect.y, row.tile.y() + tileSize.height()) << rect;
+        else
+            EXPECT_LE(rect.y + rect.height, row.tile.y()) << rect;
+        if (row.isCentred)
+            EXPECT_NEAR(rect.x + rect.width / 2.0, row.tile.x() + tileSize.width() / 2.0, 1);
+        EXPECT_TRUE(inspector.inputShape(shown).isEmpty()) << "the tooltip takes the pointer";
+
+        owner.hide();
+        EXPECT_TRUE(pumpEventsUntil([&] { return !inspector.isViewable(shown); }))
+            << "the tooltip stayed after its tile's window";
+    }
+}
+
+} // namespace
+} // namespace tidewell

@@ -1,5 +1,7 @@
 #include "gui/ShelfToolTip.h"
 
+#include "gui/X11WindowControl.h"
+
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QPainter>
@@ -54,6 +56,10 @@ public:
                          metrics.height() + 2 * verticalPadding);
         setGeometry(QRect(placeFor(tile, size, screen), size));
         show();
+        // Qt leaves a tooltip's input shape whole: emptied, the pointer stays on the shelf.
+        X11WindowControl control(winId());
+        control.setInputShape(QRegion());
+        control.flush();
         update();
     }
 

@@ -95,7 +95,7 @@ TEST(GioWorkspace, RevealShowsTheFolderInOneWindowWithoutWaitingForTheFileManage
             ASSERT_TRUE(
                 testing::processEventsUntil([&] { return fileManager->calls().size() == 1; }));
             EXPECT_EQ(fileManager->calls()[0].uris,
-                      std::vector{fileUriInTestFolder(enclosing + "/shown%20folder")});
+                      std::vector{fileUriInTestFolder(enclosing + "/shown%20folder/")});
             EXPECT_EQ(fileManager->calls()[0].startupId, "");
             fileManager.reset(); // the slow one answers now
         }

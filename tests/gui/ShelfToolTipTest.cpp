@@ -59,12 +59,14 @@ TEST(ShelfToolTip, ShowsInAWindowOfItsOwnBelowTheTileAndOnTheScreen) {
         EXPECT_LE(rect.x + rect.width, 1920) << rect;
         EXPECT_GE(rect.y, 0) << rect;
         EXPECT_LE(rect.y + rect.height, 1080) << rect;
-        if (row.isBelow)
+        if (row.isBelow) {
             EXPECT_GE(rect.y, row.tile.y() + tileSize.height()) << rect;
-        else
+        } else {
             EXPECT_LE(rect.y + rect.height, row.tile.y()) << rect;
-        if (row.isCentred)
+        }
+        if (row.isCentred) {
             EXPECT_NEAR(rect.x + rect.width / 2.0, row.tile.x() + tileSize.width() / 2.0, 1);
+        }
         EXPECT_TRUE(inspector.inputShape(shown).isEmpty()) << "the tooltip takes the pointer";
 
         owner.hide();

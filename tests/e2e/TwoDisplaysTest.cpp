@@ -12,8 +12,9 @@ using namespace std::chrono_literals;
 constexpr unsigned long black = 0x000000;
 
 // The primary display, and a larger one 200 pixels lower, left of it and later right of it.
-// (Nothing at the left edge of the X screen confuses openbox: it keeps windows out of the top
-// 200 rows of the primary then.)
+// The larger one starts on the left: with no display at the X screen's left edge, openbox
+// keeps windows out of the primary's top 200 rows (it takes the empty corner for a strut
+// and misplaces it).
 const Monitor primary{"P", 2560, 0, 1920, 1080};
 const Monitor left{"R", 0, 200, 2560, 1440};
 const Monitor right{"R", 4480, 200, 2560, 1440};
@@ -149,6 +150,7 @@ TEST_F(TwoDisplaysTest, AtScaleTwoTheShelfKeepsItsSizesInPointsAndItsTrigger) {
         addProject(name);
     startApplication({{"QT_SCREEN_SCALE_FACTORS", "P=1;R=2"}});
     const int whiteAtOne = expectDrawnAtScale(primary, 1);
+    ASSERT_GT(whiteAtOne, 0) << "no initials drawn";
     hand.movePointerTo(centreX(primary), 700);
     ASSERT_TRUE(waitUntil([&] { return !isShelfShown(); }));
     const int whiteAtTwo = expectDrawnAtScale(left, 2);

@@ -18,6 +18,7 @@ packages=(
   # test, fuzz and benchmark
   libgtest-dev libgmock-dev dbus-daemon dbus-bin clang-14 libclang-rt-14-dev zoxide
   xvfb openbox x11-utils xterm xdotool xcompmgr imagemagick
+  xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils
 )
 
 missing=()

@@ -63,11 +63,11 @@ QRect primaryScreenGeometry() {
     return primary ? primary->geometry() : QRect();
 }
 
-Point corePointFromRoot(double x, double y) {
+Point corePointFromRoot(int x, int y) {
     std::vector<ScreenScale> scales;
     for (const QScreen* screen : screensPrimaryFirst())
         scales.push_back({screen->geometry(), screen->devicePixelRatio()});
-    return corePoint(logicalFromNative({x, y}, scales), primaryScreenGeometry());
+    return corePixel({x, y}, scales, primaryScreenGeometry());
 }
 
 } // namespace tidewell

@@ -34,6 +34,6 @@ private:
 // The primary screen's geometry, empty without screens.
 QRect primaryScreenGeometry();
 // A root-window pixel, as the X server reports it, in the shelf's points.
-Point corePointFromRoot(double x, double y);
+Point corePointFromRoot(int x, int y);
 
 } // namespace tidewell

@@ -65,6 +65,8 @@ QRegion regionOf(const QPainterPath& path, qreal scale) {
 
 QuickPanelWindow::QuickPanelWindow() : x11_(createPanelWindow(view_)) {
     applyShape();
+    // Both shapes are kept in device pixels: on a screen of another ratio they are cut anew.
+    connect(&view_, &QWindow::screenChanged, this, &QuickPanelWindow::applyShape);
 }
 
 QuickPanelWindow::~QuickPanelWindow() = default;

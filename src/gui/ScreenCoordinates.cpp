@@ -5,9 +5,11 @@
 namespace tidewell {
 namespace {
 
-QRectF nativeGeometry(const ScreenScale& screen) {
-    const QRectF geometry(screen.geometry);
-    return {geometry.topLeft(), geometry.size() * screen.devicePixelRatio};
+bool holds(const ScreenScale& screen, QPoint native) {
+    const QRectF pixels(screen.geometry.topLeft(),
+                        QSizeF(screen.geometry.size()) * screen.devicePixelRatio);
+    return native.x() >= pixels.left() && native.x() < pixels.right() &&
+           native.y() >= pixels.top() && native.y() < pixels.bottom();
 }
 
 } // namespace
@@ -31,16 +33,18 @@ QRectF qtRect(const Rect& rect, const QRect& primaryGeometry) {
     return {topLeft, QSizeF(rect.width(), rect.height())};
 }
 
-QPointF logicalFromNative(QPointF native, const std::vector<ScreenScale>& screens) {
-    if (screens.empty())
-        return native;
+Point corePixel(QPoint native, const std::vector<ScreenScale>& screens,
+                const QRect& primaryGeometry) {
     const auto holder =
-        std::find_if(screens.begin(), screens.end(), [&](const ScreenScale& screen) {
-            return nativeGeometry(screen).contains(native);
-        });
-    const ScreenScale& screen = holder == screens.end() ? screens.front() : *holder;
+        std::find_if(screens.begin(), screens.end(),
+                     [&](const ScreenScale& screen) { return holds(screen, native); });
+    const ScreenScale screen = holder != screens.end() ? *holder
+                               : screens.empty()       ? ScreenScale{}
+                                                       : screens.front();
     const QPointF origin = screen.geometry.topLeft();
-    return origin + (native - origin) / screen.devicePixelRatio;
+    const QPointF topLeft = origin + (QPointF(native) - origin) / screen.devicePixelRatio;
+    const qreal side = 1 / screen.devicePixelRatio;
+    return coreRect(QRectF(topLeft, QSizeF(side, side)), primaryGeometry).origin;
 }
 
 } // namespace tidewell

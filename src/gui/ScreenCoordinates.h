@@ -24,9 +24,13 @@ struct ScreenScale {
     qreal devicePixelRatio = 1;
 };
 
-// The X server reports device pixels of the root window. Qt keeps each screen's origin as
-// it is and scales the rest of the screen by its ratio. A pixel on no screen is taken as on
-// the first one.
-QPointF logicalFromNative(QPointF native, const std::vector<ScreenScale>& screens);
+// The X server reports the pointer as a device pixel of the root window. Qt keeps each
+// screen's origin as it is and scales the rest of the screen by its ratio; a pixel on no
+// screen is taken as on the first one. The pixel stands for the square it covers, placed by
+// its bottom-left corner in the shelf's points: the corner that rectangles holding their
+// minimum edges but not their maximum ones hold exactly when they cover the pixel. So the
+// top row of a display is inside it, not on its excluded top edge.
+Point corePixel(QPoint native, const std::vector<ScreenScale>& screens,
+                const QRect& primaryGeometry);
 
 } // namespace tidewell

@@ -35,7 +35,7 @@ struct ShelfPanel::Parts {
                                .background = background,
                                .queue = services.queue,
                                .openSettings = services.openSettings}),
-          monitor([this](double x, double y, unsigned) {
+          monitor([this](int x, int y, unsigned) {
               const Point point = corePointFromRoot(x, y);
               controller.pointerReported(point);
               view.pointerMoved(point);

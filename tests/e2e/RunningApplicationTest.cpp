@@ -9,7 +9,8 @@ namespace tidewell::testing {
 
 using namespace std::chrono_literals;
 
-RunningApplicationTest::RunningApplicationTest() = default;
+RunningApplicationTest::RunningApplicationTest(std::unique_ptr<VirtualDisplay> display)
+    : ownDisplay(std::move(display)) {}
 
 std::map<std::string, std::string> RunningApplicationTest::applicationEnvironment() const {
     auto variables = environment();
@@ -20,11 +21,11 @@ std::map<std::string, std::string> RunningApplicationTest::applicationEnvironmen
     return variables;
 }
 
-void RunningApplicationTest::startApplication() {
-    application = std::make_unique<ChildProcess>(
-        ChildProcess::Launch{.arguments = {tidewellPath()},
-                             .workingDirectory = home,
-                             .environment = applicationEnvironment()});
+void RunningApplicationTest::startApplication(const std::map<std::string, std::string>& variables) {
+    auto environment = applicationEnvironment();
+    environment.insert(variables.begin(), variables.end());
+    application = std::make_unique<ChildProcess>(ChildProcess::Launch{
+        .arguments = {tidewellPath()}, .workingDirectory = home, .environment = environment});
     std::optional<unsigned long> window;
     ASSERT_TRUE(waitUntil(
         [&] { return (window = inspector.findWindow("Tidewell Shelf")).has_value(); }, 15s))
@@ -57,12 +58,12 @@ std::vector<std::string> RunningApplicationTest::pinnedFolders() const {
     return folders;
 }
 
-WindowRect RunningApplicationTest::panelGeometry(int tiles) {
+WindowRect RunningApplicationTest::panelGeometry(int tiles, const WindowRect& screen, int scale) {
     const int shelfWidth = std::max(200, 66 * tiles + 59);
-    // Centred on the screen; a half pixel rounds up.
-    const int shelfLeft = static_cast<int>(std::lround((screenWidth - shelfWidth) / 2.0));
-    return {shelfLeft - shadowMargin, 0, shelfWidth + 2 * shadowMargin,
-            topInset + 88 + shadowMargin};
+    // Centred on the screen; a half point rounds up.
+    const int shelfLeft = static_cast<int>(std::lround((screen.width / scale - shelfWidth) / 2.0));
+    return {screen.x + scale * (shelfLeft - shadowMargin), screen.y,
+            scale * (shelfWidth + 2 * shadowMargin), scale * (topInset + 88 + shadowMargin)};
 }
 
 bool RunningApplicationTest::openShelf() {

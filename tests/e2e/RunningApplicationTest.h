@@ -23,19 +23,24 @@ protected:
     static constexpr int topInset = 28;
     static constexpr int shadowMargin = 16;
 
-    RunningApplicationTest();
+    // On a display of the test's own, by default one 1920 x 1080 screen of Xvfb.
+    explicit RunningApplicationTest(
+        std::unique_ptr<VirtualDisplay> display = std::make_unique<VirtualDisplay>());
 
     std::map<std::string, std::string> applicationEnvironment() const;
-    // Starts the application and waits until its panel window exists; fails the test if not.
-    void startApplication();
+    // Starts the application, with these variables added to its environment, and waits until
+    // its panel window exists; fails the test if not.
+    void startApplication(const std::map<std::string, std::string>& variables = {});
     // Pins a new project folder of this name through the command line.
     std::string addProject(const std::string& name, const std::vector<std::string>& options = {});
 
     // The pinned folders as the shelf orders them: placed ones first, by their place.
     std::vector<std::string> pinnedFolders() const;
 
-    // Where the panel window lies while it shows that many tiles.
-    static WindowRect panelGeometry(int tiles);
+    // Where the panel window lies while it shows that many tiles on the screen, whose
+    // device pixels are `scale` times its points.
+    static WindowRect panelGeometry(int tiles, const WindowRect& screen = {0, 0, 1920, 1080},
+                                    int scale = 1);
     bool isShelfShown() { return inspector.isViewable(panel); }
     // Moves the pointer into the trigger at the top centre and waits for the panel.
     bool openShelf();
@@ -55,7 +60,8 @@ protected:
     static bool waitUntil(const std::function<bool()>& condition,
                           std::chrono::milliseconds timeout = std::chrono::seconds(5));
 
-    VirtualDisplay display;
+    std::unique_ptr<VirtualDisplay> ownDisplay;
+    VirtualDisplay& display = *ownDisplay;
     X11TestClient hand;
     X11WindowInspector inspector;
     unsigned long desktop = hand.createDesktop(desktopColour);

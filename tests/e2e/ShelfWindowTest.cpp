@@ -77,6 +77,20 @@ TEST_F(ShelfWindowTest, ASecondStartShowsTheRunningShelfForAMomentAndEndsQuietly
     EXPECT_LT(shownFor, 4500ms);
 }
 
+TEST_F(ShelfWindowTest, ThrowingThePointerAgainstTheTopEdgeOpensTheShelfAcrossTheTrigger) {
+    addProject("alpha");
+    startApplication();
+    // The trigger's first, middle and last columns: 180 points at the top centre.
+    for (const int x : {870, 960, 1049}) {
+        hand.movePointerTo(x, 300);
+        hand.movePointerBy(0, -400); // the top edge stops it
+        ASSERT_EQ(hand.pointerPosition(), std::pair(x, 0));
+        EXPECT_TRUE(waitUntil([&] { return isShelfShown(); })) << "at x = " << x;
+        hand.movePointerTo(x, 600);
+        EXPECT_TRUE(waitUntil([&] { return !isShelfShown(); })) << "at x = " << x;
+    }
+}
+
 TEST_F(ShelfWindowTest, APinFromTheCommandLineGrowsTheOpenShelfByOneTile) {
     for (const char* name : {"alpha", "beta", "gamma"})
         addProject(name);

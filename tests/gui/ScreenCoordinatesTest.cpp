@@ -5,10 +5,10 @@
 namespace tidewell {
 namespace {
 
-// A 1920 x 1080 primary screen and, right of it, a 1280 x 800 one at a ratio of 2, whose
-// 2560 x 1600 device pixels start where Qt places its origin.
+// A 1920 x 1080 primary screen and, right of it and 200 pixels lower, a 1280 x 720 one at a
+// ratio of 2, whose 2560 x 1440 device pixels start where Qt places its origin.
 const QRect primary(0, 0, 1920, 1080);
-const std::vector<ScreenScale> screens = {{primary, 1}, {QRect(1920, 0, 1280, 800), 2}};
+const std::vector<ScreenScale> screens = {{primary, 1}, {QRect(1920, 200, 1280, 720), 2}};
 
 TEST(ScreenCoordinates, PointsAndRectanglesTurnUpsideDownAroundThePrimaryScreen) {
     EXPECT_EQ(corePoint({100, 80}, primary), (Point{100, 1000}));
@@ -26,14 +26,31 @@ TEST(ScreenCoordinates, PointsAndRectanglesTurnUpsideDownAroundThePrimaryScreen)
     EXPECT_EQ(qtPoint({10, 1080}, shifted), QPointF(1290, 200));
 }
 
-TEST(ScreenCoordinates, DevicePixelsScaleFromTheOriginOfTheScreenTheyAreOn) {
-    EXPECT_EQ(logicalFromNative({100, 50}, screens), QPointF(100, 50));
-    EXPECT_EQ(logicalFromNative({1920, 0}, screens), QPointF(1920, 0));
-    EXPECT_EQ(logicalFromNative({1920 + 1000, 600}, screens), QPointF(1920 + 500, 300));
-    // Below the primary's 1080 rows, but still on the second screen's 1600.
-    EXPECT_EQ(logicalFromNative({1920 + 2559, 1599}, screens), QPointF(1920 + 1279.5, 799.5));
-    EXPECT_EQ(logicalFromNative({-5, -5}, screens), QPointF(-5, -5)); // on no screen
-    EXPECT_EQ(logicalFromNative({1000, 600}, {{QRect(0, 0, 960, 540), 2}}), QPointF(500, 300));
+TEST(ScreenCoordinates, APixelIsTheBottomLeftCornerOfItsSquareOnTheScreenItIsOn) {
+    struct Case {
+        QPoint native;
+        Point expected;
+    };
+    for (const auto& [native, expected] : std::vector<Case>{
+             {{0, 0}, {0, 1079}},
+             {{100, 80}, {100, 999}},
+             {{1919, 1079}, {1919, 0}},
+             {{1920, 200}, {1920, 879.5}}, // the second screen's top row, in half points
+             {{1920, 500}, {1920, 729.5}}, // its left column, not the primary's right edge
+             {{1920 + 1000, 200 + 600}, {1920 + 500, 579.5}},
+             {{1920 + 2559, 200 + 1439}, {1920 + 1279.5, 160}},
+             {{1920, 100}, {1920, 979}}, // on no screen: as on the first
+         })
+        EXPECT_EQ(corePixel(native, screens, primary), expected) << native.x() << "," << native.y();
+    EXPECT_EQ(corePixel({1000, 0}, {{QRect(0, 0, 960, 540), 2}}, QRect(0, 0, 960, 540)),
+              (Point{500, 539.5}));
+
+    // The top row of every screen lies inside the screen, below its excluded top edge.
+    for (const ScreenScale& screen : screens) {
+        const Rect frame = coreRect(screen.geometry, primary);
+        const Point topRow = corePixel(screen.geometry.topLeft() + QPoint(7, 0), screens, primary);
+        EXPECT_TRUE(frame.contains(topRow)) << topRow.y << " beyond " << frame.maxY();
+    }
 }
 
 } // namespace

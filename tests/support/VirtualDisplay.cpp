@@ -53,7 +53,7 @@ void stop(pid_t pid) {
     }
 }
 
-// Xvfb writes the display number it chose to the descriptor once it accepts clients.
+// The server writes the display number it chose to the descriptor once it accepts clients.
 std::string readDisplayNumber(int fd) {
     std::string number;
     char c = 0;
@@ -74,12 +74,15 @@ bool hasWindowManager() {
 
 } // namespace
 
-VirtualDisplay::VirtualDisplay() {
+VirtualDisplay::VirtualDisplay()
+    : VirtualDisplay({"Xvfb", "-screen", "0", "1920x1080x24", "-nolisten", "tcp"}) {}
+
+VirtualDisplay::VirtualDisplay(const std::vector<std::string>& server) {
     // Servers started side by side by parallel tests now and then lose a race at start-up
     // (seen as a window manager that ends at once); a fresh server is the cure.
     for (int attempt = 1;; ++attempt) {
         try {
-            start();
+            start(server);
             return;
         } catch (const std::runtime_error&) {
             stop(windowManager_);
@@ -91,7 +94,7 @@ VirtualDisplay::VirtualDisplay() {
     }
 }
 
-void VirtualDisplay::start() {
+void VirtualDisplay::start(const std::vector<std::string>& server) {
     int pipe[2];
     if (::pipe(pipe) != 0)
         throw std::runtime_error(std::string("pipe: ") + std::strerror(errno));
@@ -99,18 +102,30 @@ void VirtualDisplay::start() {
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addclose(&actions, pipe[0]);
     silence(&actions);
-    server_ = spawn({"Xvfb", "-displayfd", std::to_string(pipe[1]), "-screen", "0", "1920x1080x24",
-                     "-nolisten", "tcp"},
-                    &actions);
+    std::vector<std::string> arguments = server;
+    arguments.insert(arguments.end(), {"-displayfd", std::to_string(pipe[1])});
+    server_ = spawn(arguments, &actions);
     posix_spawn_file_actions_destroy(&actions);
     ::close(pipe[1]);
     const std::string number = readDisplayNumber(pipe[0]);
     ::close(pipe[0]);
     if (number.empty())
-        throw std::runtime_error("Xvfb did not start");
+        throw std::runtime_error(server.front() + " did not start");
     name_ = ":" + number;
     environment_.set("DISPLAY", name_);
     startWindowManager();
+}
+
+void VirtualDisplay::runClient(const std::vector<std::string>& arguments) {
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    silence(&actions);
+    const pid_t client = spawn(arguments, &actions);
+    posix_spawn_file_actions_destroy(&actions);
+    int status = 0;
+    ::waitpid(client, &status, 0);
+    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
+        throw std::runtime_error(arguments.front() + " failed: " + arguments.at(1));
 }
 
 VirtualDisplay::~VirtualDisplay() {

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <sys/types.h>
+#include <vector>
 
 namespace tidewell::testing {
 
@@ -13,14 +14,20 @@ namespace tidewell::testing {
 class VirtualDisplay {
 public:
     VirtualDisplay();
-    ~VirtualDisplay();
+    virtual ~VirtualDisplay();
     VirtualDisplay(const VirtualDisplay&) = delete;
     VirtualDisplay& operator=(const VirtualDisplay&) = delete;
 
     const std::string& name() const { return name_; } // ":<number>"
 
+protected:
+    // Another X server: the program and its arguments, to which "-displayfd <fd>" is added.
+    explicit VirtualDisplay(const std::vector<std::string>& server);
+    // Runs an X client on the display to its end; throws when it fails.
+    static void runClient(const std::vector<std::string>& arguments);
+
 private:
-    void start();
+    void start(const std::vector<std::string>& server);
     void startWindowManager();
 
     pid_t server_ = -1;

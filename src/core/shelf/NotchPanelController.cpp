@@ -22,7 +22,7 @@ constexpr double dragTriggerHeight = 160;
 // The panel counts as under the pointer a little beyond its edges.
 constexpr double panelSlackX = 12;
 constexpr double panelSlackY = 10;
-// Differences below this are rounding, not a new size.
+// Differences below this are rounding, not a new size or place.
 constexpr double sizeTolerance = 0.5;
 
 constexpr Seconds backgroundExpandDelay{0.165};
@@ -266,11 +266,14 @@ void NotchPanelController::scheduleHide(Seconds delay) {
 }
 
 void NotchPanelController::syncVisibleFrameIfNeeded(const Rect& frame, Size contentSize) {
-    const Size panelSize = services_.panel.frame().size;
+    const Rect panelFrame = services_.panel.frame();
     const bool changed = differs(layout_.expandedSize(), contentSize, sizeTolerance);
-    const bool grows = contentSize.width > panelSize.width + sizeTolerance ||
-                       contentSize.height > panelSize.height + sizeTolerance;
-    if (changed || grows)
+    const bool grows = contentSize.width > panelFrame.width() + sizeTolerance ||
+                       contentSize.height > panelFrame.height() + sizeTolerance;
+    // Another display, or its own that moved: the panel follows at once, whatever its size.
+    const bool moves = std::abs(centre(panelFrame).x - centre(frame).x) >= sizeTolerance ||
+                       std::abs(panelFrame.maxY() - frame.maxY()) >= sizeTolerance;
+    if (changed || grows || moves)
         applyFrame(frame, true);
 }
 

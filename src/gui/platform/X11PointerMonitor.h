@@ -18,7 +18,7 @@ class X11PointerMonitor {
 public:
     // x and y in root-window pixels (origin top-left, y down); buttonMask is the core X
     // state (Button1Mask for the primary button, with the modifier bits).
-    using Handler = std::function<void(double x, double y, unsigned buttonMask)>;
+    using Handler = std::function<void(int x, int y, unsigned buttonMask)>;
     // Button1Mask, for callers that keep the X headers out.
     static constexpr unsigned primaryButtonMask = 1u << 8;
 

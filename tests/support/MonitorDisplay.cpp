@@ -1,0 +1,98 @@
+#include "support/MonitorDisplay.h"
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <sstream>
+#include <unistd.h>
+
+namespace tidewell::testing {
+namespace {
+
+constexpr const char* dummyDriver = "/usr/lib/xorg/modules/drivers/dummy_drv.so";
+
+// No input devices of the machine: the tests' pointer and keys come through XTest.
+std::string configuration(int width, int height) {
+    std::ostringstream text;
+    text << "Section \"ServerFlags\"\n  Option \"AutoAddDevices\" \"false\"\nEndSection\n"
+         << "Section \"Device\"\n  Identifier \"card\"\n  Driver \"dummy\"\n"
+         << "  VideoRam 256000\nEndSection\n"
+         << "Section \"Monitor\"\n  Identifier \"monitor\"\n  HorizSync 5.0-1000.0\n"
+         << "  VertRefresh 5.0-200.0\nEndSection\n"
+         << "Section \"Screen\"\n  Identifier \"screen\"\n  Device \"card\"\n"
+         << "  Monitor \"monitor\"\n  DefaultDepth 24\n  SubSection \"Display\"\n"
+         << "    Depth 24\n    Virtual " << width << " " << height << "\n"
+         << "  EndSubSection\nEndSection\n";
+    return text.str();
+}
+
+std::vector<std::string> xorg(const XorgConfiguration& configuration) {
+    return {"Xorg",
+            "-config",
+            configuration.file,
+            "-configdir",
+            configuration.folder.makeFolder("xorg.conf.d"),
+            "-logfile",
+            configuration.folder.path() + "/xorg.log",
+            "-noreset",
+            "-nolisten",
+            "tcp",
+            "-sharevts",
+            "-novtswitch"};
+}
+
+bool isOnPath(const std::string& program) {
+    std::istringstream folders(std::getenv("PATH") ? std::getenv("PATH") : "");
+    std::string folder;
+    while (std::getline(folders, folder, ':'))
+        if (::access((folder + "/" + program).c_str(), X_OK) == 0)
+            return true;
+    return false;
+}
+
+// Sizes in millimetres at 96 dots per inch, "1920/508x1080/286+0+0".
+std::string geometry(const Monitor& monitor) {
+    const auto millimetres = [](int pixels) { return std::lround(pixels * 25.4 / 96); };
+    return std::to_string(monitor.width) + "/" + std::to_string(millimetres(monitor.width)) + "x" +
+           std::to_string(monitor.height) + "/" + std::to_string(millimetres(monitor.height)) +
+           "+" + std::to_string(monitor.x) + "+" + std::to_string(monitor.y);
+}
+
+} // namespace
+
+XorgConfiguration::XorgConfiguration(int width, int height)
+    : file(folder.write("xorg.conf", configuration(width, height))) {}
+
+MonitorDisplay::MonitorDisplay(int width, int height, const std::vector<Monitor>& monitors)
+    : XorgConfiguration(width, height), VirtualDisplay(xorg(*this)) {
+    // The server keeps the pointer inside its one output's mode: a mode as large as the
+    // framebuffer, 10 frames a second, within the monitor's ranges.
+    const auto number = [](int value) { return std::to_string(value); };
+    char clock[32];
+    std::snprintf(clock, sizeof clock, "%.2f", (width + 24) * (height + 3) * 10 / 1e6);
+    runClient({"xrandr", "--fb", number(width) + "x" + number(height)});
+    runClient({"xrandr", "--newmode", "framebuffer", clock, number(width), number(width + 8),
+               number(width + 16), number(width + 24), number(height), number(height + 1),
+               number(height + 2), number(height + 3)});
+    runClient({"xrandr", "--addmode", "DUMMY0", "framebuffer"});
+    runClient({"xrandr", "--output", "DUMMY0", "--mode", "framebuffer"});
+    for (const Monitor& monitor : monitors)
+        addMonitor(monitor, &monitor == &monitors.front());
+}
+
+bool MonitorDisplay::isAvailable() {
+    return isOnPath("Xorg") && isOnPath("xrandr") && std::filesystem::exists(dummyDriver);
+}
+
+void MonitorDisplay::removeMonitor(const std::string& name) {
+    runClient({"xrandr", "--delmonitor", name});
+}
+
+// Only one monitor may show the server's one output; a "*" before the name makes it primary.
+void MonitorDisplay::addMonitor(const Monitor& monitor, bool isPrimary) {
+    runClient({"xrandr", "--setmonitor", (isPrimary ? "*" : "") + monitor.name, geometry(monitor),
+               isPrimary ? "DUMMY0" : "none"});
+}
+
+} // namespace tidewell::testing

@@ -1,7 +1,7 @@
 // The yardstick for the application benchmark: the least a Qt Quick program needs to show a
 // black bar at the top centre of the screen when the pointer gets there, with the same
 // pointer monitor as the application.
-#include "gui/platform/X11PointerMonitor.h"
+#include "gui/platform/PointerEventMonitor.h"
 
 #include <QGuiApplication>
 #include <QQuickView>
@@ -16,7 +16,7 @@ int main(int argc, char** argv) {
     view.setSource(QUrl("qrc:/bench/MinimalBar.qml"));
     const QRect screen = application.primaryScreen()->geometry();
     view.setGeometry(screen.center().x() - 100, 0, 200, 32);
-    tidewell::X11PointerMonitor monitor([&](double x, double y, unsigned) {
+    tidewell::PointerEventMonitor monitor([&](double x, double y, unsigned) {
         const bool atTop = y < 32 && std::abs(x - screen.center().x()) < 100;
         if (atTop && !view.isVisible())
             view.show();

@@ -1,6 +1,6 @@
 // CPU cost of the pointer monitor: a child process runs it while this one moves the pointer
 // of a virtual display 5,000 times through XTest, as a mouse would.
-#include "gui/platform/X11PointerMonitor.h"
+#include "gui/platform/PointerEventMonitor.h"
 #include "support/VirtualDisplay.h"
 
 #include <QCoreApplication>
@@ -40,7 +40,7 @@ double cpuSeconds() {
 int runMonitor(int argc, char** argv) {
     QCoreApplication application(argc, argv);
     long reports = 0;
-    tidewell::X11PointerMonitor monitor([&](double, double, unsigned) { ++reports; });
+    tidewell::PointerEventMonitor monitor([&](double, double, unsigned) { ++reports; });
     if (!monitor.start())
         return 1;
     const double startSeconds = cpuSeconds();

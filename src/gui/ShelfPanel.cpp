@@ -6,8 +6,8 @@
 #include "gui/ShelfView.h"
 #include "gui/X11DragPasteboard.h"
 #include "gui/X11Pointer.h"
+#include "gui/platform/PointerEventMonitor.h"
 #include "gui/platform/ThreadPoolBackgroundQueue.h"
-#include "gui/platform/X11PointerMonitor.h"
 
 namespace tidewell {
 
@@ -50,7 +50,7 @@ struct ShelfPanel::Parts {
     ThreadPoolBackgroundQueue background;
     NotchPanelController controller;
     ShelfView view;
-    X11PointerMonitor monitor;
+    PointerEventMonitor monitor;
 };
 
 ShelfPanel::ShelfPanel(Services services) : parts_(std::make_unique<Parts>(services)) {}

@@ -10,7 +10,7 @@
 #include "gui/ShelfDrops.h"
 #include "gui/ShelfToolTip.h"
 #include "gui/SymbolImageProvider.h"
-#include "gui/TileDragArea.h"
+#include "gui/TileDragView.h"
 
 #include <QCoreApplication>
 #include <QQmlContext>
@@ -52,7 +52,7 @@ void registerShelfTypes() {
     static const bool registered = [] {
         constexpr const char* module = "Tidewell";
         qmlRegisterType<ShelfDropArea>(module, 1, 0, "ShelfDropArea");
-        qmlRegisterType<TileDragArea>(module, 1, 0, "TileDragArea");
+        qmlRegisterType<TileDragView>(module, 1, 0, "TileDragView");
         qmlRegisterType<ShelfToolTip>(module, 1, 0, "ShelfToolTip");
         qmlRegisterUncreatableType<ShelfDrops>(module, 1, 0, "ShelfDrops",
                                                QStringLiteral("The shelf makes its own."));

@@ -81,7 +81,7 @@ Item {
         target: ShelfDrops.Tile
         itemId: tile.itemId
     }
-    TileDragArea {
+    TileDragView {
         anchors.fill: parent
         drops: shelfDrops
         itemId: tile.itemId

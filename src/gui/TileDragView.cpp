@@ -1,4 +1,4 @@
-#include "gui/TileDragArea.h"
+#include "gui/TileDragView.h"
 
 #include "core/drag/ShelfItemMove.h"
 #include "core/drag/TileDragSource.h"
@@ -29,14 +29,14 @@ ProjectIconFace faceOf(const QQuickItem& icon) {
 
 } // namespace
 
-TileDragArea::TileDragArea(QQuickItem* parent)
+TileDragView::TileDragView(QQuickItem* parent)
     : QQuickItem(parent), source_(std::make_shared<TileDragSource>()) {
     setAcceptedMouseButtons(Qt::LeftButton);
 }
 
-TileDragArea::~TileDragArea() = default;
+TileDragView::~TileDragView() = default;
 
-void TileDragArea::mousePressEvent(QMouseEvent* event) {
+void TileDragView::mousePressEvent(QMouseEvent* event) {
     pressPoint_ = event->position();
     source_->press(corePoint(event->scenePosition()));
     // The press is the tile's: a strip that scrolls must not take it over for a flick.
@@ -44,7 +44,7 @@ void TileDragArea::mousePressEvent(QMouseEvent* event) {
     event->accept();
 }
 
-void TileDragArea::mouseMoveEvent(QMouseEvent* event) {
+void TileDragView::mouseMoveEvent(QMouseEvent* event) {
     if (!source_->drag(corePoint(event->scenePosition())))
         return;
     // At once, while the button is surely still held: a release already on its way must end
@@ -54,12 +54,12 @@ void TileDragArea::mouseMoveEvent(QMouseEvent* event) {
     runDrag(pressPoint_);
 }
 
-void TileDragArea::mouseReleaseEvent(QMouseEvent*) {
+void TileDragView::mouseReleaseEvent(QMouseEvent*) {
     if (source_->release())
         emit clicked();
 }
 
-void TileDragArea::runDrag(QPointF pressPoint) {
+void TileDragView::runDrag(QPointF pressPoint) {
     const std::optional<Uuid> id = Uuid::parse(itemId_.toStdString());
     if (!id || !drops_ || !window())
         return;

@@ -13,7 +13,7 @@ class TileDragSource;
 // Covers a tile and owns its left-button presses: a press released in place is a click; one
 // that travels starts a drag of the tile, which reorders the shelf, or unpins the project
 // when it ends far outside the shelf. Other buttons, hovering and the wheel reach the tile.
-class TileDragArea : public QQuickItem {
+class TileDragView : public QQuickItem {
     Q_OBJECT
     Q_PROPERTY(ShelfDrops* drops MEMBER drops_ NOTIFY dropsChanged)
     Q_PROPERTY(QString itemId MEMBER itemId_ NOTIFY itemIdChanged)
@@ -21,8 +21,8 @@ class TileDragArea : public QQuickItem {
     // pointer.
     Q_PROPERTY(QQuickItem* iconItem MEMBER iconItem_ NOTIFY iconItemChanged)
 public:
-    explicit TileDragArea(QQuickItem* parent = nullptr);
-    ~TileDragArea() override;
+    explicit TileDragView(QQuickItem* parent = nullptr);
+    ~TileDragView() override;
 
 signals:
     void clicked();

@@ -1,4 +1,4 @@
-#include "gui/platform/X11PointerMonitor.h"
+#include "gui/platform/PointerEventMonitor.h"
 
 #include "gui/platform/X11PointerQuery.h"
 
@@ -16,7 +16,7 @@ namespace {
 constexpr std::chrono::milliseconds reportInterval{16};
 } // namespace
 
-X11PointerMonitor::X11PointerMonitor(Handler handler) : handler_(std::move(handler)) {
+PointerEventMonitor::PointerEventMonitor(Handler handler) : handler_(std::move(handler)) {
     restTimer_.setSingleShot(true);
     restTimer_.setInterval(reportInterval);
     QObject::connect(&restTimer_, &QTimer::timeout, [this] {
@@ -25,11 +25,11 @@ X11PointerMonitor::X11PointerMonitor(Handler handler) : handler_(std::move(handl
     });
 }
 
-X11PointerMonitor::~X11PointerMonitor() {
+PointerEventMonitor::~PointerEventMonitor() {
     stop();
 }
 
-bool X11PointerMonitor::start() {
+bool PointerEventMonitor::start() {
     stop();
     display_ = XOpenDisplay(nullptr);
     if (!display_)
@@ -44,7 +44,7 @@ bool X11PointerMonitor::start() {
     return true;
 }
 
-void X11PointerMonitor::stop() {
+void PointerEventMonitor::stop() {
     restTimer_.stop();
     notifier_.reset();
     if (display_)
@@ -54,7 +54,7 @@ void X11PointerMonitor::stop() {
 
 // Raw events reach the root window whatever window the pointer is over, during grabs too
 // (XInput 2.1 and later); button events are included so that a press without motion counts.
-bool X11PointerMonitor::selectRawEvents() {
+bool PointerEventMonitor::selectRawEvents() {
     int event = 0;
     int error = 0;
     if (!XQueryExtension(display_, "XInputExtension", &inputOpcode_, &event, &error))
@@ -75,7 +75,7 @@ bool X11PointerMonitor::selectRawEvents() {
 
 // Events that the query's reply brings into Xlib's queue, where the socket no longer
 // announces them, are taken at the end of the rest.
-void X11PointerMonitor::serveConnection() {
+void PointerEventMonitor::serveConnection() {
     if (!drainPendingEvents())
         return;
     reportPointer();
@@ -83,7 +83,7 @@ void X11PointerMonitor::serveConnection() {
     restTimer_.start();
 }
 
-bool X11PointerMonitor::drainPendingEvents() {
+bool PointerEventMonitor::drainPendingEvents() {
     bool pointerChanged = false;
     while (XPending(display_) > 0) {
         XEvent event;
@@ -97,7 +97,7 @@ bool X11PointerMonitor::drainPendingEvents() {
     return pointerChanged;
 }
 
-void X11PointerMonitor::reportPointer() {
+void PointerEventMonitor::reportPointer() {
     const X11PointerState pointer = queryPointer(display_);
     handler_(pointer.rootX, pointer.rootY, pointer.buttonMask);
 }

@@ -9,12 +9,12 @@ struct _XDisplay;
 
 namespace tidewell {
 
-// Reports where the pointer is whenever it moves or a button changes, over any window,
+// X11: reports where the pointer is whenever it moves or a button changes, over any window,
 // this application's own included. Listens to raw XInput 2 events on a connection of its
 // own and reports once per batch of pending events, at most about once a frame while the
 // pointer moves, so a pointer at rest costs nothing and a moving one very little.
 // Used from the thread of the Qt event loop that serves the connection.
-class X11PointerMonitor {
+class PointerEventMonitor {
 public:
     // x and y in root-window pixels (origin top-left, y down); buttonMask is the core X
     // state (Button1Mask for the primary button, with the modifier bits).
@@ -22,10 +22,10 @@ public:
     // Button1Mask, for callers that keep the X headers out.
     static constexpr unsigned primaryButtonMask = 1u << 8;
 
-    explicit X11PointerMonitor(Handler handler);
-    ~X11PointerMonitor();
-    X11PointerMonitor(const X11PointerMonitor&) = delete;
-    X11PointerMonitor& operator=(const X11PointerMonitor&) = delete;
+    explicit PointerEventMonitor(Handler handler);
+    ~PointerEventMonitor();
+    PointerEventMonitor(const PointerEventMonitor&) = delete;
+    PointerEventMonitor& operator=(const PointerEventMonitor&) = delete;
 
     // Starting again first stops the running monitor. False when there is no X display or it
     // lacks XInput 2.1; the monitor then stays stopped.

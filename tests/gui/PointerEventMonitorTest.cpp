@@ -1,4 +1,4 @@
-#include "gui/platform/X11PointerMonitor.h"
+#include "gui/platform/PointerEventMonitor.h"
 
 #include "gui/EventLoopWait.h"
 #include "support/X11TestClient.h"
@@ -25,7 +25,7 @@ struct PointerReport {
 
 class PointerReports {
 public:
-    X11PointerMonitor::Handler handler() {
+    PointerEventMonitor::Handler handler() {
         return [this](double x, double y, unsigned mask) { reports_.push_back({x, y, mask}); };
     }
     std::size_t count() const { return reports_.size(); }
@@ -47,12 +47,12 @@ long voluntaryContextSwitches() {
     return -1;
 }
 
-TEST(X11PointerMonitor, ReportsMovesAndButtonsOverAnotherClientsWindow) {
+TEST(PointerEventMonitor, ReportsMovesAndButtonsOverAnotherClientsWindow) {
     DesktopDisplay display;
     X11TestClient client;
     const unsigned long window = client.createWindow(100, 100, 400, 300);
     PointerReports reports;
-    X11PointerMonitor monitor(reports.handler());
+    PointerEventMonitor monitor(reports.handler());
     ASSERT_TRUE(monitor.start());
 
     client.movePointerTo(250, 180);
@@ -60,26 +60,26 @@ TEST(X11PointerMonitor, ReportsMovesAndButtonsOverAnotherClientsWindow) {
     EXPECT_EQ(client.windowUnderPointer(), window);
     EXPECT_EQ(reports.last().x, 250);
     EXPECT_EQ(reports.last().y, 180);
-    EXPECT_EQ(reports.last().buttonMask & X11PointerMonitor::primaryButtonMask, 0u);
+    EXPECT_EQ(reports.last().buttonMask & PointerEventMonitor::primaryButtonMask, 0u);
 
     const std::size_t beforePress = reports.count();
     client.setPrimaryButton(true);
     ASSERT_TRUE(reports.reachedCount(beforePress + 1));
-    EXPECT_NE(reports.last().buttonMask & X11PointerMonitor::primaryButtonMask, 0u);
+    EXPECT_NE(reports.last().buttonMask & PointerEventMonitor::primaryButtonMask, 0u);
     client.movePointerBy(0, 1);
     ASSERT_TRUE(pumpEventsUntil([&] { return reports.last().y == 181; }));
     EXPECT_EQ(reports.last().x, 250);
-    EXPECT_NE(reports.last().buttonMask & X11PointerMonitor::primaryButtonMask, 0u);
+    EXPECT_NE(reports.last().buttonMask & PointerEventMonitor::primaryButtonMask, 0u);
     client.setPrimaryButton(false);
     ASSERT_TRUE(pumpEventsUntil(
-        [&] { return (reports.last().buttonMask & X11PointerMonitor::primaryButtonMask) == 0; }));
+        [&] { return (reports.last().buttonMask & PointerEventMonitor::primaryButtonMask) == 0; }));
 }
 
-TEST(X11PointerMonitor, StartingTwiceReportsEachMoveOnceAndStoppingEndsReports) {
+TEST(PointerEventMonitor, StartingTwiceReportsEachMoveOnceAndStoppingEndsReports) {
     DesktopDisplay display;
     X11TestClient client;
     PointerReports reports;
-    X11PointerMonitor monitor(reports.handler());
+    PointerEventMonitor monitor(reports.handler());
     monitor.stop(); // never started: nothing happens
     ASSERT_TRUE(monitor.start());
     ASSERT_TRUE(monitor.start());
@@ -97,11 +97,11 @@ TEST(X11PointerMonitor, StartingTwiceReportsEachMoveOnceAndStoppingEndsReports) 
     EXPECT_EQ(reports.count(), 2u);
 }
 
-TEST(X11PointerMonitor, PointerAtRestCausesNoWakeUps) {
+TEST(PointerEventMonitor, PointerAtRestCausesNoWakeUps) {
     DesktopDisplay display;
     X11TestClient client;
     PointerReports reports;
-    X11PointerMonitor monitor(reports.handler());
+    PointerEventMonitor monitor(reports.handler());
     ASSERT_TRUE(monitor.start());
     client.movePointerBy(1, 1);
     ASSERT_TRUE(reports.reachedCount(1));
@@ -115,9 +115,9 @@ TEST(X11PointerMonitor, PointerAtRestCausesNoWakeUps) {
     EXPECT_LE(voluntaryContextSwitches() - switchesBefore, 3);
 }
 
-TEST(X11PointerMonitor, StartFailsWithoutDisplay) {
+TEST(PointerEventMonitor, StartFailsWithoutDisplay) {
     PointerReports reports;
-    X11PointerMonitor monitor(reports.handler());
+    PointerEventMonitor monitor(reports.handler());
     testing::ScopedEnvironment environment;
     environment.set("DISPLAY", ":999");
     EXPECT_FALSE(monitor.start());

@@ -13,6 +13,8 @@ packages=(
   qml6-module-qtquick-controls qml6-module-qtquick-templates qml6-module-qtquick-layouts
   qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript qt6-qpa-plugins
   qml6-module-qt5compat-graphicaleffects
+  # run: project icons in ICNS, WebP and TIFF
+  qt6-image-formats-plugins
   # run
   dbus xdg-utils
   # test, fuzz and benchmark

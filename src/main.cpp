@@ -59,7 +59,8 @@ int runApplication(int argc, char** argv) {
     }
     const std::string executable = currentApplicationLocation().executable;
     const std::string folder = executable.substr(0, executable.rfind('/'));
-    return GuiLibrary::run(argc, argv, folder.empty() ? "/" : folder, TIDEWELL_GUI_LIBRARY_DIR);
+    return GuiLibrary::run(argc, argv, folder.empty() ? "/" : folder,
+                           folder + "/" TIDEWELL_GUI_LIBRARY_FROM_BIN);
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tidewell {
 
@@ -22,9 +23,6 @@ public:
     // Up to `length` bytes from `offset` on: fewer at the end of the file, none on failure.
     using Reader =
         std::function<std::optional<std::string>(std::size_t offset, std::size_t length)>;
-
-    static constexpr std::size_t pieceLength = 4096;
-    static constexpr std::size_t maximumReads = 16;
 
     // All the bytes there are.
     explicit ByteView(std::string_view bytes) : start_(bytes) {}
@@ -63,6 +61,9 @@ public:
     }
 
 private:
+    static constexpr std::size_t pieceLength = 4096;
+    static constexpr std::size_t maximumReads = 16;
+
     struct Piece {
         std::size_t offset = 0;
         std::string bytes;

@@ -3,7 +3,7 @@ BUILD ?= build
 CMAKE_FLAGS ?=
 JOBS ?= $(shell nproc)
 
-.PHONY: all deps build run test bench screenshots sanitize fuzz format clean
+.PHONY: all deps build run test bench deb screenshots sanitize fuzz format clean
 
 all: build
 
@@ -22,6 +22,10 @@ test: build
 
 bench: build
 	cmake --build $(BUILD) --target bench
+
+# A Debian package of the program, its link, desktop entry, icon and user interface.
+deb: build
+	cd $(BUILD) && cpack
 
 # The README's pictures of the shelf and the settings window, taken on a virtual display.
 screenshots: build

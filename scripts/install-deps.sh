@@ -4,17 +4,12 @@
 set -euo pipefail
 
 packages=(
-  # build
-  g++ cmake ninja-build pkg-config
+  # build, and the Debian package's dependencies
+  g++ cmake ninja-build pkg-config dpkg-dev
   libsimdjson-dev libutf8proc-dev libstb-dev libsystemd-dev qt6-base-dev libglib2.0-dev
   libx11-dev libxi-dev libxtst-dev libxext-dev qt6-declarative-dev qt6-svg-dev
-  # run: the Qt Quick modules the shelf's views import
-  qml6-module-qtquick qml6-module-qtquick-shapes qml6-module-qtquick-window
-  qml6-module-qtquick-controls qml6-module-qtquick-templates qml6-module-qtquick-layouts
-  qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript qt6-qpa-plugins
-  qml6-module-qt5compat-graphicaleffects
   # run
-  dbus xdg-utils
+  $(grep -v '^#' "$(dirname "$0")/../packaging/runtime-packages")
   # test, fuzz and benchmark
   libgtest-dev libgmock-dev dbus-daemon dbus-bin clang-14 libclang-rt-14-dev zoxide
   xvfb openbox x11-utils xterm xdotool xcompmgr imagemagick

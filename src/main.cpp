@@ -12,6 +12,7 @@
 #include "linux/GuiLibrary.h"
 #include "linux/PosixFileSystem.h"
 #include "linux/PosixProcessLauncher.h"
+#include "linux/QtPluginImageFormats.h"
 #include "linux/SessionBusPoster.h"
 #include "linux/SingleInstanceGuard.h"
 #include "linux/XdgAutostartLoginItemService.h"
@@ -30,7 +31,9 @@ int runTool(const std::vector<std::string>& arguments) {
     NotificationCenter localCenter([](MainQueue::Task task) { task(); });
     SessionBusPoster distributedCenter;
     const UserPaths paths = XdgPaths::userPaths();
-    ItemDatabase database({files, clock, localCenter, distributedCenter}, DataFolder(paths));
+    const QtPluginImageFormats imageFormats = QtPluginImageFormats::installed();
+    ItemDatabase database({files, clock, localCenter, distributedCenter, imageFormats},
+                          DataFolder(paths));
     const ApplicationLocation application = currentApplicationLocation();
     XdgAutostartLoginItemService loginItems(files, XdgPaths::configHome(), application);
     const LaunchAgentManager launchAtLogin(files, loginItems, paths, application);
@@ -56,7 +59,8 @@ int runApplication(int argc, char** argv) {
     }
     const std::string executable = currentApplicationLocation().executable;
     const std::string folder = executable.substr(0, executable.rfind('/'));
-    return GuiLibrary::run(argc, argv, folder.empty() ? "/" : folder, TIDEWELL_GUI_LIBRARY_DIR);
+    return GuiLibrary::run(argc, argv, folder.empty() ? "/" : folder,
+                           folder + "/" TIDEWELL_GUI_LIBRARY_FROM_BIN);
 }
 
 } // namespace

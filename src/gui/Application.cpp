@@ -22,6 +22,7 @@
 #include "linux/PathExecutableLocator.h"
 #include "linux/PosixFileSystem.h"
 #include "linux/PosixProcessLauncher.h"
+#include "linux/QtPluginImageFormats.h"
 #include "linux/SdBusNotificationCenter.h"
 #include "linux/UserShell.h"
 #include "linux/XdgAutostartLoginItemService.h"
@@ -36,7 +37,9 @@ struct Application::Parts {
     NotificationCenter localCenter{queue};
     SdBusNotificationCenter distributedCenter;
     const UserPaths paths = XdgPaths::userPaths();
-    ItemDatabase database{{files, clock, localCenter, distributedCenter}, DataFolder(paths)};
+    const QtPluginImageFormats imageFormats = QtPluginImageFormats::installed();
+    ItemDatabase database{{files, clock, localCenter, distributedCenter, imageFormats},
+                          DataFolder(paths)};
     IconCache iconCache{files, database.dataFolder().iconsFolder()};
     GioWorkspace workspace;
     ItemStore store{{database, localCenter, distributedCenter, queue, workspace}};

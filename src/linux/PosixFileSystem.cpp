@@ -57,12 +57,15 @@ bool writeAll(int fd, std::string_view bytes) {
     return true;
 }
 
-std::optional<std::string> readUpTo(const std::string& path, std::size_t maxBytes) {
+std::optional<std::string> readUpTo(const std::string& path, std::size_t offset,
+                                    std::size_t maxBytes) {
     FileDescriptor fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
     if (fd.get() < 0)
         return std::nullopt;
     struct stat info {};
     if (::fstat(fd.get(), &info) != 0 || S_ISDIR(info.st_mode))
+        return std::nullopt;
+    if (offset > 0 && ::lseek(fd.get(), static_cast<off_t>(offset), SEEK_SET) < 0)
         return std::nullopt;
     std::string bytes;
     bytes.reserve(std::min<std::size_t>(maxBytes, static_cast<std::size_t>(info.st_size)));
@@ -147,12 +150,12 @@ std::vector<DirectoryEntry> PosixFileSystem::list(const std::string& directory) 
 }
 
 std::optional<std::string> PosixFileSystem::readFile(const std::string& path) const {
-    return readUpTo(path, SIZE_MAX);
+    return readUpTo(path, 0, SIZE_MAX);
 }
 
-std::optional<std::string> PosixFileSystem::readPrefix(const std::string& path,
-                                                       std::size_t maxBytes) const {
-    return readUpTo(path, maxBytes);
+std::optional<std::string> PosixFileSystem::readAt(const std::string& path, std::size_t offset,
+                                                   std::size_t maxBytes) const {
+    return readUpTo(path, offset, maxBytes);
 }
 
 void PosixFileSystem::writeFileAtomically(const std::string& path, std::string_view bytes) {

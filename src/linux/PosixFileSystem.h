@@ -15,8 +15,8 @@ public:
     std::vector<DirectoryEntry> list(const std::string& directory) const override;
 
     std::optional<std::string> readFile(const std::string& path) const override;
-    std::optional<std::string> readPrefix(const std::string& path,
-                                          std::size_t maxBytes) const override;
+    std::optional<std::string> readAt(const std::string& path, std::size_t offset,
+                                      std::size_t maxBytes) const override;
 
     void writeFileAtomically(const std::string& path, std::string_view bytes) override;
     void writeNewPrivateFile(const std::string& path, std::string_view bytes) override;

@@ -1,5 +1,6 @@
 #include "e2e/EndToEndTest.h"
 
+#include <algorithm>
 #include <filesystem>
 
 namespace tidewell::testing {
@@ -27,6 +28,38 @@ TEST_F(InstallTest, InstallsTheProgramItsLinkAndTheDesktopEntry) {
                                     "/share/icons/hicolor/scalable/apps/com.quorvel.tidewell.svg"));
     expectResult(ChildProcess::run(launch(prefix + "/bin/tide", {"login-status"}, home)),
                  "not registered\n", "", 0);
+}
+
+// The Debian package of the build, unpacked into a scratch root: its tool works there, and
+// its program finds and loads its user interface (which then finds no display).
+TEST_F(InstallTest, TheDebianPackageUnpackedRunsTheToolAndLoadsTheInterface) {
+    const std::string packages = root.makeFolder("packages");
+    const ProcessResult packed =
+        ChildProcess::run({.arguments = {TIDEWELL_CPACK, "--config",
+                                         buildFolder() + "/CPackConfig.cmake", "-B", packages},
+                           .environment = environment()},
+                          std::chrono::seconds(150));
+    ASSERT_EQ(packed.status, 0) << packed.standardOutput << packed.standardError;
+    const auto names = entries(packages);
+    const auto package = std::find_if(
+        names.begin(), names.end(), [](const std::string& name) { return name.ends_with(".deb"); });
+    ASSERT_NE(package, names.end()) << packed.standardOutput;
+    const std::string scratch = root.makeFolder("scratch");
+    expectResult(ChildProcess::run({.arguments = {"dpkg", "-x", packages + "/" + *package, scratch},
+                                    .environment = environment()}),
+                 "", "", 0);
+
+    const std::string bin = scratch + "/usr/bin";
+    expectResult(ChildProcess::run(launch(bin + "/tide", {"help"}, home)),
+                 tide({"help"}, home).standardOutput, "", 0);
+    const std::string folder = project("site");
+    expectResult(ChildProcess::run(launch(bin + "/tide", {"add", folder}, home)), "Pinned: site\n",
+                 "", 0);
+    expectResult(ChildProcess::run(launch(bin + "/tide", {"list"}, home)),
+                 "* site\t" + folder + "\n", "", 0);
+    const ProcessResult started = ChildProcess::run(launch(bin + "/tidewell", {}, home));
+    EXPECT_NE(started.standardError.find("could not connect to display"), std::string::npos)
+        << started.standardError;
 }
 
 } // namespace

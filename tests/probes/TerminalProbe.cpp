@@ -18,6 +18,7 @@
 #include "linux/PathExecutableLocator.h"
 #include "linux/PosixFileSystem.h"
 #include "linux/PosixProcessLauncher.h"
+#include "linux/QtPluginImageFormats.h"
 #include "linux/SdBusNotificationCenter.h"
 #include "linux/UserShell.h"
 #include "linux/XdgPaths.h"
@@ -47,7 +48,8 @@ int main(int argc, char** argv) {
     QtMainQueue queue;
     NotificationCenter localCenter(queue);
     SdBusNotificationCenter distributedCenter;
-    ItemDatabase database({files, clock, localCenter, distributedCenter},
+    const QtPluginImageFormats imageFormats = QtPluginImageFormats::installed();
+    ItemDatabase database({files, clock, localCenter, distributedCenter, imageFormats},
                           DataFolder(XdgPaths::userPaths()));
     GioWorkspace workspace;
     ItemStore store({database, localCenter, distributedCenter, queue, workspace});

@@ -6,6 +6,7 @@
 #include "linux/PosixFileSystem.h"
 #include "support/FakeClock.h"
 #include "support/FakeDistributedCenter.h"
+#include "support/FakeImageFormats.h"
 #include "support/FakeMainQueue.h"
 #include "support/TemporaryDirectory.h"
 
@@ -36,7 +37,8 @@ protected:
     FakeMainQueue queue{clock};
     NotificationCenter localCenter{queue};
     FakeDistributedCenter distributedCenter;
-    ItemDatabase database{{files, clock, localCenter, distributedCenter}, folder};
+    FakeImageFormats imageFormats;
+    ItemDatabase database{{files, clock, localCenter, distributedCenter, imageFormats}, folder};
 
 private:
     int localPosts = 0;

@@ -34,35 +34,36 @@ int edgeOf(std::string_view type) {
 int largestEdgeInTableOfContents(const ByteView& bytes, std::size_t begin, std::size_t end) {
     int largest = 0;
     for (std::size_t entry = begin; entry + elementHeaderLength <= end;
-         entry += elementHeaderLength)
-        if (const auto type = bytes.slice(entry, 4))
-            largest = std::max(largest, edgeOf(*type));
+         entry += elementHeaderLength) {
+        const auto type = bytes.slice(entry, 4);
+        if (!type)
+            break;
+        largest = std::max(largest, edgeOf(*type));
+    }
     return largest;
 }
 
 } // namespace
 
 // The largest icon the file holds; elements are only looked at as far as the bytes reach.
-std::optional<ImageSize> icnsSize(std::string_view data) {
-    const ByteView bytes(data);
+std::optional<ImageSize> icnsSize(const ByteView& bytes) {
     const auto fileLength = bytes.unsignedInteger(4, 4, big);
     if (!bytes.hasTag(0, "icns") || !fileLength)
         return std::nullopt;
-    const std::uint64_t end = std::min<std::uint64_t>(*fileLength, bytes.size());
 
     int largest = 0;
     std::uint64_t element = elementHeaderLength;
-    while (element + elementHeaderLength <= end) {
-        const auto type = *bytes.slice(element, 4);
-        const auto length = *bytes.unsignedInteger(element + 4, 4, big);
-        if (length < elementHeaderLength)
+    while (element + elementHeaderLength <= *fileLength) {
+        const auto type = bytes.slice(element, 4);
+        const auto length = bytes.unsignedInteger(element + 4, 4, big);
+        if (!type || !length || *length < elementHeaderLength)
             break;
-        const std::uint64_t elementEnd = std::min<std::uint64_t>(element + length, end);
-        largest = std::max(largest, edgeOf(type));
-        if (type == "TOC ")
+        const std::uint64_t elementEnd = std::min<std::uint64_t>(element + *length, *fileLength);
+        largest = std::max(largest, edgeOf(*type));
+        if (*type == "TOC ")
             largest = std::max(largest, largestEdgeInTableOfContents(
                                             bytes, element + elementHeaderLength, elementEnd));
-        element += length;
+        element += *length;
     }
     return positiveSize(largest, largest);
 }

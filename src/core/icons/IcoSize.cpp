@@ -31,8 +31,7 @@ bool isPlausibleEntry(const ByteView& bytes, std::size_t entry, std::size_t dire
 } // namespace
 
 // The largest image the icon directory lists.
-std::optional<ImageSize> icoSize(std::string_view data) {
-    const ByteView bytes(data);
+std::optional<ImageSize> icoSize(const ByteView& bytes) {
     const auto reserved = bytes.unsignedInteger(0, 2, little);
     const auto type = bytes.unsignedInteger(2, 2, little);
     const auto count = bytes.unsignedInteger(4, 2, little);

@@ -31,7 +31,6 @@ constexpr std::array<std::string_view, 8> packageExtensions = {
 
 constexpr std::size_t maximumEntries = 2000;
 constexpr int firstIgnoredDepth = 5;
-constexpr std::size_t squareTestBytes = 64 * 1024;
 constexpr double squareTolerance = 0.08;
 
 template <std::size_t count>
@@ -117,7 +116,7 @@ private:
             extension.empty() ? name : name.substr(0, name.size() - extension.size() - 1);
         const bool hasKeyword = std::any_of(nameKeywords.begin(), nameKeywords.end(),
                                             [&](auto keyword) { return contains(base, keyword); });
-        if (!isOneOf(extensions, extension) || !hasKeyword)
+        if (!hasKeyword || !scanner_.isDrawable(extension))
             return;
         int score = 100 - 8 * depth;
         if (base == "appicon" || base == "icon")
@@ -150,11 +149,15 @@ std::optional<std::string> IconScanner::bestIcon(const std::string& folder) cons
     if (!files_.exists(root))
         return std::nullopt;
     if (!files_.isDirectory(root)) {
-        if (isOneOf(extensions, lowercased(PathText::extension(root))))
+        if (isDrawable(lowercased(PathText::extension(root))))
             return root;
         return std::nullopt;
     }
     return IconWalk(*this, files_, root).bestIcon();
+}
+
+bool IconScanner::isDrawable(std::string_view extension) const {
+    return isOneOf(extensions, extension) && formats_.canDecode(extension);
 }
 
 bool IconScanner::isInPreferredDirectory(const std::string& file,
@@ -170,8 +173,9 @@ bool IconScanner::isInPreferredDirectory(const std::string& file,
 }
 
 bool IconScanner::isSquare(const std::string& file) const {
-    const auto bytes = files_.readPrefix(file, squareTestBytes);
-    const auto size = bytes ? imageSizeFromHeader(*bytes) : std::nullopt;
+    const auto size = imageSizeOfFile([&](std::size_t offset, std::size_t length) {
+        return files_.readAt(file, offset, length);
+    });
     if (!size || size->width <= 0 || size->height <= 0)
         return false;
     return std::abs(size->width - size->height) / std::max(size->width, size->height) <

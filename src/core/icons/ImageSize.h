@@ -1,7 +1,8 @@
 #pragma once
 
+#include "core/icons/ByteView.h"
+
 #include <optional>
-#include <string_view>
 
 namespace tidewell {
 
@@ -13,6 +14,10 @@ struct ImageSize {
 // The size an image declares in its header, recognised by content, not by file name:
 // PNG, GIF and BMP through stb_image; JPEG, WebP, ICO, ICNS, TIFF and SVG (width/height or
 // viewBox) by readers of our own. Anything else, or a damaged header, has no size.
-std::optional<ImageSize> imageSizeFromHeader(std::string_view bytes);
+std::optional<ImageSize> imageSizeFromHeader(const ByteView& bytes);
+
+// The same for a file: its first 64 KiB are read, and beyond them only the few small pieces
+// that a header points to.
+std::optional<ImageSize> imageSizeOfFile(const ByteView::Reader& read);
 
 } // namespace tidewell

@@ -21,8 +21,7 @@ bool isStartOfFrame(std::uint32_t marker) {
 
 // The frame header's extents. The segments before it (tables, metadata) are skipped by
 // their lengths without being read: only the frame header is trusted to hold a size.
-std::optional<ImageSize> jpegSize(std::string_view data) {
-    const ByteView bytes(data);
+std::optional<ImageSize> jpegSize(const ByteView& bytes) {
     if (!bytes.hasTag(0, "\xFF\xD8"))
         return std::nullopt;
     std::size_t offset = 2;

@@ -15,7 +15,8 @@
 
 namespace tidewell::ImageHeaderReaders {
 
-std::optional<ImageSize> stbImageSize(std::string_view bytes) {
+std::optional<ImageSize> stbImageSize(const ByteView& view) {
+    const std::string_view bytes = view.start();
     if (bytes.empty())
         return std::nullopt;
     const int length = static_cast<int>(std::min<std::size_t>(bytes.size(), INT_MAX));

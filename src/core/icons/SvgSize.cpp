@@ -149,8 +149,8 @@ std::optional<ImageSize> viewBoxExtent(std::string_view text) {
 
 // The width and height attributes of the root <svg> tag; where one of them is missing or
 // relative, the view box gives the proportions, and where both are, its extent.
-std::optional<ImageSize> svgSize(std::string_view text) {
-    const auto attributes = rootSvgAttributes(text);
+std::optional<ImageSize> svgSize(const ByteView& bytes) {
+    const auto attributes = rootSvgAttributes(bytes.start());
     if (!attributes)
         return std::nullopt;
     const auto width = length(attributes->width);

@@ -27,8 +27,7 @@ std::optional<std::uint32_t> integerValue(const ByteView& bytes, std::size_t ent
 } // namespace
 
 // ImageWidth and ImageLength of the first image file directory, in either byte order.
-std::optional<ImageSize> tiffSize(std::string_view data) {
-    const ByteView bytes(data);
+std::optional<ImageSize> tiffSize(const ByteView& bytes) {
     ByteView::Order order;
     if (bytes.hasTag(0, std::string_view("II*\0", 4)))
         order = ByteView::Order::littleEndian;

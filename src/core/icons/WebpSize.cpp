@@ -40,8 +40,7 @@ std::optional<ImageSize> extendedSize(const ByteView& bytes) {
 
 } // namespace
 
-std::optional<ImageSize> webpSize(std::string_view data) {
-    const ByteView bytes(data);
+std::optional<ImageSize> webpSize(const ByteView& bytes) {
     if (!bytes.hasTag(0, "RIFF") || !bytes.hasTag(8, "WEBP"))
         return std::nullopt;
     if (bytes.hasTag(12, "VP8 "))

@@ -40,7 +40,8 @@ std::string compactTimestamp(Date date) {
 } // namespace
 
 ItemDatabase::ItemDatabase(Services services, DataFolder folder)
-    : services_(services), folder_(std::move(folder)), scanner_(services.files),
+    : services_(services), folder_(std::move(folder)),
+      scanner_(services.files, services.imageFormats),
       iconCache_(services.files, folder_.iconsFolder()) {}
 
 std::vector<NotchItem> ItemDatabase::load() {

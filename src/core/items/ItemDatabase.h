@@ -36,6 +36,7 @@ public:
         const Clock& clock;
         NotificationCenter& localCenter;
         NotificationPoster& distributedCenter;
+        const ImageFormats& imageFormats;
     };
 
     ItemDatabase(Services services, DataFolder folder);

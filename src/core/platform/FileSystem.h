@@ -48,8 +48,9 @@ public:
     virtual std::vector<DirectoryEntry> list(const std::string& directory) const = 0;
 
     virtual std::optional<std::string> readFile(const std::string& path) const = 0;
-    virtual std::optional<std::string> readPrefix(const std::string& path,
-                                                  std::size_t maxBytes) const = 0;
+    // Up to maxBytes from the offset on: fewer at the end of the file.
+    virtual std::optional<std::string> readAt(const std::string& path, std::size_t offset,
+                                              std::size_t maxBytes) const = 0;
 
     // Replaces the file in one rename, after the new bytes and the folder are on disk.
     virtual void writeFileAtomically(const std::string& path, std::string_view bytes) = 0;

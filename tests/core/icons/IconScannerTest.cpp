@@ -1,6 +1,7 @@
 #include "core/icons/IconScanner.h"
 
 #include "linux/PosixFileSystem.h"
+#include "support/FakeImageFormats.h"
 #include "support/TemporaryDirectory.h"
 
 #include <filesystem>
@@ -27,7 +28,8 @@ protected:
 
     testing::TemporaryDirectory project;
     PosixFileSystem files;
-    IconScanner scanner{files};
+    testing::FakeImageFormats formats{{"heic"}};
+    IconScanner scanner{files, formats};
 };
 
 // The numbers are the scores of the files compared; square images earn a bonus.
@@ -46,6 +48,7 @@ TEST(IconScanner, ScoresNamePlaceAndShape) {
         std::string what;
         Files files;
         std::optional<std::string> best;
+        testing::FakeImageFormats::Extensions undecodable;
     } cases[] = {
         {"no icon-like name",
          {{"README.md", "# Project"},
@@ -60,6 +63,10 @@ TEST(IconScanner, ScoresNamePlaceAndShape) {
         {"extension in any case",
          {{"a/my-logo.svg", "<svg/>"}, {"AppIcon.HEIC", ""}},
          "AppIcon.HEIC"},
+        {"a format the application cannot draw: the next best",
+         {{"a/my-logo.svg", "<svg/>"}, {"AppIcon.HEIC", ""}},
+         "a/my-logo.svg",
+         {"heic"}},
         {"square at the root 137, wide preferred 119",
          {{"images/mark.png", wide}, {"logo.png", square}},
          "logo.png"},
@@ -67,6 +74,10 @@ TEST(IconScanner, ScoresNamePlaceAndShape) {
          {{"images/mark.png", square}, {"logo.png", wide}},
          "images/mark.png"},
         {"icon family 140 met after a wide preferred favicon 139", scored, "icon.icns"},
+        {"undrawable icon family 140, wide preferred favicon 139",
+         scored,
+         "assets/favicon.ico",
+         {"icns"}},
         {"square favicon at the root 157",
          {scored[0], scored[1], {"favicon.ico", square}},
          "favicon.ico"},
@@ -92,7 +103,8 @@ TEST(IconScanner, ScoresNamePlaceAndShape) {
         testing::TemporaryDirectory project;
         for (const auto& [path, bytes] : expected.files)
             project.write(path, bytes);
-        const auto best = IconScanner(files).bestIcon(project.path());
+        const testing::FakeImageFormats formats(expected.undecodable);
+        const auto best = IconScanner(files, formats).bestIcon(project.path());
         EXPECT_EQ(best, expected.best ? std::optional(project.path() + "/" + *expected.best)
                                       : std::nullopt)
             << expected.what;
@@ -103,6 +115,7 @@ TEST_F(IconScannerTest, ARootThatIsAFileIsItsOwnIconWhenItIsAnImage) {
     const std::string logo = project.write("logo.PNG", square);
     EXPECT_EQ(scanner.bestIcon(logo), logo);
     EXPECT_EQ(scanner.bestIcon(project.write("notes.txt", "text")), std::nullopt);
+    EXPECT_EQ(scanner.bestIcon(project.write("logo.heic", "")), std::nullopt);
     EXPECT_EQ(scanner.bestIcon(inProject("missing")), std::nullopt);
 }
 

@@ -187,7 +187,7 @@ TEST_F(ItemDatabaseTest, ARefusedOrFailedSaveWritesAndAnnouncesNothing) {
 
     root.write("blocked", "a file where the data folder should go");
     ItemDatabase blocked(
-        {files, clock, localCenter, distributedCenter},
+        {files, clock, localCenter, distributedCenter, imageFormats},
         DataFolder({.home = paths.home, .applicationSupport = root.path() + "/blocked"}));
     EXPECT_THROW(blocked.upsert({.path = root.makeFolder("p")}), Error);
     EXPECT_EQ(deliveredPosts(), 1);

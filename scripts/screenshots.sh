@@ -86,7 +86,7 @@ stop_app() {
 # Warps make no pointer events: warp near the notch, then move onto it.
 open_shelf() {
   xdotool mousemove 960 40 mousemove_relative -- 0 -35
-  sleep 0.8
+  sleep 1.2
 }
 
 # $1 appearance, $2 scheme, $3 project count, $4 "scrolled" to turn the wheel over the

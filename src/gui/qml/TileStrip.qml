@@ -16,9 +16,13 @@ ListView {
     onContentWidthChanged: stripScroll.setExtent(contentWidth, width)
     onWidthChanged: stripScroll.setExtent(contentWidth, width)
 
-    WheelHandler {
-        target: null
-        onWheel: event => stripScroll.wheel(event.angleDelta)
+    // Below the tiles, which let the wheel pass; either wheel direction reaches it.
+    MouseArea {
+        parent: strip
+        anchors.fill: parent
+        z: -1
+        acceptedButtons: Qt.NoButton
+        onWheel: wheel => stripScroll.wheel(wheel.angleDelta)
     }
 
     delegate: ShelfStripEntry {}

@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Takes the README's pictures: the open shelf in both appearances, light and dark desktops,
-# with 0, 3 and 12 projects, and the settings window on light and dark desktops with three
-# projects. Runs the built program on a virtual display of its own with a home folder of
-# its own; writes docs/shelf-<appearance>-<scheme>-<count>.png and docs/settings-<scheme>.png.
+# with 0, 3 and 12 projects, with 40 (more than fit) as it opens and scrolled to the end by
+# the wheel, and the settings window on light and dark desktops with three projects. Runs
+# the built program on a virtual display of its own with a home folder of its own; writes
+# docs/shelf-<appearance>-<scheme>-<count>[-scrolled].png and docs/settings-<scheme>.png.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 build=${BUILD:-build}
@@ -28,7 +29,9 @@ projects=(api-gateway design-system mobile-app data-pipeline docs-site billing
 pin_projects() {
   local home=$1 count=$2 i
   for ((i = 0; i < count; i++)); do
-    local folder="$home/Projects/${projects[i]}"
+    local name=${projects[i % ${#projects[@]}]}
+    ((i < ${#projects[@]})) || name+="-$((i / ${#projects[@]} + 1))"
+    local folder="$home/Projects/$name"
     mkdir -p "$folder"
     if ((i % 3 == 1)); then
       convert -size 256x256 radial-gradient:'#ffd27a-#e0672b' "$folder/icon.png"
@@ -83,18 +86,27 @@ stop_app() {
 # Warps make no pointer events: warp near the notch, then move onto it.
 open_shelf() {
   xdotool mousemove 960 40 mousemove_relative -- 0 -35
-  sleep 0.8
+  sleep 1.2
 }
 
-# $1 appearance, $2 scheme, $3 project count.
+# $1 appearance, $2 scheme, $3 project count, $4 "scrolled" to turn the wheel over the
+# strip to its end first. Shelves wider than 1000 pixels are taken whole.
 shoot() {
-  local appearance=$1 scheme=$2 count=$3
-  local home="$work/home-$appearance-$scheme-$count"
+  local appearance=$1 scheme=$2 count=$3 scrolled=${4:-}
+  local home="$work/home-$appearance-$scheme-$count${scrolled:+-scrolled}"
   make_home "$home" "$appearance" "$scheme" "$count"
   start_app "$home" "$scheme"
   open_shelf
-  local file="$out/shelf-$appearance-$scheme-$count.png"
-  import -window root -crop 1000x190+460+0 +repage "$file"
+  local file="$out/shelf-$appearance-$scheme-$count${scrolled:+-scrolled}.png"
+  if [[ -n $scrolled ]]; then
+    xdotool mousemove_relative -- 0 60
+    for _ in $(seq 20); do xdotool click 5; done
+    xdotool mousemove_relative -- 0 -60
+    sleep 0.5
+  fi
+  local crop=1000x190+460+0
+  ((count * 66 + 59 <= 1000)) || crop=1920x190+0+0
+  import -window root -crop "$crop" +repage "$file"
   stop_app
   echo "$file"
 }
@@ -131,6 +143,9 @@ for appearance in notchBlack warmGlass; do
     done
   done
 done
+shoot notchBlack dark 40
+shoot notchBlack dark 40 scrolled
+shoot warmGlass light 40 scrolled
 for scheme in light dark; do
   shoot_settings "$scheme"
 done

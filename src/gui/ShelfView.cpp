@@ -9,6 +9,7 @@
 #include "gui/ShelfDropArea.h"
 #include "gui/ShelfDrops.h"
 #include "gui/ShelfToolTip.h"
+#include "gui/StripScrollBridge.h"
 #include "gui/SymbolImageProvider.h"
 #include "gui/TileDragView.h"
 
@@ -34,7 +35,7 @@ struct ShelfView::Bridges {
                       .background = services.background,
                       .mainQueue = services.queue,
                       .panel = services.panel},
-          dragReset(services.layout, dragState), drops(dropContext) {}
+          dragReset(services.layout, dragState), drops(dropContext), stripScroll(services.layout) {}
 
     QQuickView* view = nullptr;
     ShelfBridge shelf;
@@ -44,6 +45,7 @@ struct ShelfView::Bridges {
     ShelfDropContext dropContext;
     ShelfDragReset dragReset;
     ShelfDrops drops;
+    StripScrollBridge stripScroll;
 };
 
 namespace {
@@ -75,6 +77,7 @@ ShelfView::ShelfView(QQuickView& view, Services services)
     context.setContextProperty(QStringLiteral("favorites"), &bridges_->favorites);
     context.setContextProperty(QStringLiteral("shelfActions"), &bridges_->actions);
     context.setContextProperty(QStringLiteral("shelfDrops"), &bridges_->drops);
+    context.setContextProperty(QStringLiteral("stripScroll"), &bridges_->stripScroll);
     view.setResizeMode(QQuickView::SizeRootObjectToView);
     view.setSource(QUrl(QStringLiteral("qrc:/qml/NotchShelfView.qml")));
     for (const QQmlError& error : view.errors())

@@ -2,6 +2,7 @@
 #include "e2e/RunningApplicationTest.h"
 
 #include <algorithm>
+#include <string>
 
 namespace tidewell::testing {
 namespace {
@@ -94,6 +95,42 @@ TEST_F(ShelfTileTest, ATileMenuHasOneEntryMoreWithAStartCommandAndOpensTheFolder
     hand.typeKey("Down");
     hand.typeKey("Return");
     expectFolderOpened(server);
+}
+
+TEST_F(ShelfTileTest, ManyTilesStayInsideTheStripAndTheWheelReachesTheLast) {
+    for (const char* name : {"alpha", "beta", "gamma"})
+        addProject(name);
+    startApplication();
+    ASSERT_TRUE(openShelf());
+    ASSERT_TRUE(waitUntilSettled());
+    // The body beside the strip, from its sides: the left padding, and the right one with the
+    // gear and the space before it.
+    const auto besideTheStrip = [&] {
+        const WindowRect window = inspector.rootGeometry(panel);
+        const int left = window.x + shadowMargin + 8;
+        const int right = window.x + window.width - shadowMargin - 8;
+        return std::pair(inspector.screenArea({left, topInset, 6, 88}),
+                         inspector.screenArea({right - 43, topInset, 43, 88}));
+    };
+    const auto withThreeTiles = besideTheStrip();
+
+    for (int index = 3; index < 40; ++index)
+        addProject("project-" + std::to_string(index));
+    ASSERT_TRUE(waitUntil([&] { return inspector.rootGeometry(panel).width == 1856 + 32; }));
+    EXPECT_TRUE(waitUntil([&] { return besideTheStrip() == withThreeTiles; }))
+        << "tiles are drawn beside the strip";
+
+    const auto [x, y] = tileCentre(5);
+    hand.movePointerTo(x, y);
+    for (int notch = 0; notch < 15; ++notch)
+        hand.click(5);
+    EXPECT_TRUE(waitUntil([&] { return besideTheStrip() == withThreeTiles; }))
+        << "tiles scrolled over the left padding";
+    // The strip ends 51 points before the frame's right edge.
+    const WindowRect window = inspector.rootGeometry(panel);
+    hand.movePointerTo(window.x + window.width - shadowMargin - 51 - 30, y);
+    hand.click(1);
+    expectFolderOpened(pinnedFolders().back());
 }
 
 TEST_F(ShelfTileTest, ThePanelNeverTakesTheKeyboardFocus) {

@@ -94,8 +94,13 @@ void NotchPanelController::observeMenuTracking() {
 }
 
 void NotchPanelController::observeItems() {
-    itemsConnection_ =
-        services_.store.itemsChanged.connect([this] { post([this] { repositionVisible(); }); });
+    pinnedCount_ = services_.store.favorites().size();
+    itemsConnection_ = services_.store.itemsChanged.connect([this] {
+        post([this] {
+            repositionVisible();
+            followPinnedCount();
+        });
+    });
     wasReservingSlot_ = layout_.isReservingSlot();
     slotConnection_ = layout_.changed.connect([this] {
         if (layout_.isReservingSlot() == wasReservingSlot_)
@@ -225,8 +230,10 @@ void NotchPanelController::openFrom(PanelState previous, const Rect& frame,
             layout_.setIsExpanded(true);
     });
     postAfter(openingDuration, [this, generation] {
-        if (transitionGeneration_ == generation)
-            panelState_ = PanelState::visible;
+        if (transitionGeneration_ != generation)
+            return;
+        panelState_ = PanelState::visible;
+        repositionVisible(); // items may have changed while it opened
     });
 }
 
@@ -312,6 +319,15 @@ void NotchPanelController::repositionVisible() {
     }
     const Rect frame = shelfFrame(*display);
     syncVisibleFrameIfNeeded(frame, frame.size);
+}
+
+// While the panel still opens, the drawing alone takes the new size; the panel follows
+// when the opening has finished.
+void NotchPanelController::followPinnedCount() {
+    const std::size_t count = services_.store.favorites().size();
+    if (std::exchange(pinnedCount_, count) == count || !layout_.isBackgroundExpanded())
+        return;
+    layout_.setExpandedSize(layout_.size(static_cast<int>(count)));
 }
 
 void NotchPanelController::menuTrackingBegan() {

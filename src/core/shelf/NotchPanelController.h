@@ -78,6 +78,8 @@ private:
     void syncVisibleFrameIfNeeded(const Rect& frame, Size contentSize);
     void applyFrame(const Rect& frame, bool animated);
     void repositionVisible();
+    // A change in the number of pinned items resizes the expanded drawing.
+    void followPinnedCount();
     void menuTrackingBegan();
     void menuTrackingEnded();
 
@@ -89,6 +91,7 @@ private:
     std::optional<MainQueue::TaskId> hideWorkItem_;
     bool hidesFromScreenCapture_ = false;
     bool wasReservingSlot_ = false;
+    std::size_t pinnedCount_ = 0;
     Connection privacyConnection_;
     Connection itemsConnection_;
     Connection slotConnection_;

@@ -7,8 +7,7 @@
 namespace tidewell {
 
 namespace {
-// Tile pitch and the strip's fixed margins, as the shelf view draws them.
-constexpr std::int64_t tilePitch = 66;
+// The strip's fixed margins, as the shelf view draws them.
 constexpr std::int64_t stripMargins = 59;
 constexpr double minimumWidth = 200;
 constexpr double contentHeight = 88;

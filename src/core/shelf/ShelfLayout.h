@@ -16,6 +16,9 @@ namespace tidewell {
 // unchanged one, and then emits `changed`. Main thread only.
 class ShelfLayout {
 public:
+    // From one tile's left edge to the next one's.
+    static constexpr std::int64_t tilePitch = 66;
+
     explicit ShelfLayout(MainQueue& mainQueue);
 
     // The shelf's size for `tileCount` tiles: a 66-point pitch plus 59 points of margins,

@@ -1,4 +1,5 @@
 import QtQuick
+import "TypeSize.js" as TypeSize
 
 // Shown instead of the tiles while nothing is pinned: tells how to add a project and opens
 // the settings.
@@ -42,14 +43,14 @@ Item {
             Text {
                 text: "Add project"
                 color: colors.primary
-                font.pixelSize: 12
+                font.pointSize: TypeSize.points(11.5)
                 font.weight: Font.DemiBold
             }
             Text {
                 text: "tide add ."
                 color: colors.secondary
                 font.family: "monospace"
-                font.pixelSize: 10
+                font.pointSize: TypeSize.points(9.5)
             }
         }
     }

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Window
 import Qt5Compat.GraphicalEffects
+import "TypeSize.js" as TypeSize
 
 // A project's icon: its image filling a rounded square, or its initials on its tint colour.
 Item {
@@ -50,19 +51,30 @@ Item {
         maskSource: silhouette
         visible: icon.showsImage
     }
+    // The initials at a third of the icon's size, shrunk to fit between the paddings down to
+    // 0.65 of that; what still does not fit is cut off at the icon's edges.
     Text {
+        readonly property real fullSize: icon.size * 0.33
+        readonly property real fit: (width - leftPadding - rightPadding) / natural.advanceWidth
+
         anchors.fill: parent
-        anchors.margins: 5
+        padding: 5
+        clip: true
         visible: !icon.showsImage
         text: icon.initials
         color: "white"
-        font.pixelSize: Math.round(icon.size * 0.33)
+        font.pointSize: TypeSize.points(fullSize * Math.max(0.65, Math.min(1, fit)))
         font.weight: Font.DemiBold
-        fontSizeMode: Text.Fit
-        minimumPixelSize: Math.round(icon.size * 0.33 * 0.65)
         maximumLineCount: 1
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
+
+        TextMetrics {
+            id: natural
+            text: icon.initials
+            font.pointSize: TypeSize.points(parent.fullSize)
+            font.weight: Font.DemiBold
+        }
     }
     Rectangle {
         anchors.fill: parent

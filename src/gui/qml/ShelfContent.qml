@@ -41,14 +41,35 @@ Item {
         bottomPadding: 8
         spacing: 10
 
-        EmptyShelfButton {
+        // The invitation to add a project and the strip cross-fade; the place between them
+        // widens or narrows with the fade.
+        Item {
             anchors.verticalCenter: parent.verticalCenter
-            visible: favorites.count === 0
-        }
-        TileStrip {
-            anchors.verticalCenter: parent.verticalCenter
-            visible: favorites.count > 0
-            width: Math.max(0, Math.min(contentWidth, row.stripRoom))
+            width: empty.width * empty.opacity + strip.width * strip.opacity
+            height: strip.height
+
+            EmptyShelfButton {
+                id: empty
+                anchors.verticalCenter: parent.verticalCenter
+                opacity: favorites.count === 0 ? 1 : 0
+                visible: opacity > 0
+                Behavior on opacity {
+                    ShelfTransition {
+                        transition: shelf.slotTransition
+                    }
+                }
+            }
+            TileStrip {
+                id: strip
+                opacity: favorites.count > 0 ? 1 : 0
+                visible: opacity > 0
+                width: Math.max(0, Math.min(contentWidth, row.stripRoom))
+                Behavior on opacity {
+                    ShelfTransition {
+                        transition: shelf.slotTransition
+                    }
+                }
+            }
         }
         SettingsShelfButton {
             id: gear

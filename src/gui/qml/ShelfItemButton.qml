@@ -1,5 +1,6 @@
 import QtQuick
 import Tidewell
+import "TypeSize.js" as TypeSize
 
 // A pinned project's tile: icon and name; a click opens the folder, a right click shows
 // the project's menu, and a drag moves the tile. While it is dragged only a dashed outline
@@ -54,7 +55,7 @@ Item {
             elide: Text.ElideMiddle
             maximumLineCount: 1
             horizontalAlignment: Text.AlignHCenter
-            font.pixelSize: 10
+            font.pointSize: TypeSize.points(10)
             font.weight: Font.Medium
             color: tile.hovering ? colors.primary : colors.restName
             Behavior on color {

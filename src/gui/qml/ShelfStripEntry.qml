@@ -1,7 +1,8 @@
 import QtQuick
 
 // One pinned project in the strip: its tile, with the gap for a dragged folder before or
-// behind it when that is where the folder would land.
+// behind it when that is where the folder would land. The strip keeps the tile a drop is
+// about in view.
 Row {
     id: entry
 
@@ -11,6 +12,19 @@ Row {
     required property string initials
     required property color tint
     required property url imageSource
+
+    readonly property bool isDropTarget: shelfDrops.gapBeforeId === itemId
+                                         || shelfDrops.gapAfterId === itemId
+                                         || shelfDrops.draggedItemId === itemId
+
+    function revealIfTarget() {
+        if (isDropTarget)
+            stripScroll.reveal(x - ListView.view.originX, x + width - ListView.view.originX)
+    }
+
+    onIsDropTargetChanged: revealIfTarget()
+    onXChanged: revealIfTarget()
+    onWidthChanged: revealIfTarget()
 
     InsertionSlot {
         anchors.verticalCenter: parent.verticalCenter

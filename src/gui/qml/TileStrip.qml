@@ -1,6 +1,7 @@
 import QtQuick
 
-// The pinned projects' tiles, scrolling sideways when they do not fit.
+// The pinned projects' tiles, clipped to the strip and scrolled sideways by the wheel when
+// they do not fit. Neighbours slide aside when a tile enters, leaves or moves.
 ListView {
     id: strip
 
@@ -8,8 +9,21 @@ ListView {
     orientation: ListView.Horizontal
     spacing: 6
     model: favorites
-    interactive: contentWidth > width
-    boundsBehavior: Flickable.DragAndOvershootBounds
+    clip: true
+    interactive: false
+    contentX: originX + stripScroll.offset
+
+    onContentWidthChanged: stripScroll.setExtent(contentWidth, width)
+    onWidthChanged: stripScroll.setExtent(contentWidth, width)
+
+    // Below the tiles, which let the wheel pass; either wheel direction reaches it.
+    MouseArea {
+        parent: strip
+        anchors.fill: parent
+        z: -1
+        acceptedButtons: Qt.NoButton
+        onWheel: wheel => stripScroll.wheel(wheel.angleDelta)
+    }
 
     delegate: ShelfStripEntry {}
 
@@ -34,7 +48,7 @@ ListView {
             properties: "x"
         }
     }
-    moveDisplaced: Transition {
+    displaced: Transition {
         ShelfTransition {
             transition: shelf.slotTransition
             properties: "x"

@@ -64,6 +64,21 @@ TEST_F(PanelResizing, GrowingAppliesAtOnceAndShrinkingWaitsForTheDrawing) {
     EXPECT_EQ(panel.frame(), three);
 }
 
+TEST_F(PanelResizing, APinWhileOpeningResizesTheDrawingAndThePanelOnceOpen) {
+    pin("one");
+    pin("two");
+    pin("three");
+    move(inTrigger);
+    ASSERT_TRUE(controller->layout().isBackgroundExpanded());
+    const Rect three = panel.frame();
+    pin("four");
+    queue.runUntilIdle();
+    EXPECT_EQ(controller->layout().expandedSize(), (Size{323, 116}));
+    EXPECT_EQ(panel.frame(), three);
+    advanceMilliseconds(300);
+    EXPECT_EQ(panel.frame(), (Rect{{720 - 161.5, 784}, {323, 116}}));
+}
+
 TEST_F(PanelResizing, AShrinkOvertakenByAGrowthNeverLandsAtTheSmallerFrame) {
     pin("one");
     pin("two");

@@ -10,8 +10,8 @@
 #include "gui/ShelfDrops.h"
 #include "gui/SymbolImageProvider.h"
 #include "gui/TileDragArea.h"
+#include "linux/CurrentApplicationLocation.h"
 
-#include <QCoreApplication>
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <QQuickView>
@@ -22,7 +22,8 @@ namespace tidewell {
 struct ShelfView::Bridges {
     explicit Bridges(const Services& services)
         : shelf(services.layout, services.appearance),
-          favorites(services.store, services.iconCache, QCoreApplication::applicationDirPath()),
+          favorites(services.store, services.iconCache,
+                    QString::fromStdString(currentApplicationLocation().dataFolder)),
           actions({services.store, services.tileActions, services.localCenter},
                   services.openSettings),
           dropContext{.store = services.store,

@@ -117,7 +117,8 @@ private:
             extension.empty() ? name : name.substr(0, name.size() - extension.size() - 1);
         const bool hasKeyword = std::any_of(nameKeywords.begin(), nameKeywords.end(),
                                             [&](auto keyword) { return contains(base, keyword); });
-        if (!isOneOf(extensions, extension) || !hasKeyword)
+        // A FIFO, socket or device named like an icon is none, and opening it could block.
+        if (!isOneOf(extensions, extension) || !hasKeyword || !files_.isRegularFile(path))
             return;
         int score = 100 - 8 * depth;
         if (base == "appicon" || base == "icon")
@@ -150,7 +151,8 @@ std::optional<std::string> IconScanner::bestIcon(const std::string& folder) cons
     if (!files_.exists(root))
         return std::nullopt;
     if (!files_.isDirectory(root)) {
-        if (isOneOf(extensions, lowercased(PathText::extension(root))))
+        if (isOneOf(extensions, lowercased(PathText::extension(root))) &&
+            files_.isRegularFile(root))
             return root;
         return std::nullopt;
     }

@@ -1,13 +1,45 @@
 #include "core/items/ItemsJson.h"
 #include "core/platform/Error.h"
+#include "linux/FileDescriptor.h"
 #include "support/ItemsFixture.h"
 
 #include <filesystem>
+#include <sys/file.h>
 
 namespace tidewell::testing {
 namespace {
 
 using std::chrono::seconds;
+
+// The real file system, noting the paths below one folder that are examined while another
+// holder has the items lock.
+class LockWatchingFileSystem : public PosixFileSystem {
+public:
+    LockWatchingFileSystem(std::string lockFile, std::string watched)
+        : lockFile_(std::move(lockFile)), watched_(std::move(watched)) {}
+    std::vector<DirectoryEntry> list(const std::string& directory) const override {
+        note(directory);
+        return PosixFileSystem::list(directory);
+    }
+    std::optional<LinkStatus> linkStatus(const std::string& path) const override {
+        note(path);
+        return PosixFileSystem::linkStatus(path);
+    }
+    void copyFile(const std::string& from, const std::string& to) override {
+        note(from);
+        PosixFileSystem::copyFile(from, to);
+    }
+    mutable std::vector<std::string> examinedUnderLock;
+
+private:
+    void note(const std::string& path) const {
+        const FileDescriptor fd(::open(lockFile_.c_str(), O_RDONLY | O_CLOEXEC));
+        if (path.starts_with(watched_) && fd.get() >= 0 && ::flock(fd.get(), LOCK_EX | LOCK_NB))
+            examinedUnderLock.push_back(path);
+    }
+    std::string lockFile_;
+    std::string watched_;
+};
 
 class ItemDatabaseTest : public ItemsFixture {
 protected:
@@ -147,6 +179,22 @@ TEST_F(ItemDatabaseTest, TheLegacyFolderIsCopiedOnceWhenThereIsNoItemsFile) {
 
     root.write("data/LedgeBox/items.json", "[]");
     EXPECT_EQ(database.load(), std::vector{legacy});
+}
+
+// A project folder may hang (a network mount); no other writer may wait on it.
+TEST_F(ItemDatabaseTest, ProjectFoldersAreExaminedBeforeTheLockIsTaken) {
+    LockWatchingFileSystem watching(folder.itemsLock(), root.path() + "/work");
+    ItemDatabase watched({watching, clock, localCenter, distributedCenter}, folder);
+    NotchItem external = record("b", root.makeFolder("work/b"), clock.now());
+    external.iconPath = root.write("work/b/logo.png", "png");
+    writeItems({external});
+    EXPECT_EQ(watched.cacheExternalIcons(), 1);
+    const std::string project = root.makeFolder("work/a");
+    root.write("work/a/public/favicon.ico", "ico");
+    EXPECT_TRUE(watched.upsert({.path = project}).iconPath);
+    const auto other = root.write("work/a/other.png", "png");
+    EXPECT_EQ(files.readFile(*watched.upsert({.path = project, .icon = other}).iconPath), "png");
+    EXPECT_EQ(watching.examinedUnderLock, std::vector<std::string>{});
 }
 
 TEST_F(ItemDatabaseTest, ExternalIconsAreCopiedIntoTheCache) {

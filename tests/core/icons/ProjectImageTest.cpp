@@ -17,7 +17,6 @@ TEST(ProjectImageTest, ShowsOnlyImagesThatResolveInsideTheCacheOrTheDataFolder) 
     const std::string pictures = temporary.makeFolder("home/Pictures");
     std::filesystem::create_directory_symlink(pictures, icons + "/escape");
     std::filesystem::create_directory_symlink(icons, temporary.path() + "/home/icons");
-    const IconCache cache{files, icons};
     const std::optional<std::string> none;
     const struct {
         std::optional<std::string> iconPath;
@@ -36,14 +35,18 @@ TEST(ProjectImageTest, ShowsOnlyImagesThatResolveInsideTheCacheOrTheDataFolder) 
         {"", none},
         {none, none},
     };
-    for (const auto& [iconPath, shown] : cases) {
-        NotchItem item;
-        item.iconPath = iconPath;
-        EXPECT_EQ(projectImagePath(item, cache, shipped + "/"), shown) << iconPath.value_or("-");
+    for (const std::string slash : {"", "/"}) {
+        const IconCache cache{files, icons + slash};
+        for (const auto& [iconPath, shown] : cases) {
+            NotchItem item;
+            item.iconPath = iconPath;
+            EXPECT_EQ(projectImagePath(item, cache, shipped + slash), shown)
+                << iconPath.value_or("-") << " with folders ending in '" << slash << "'";
+        }
+        NotchItem anywhere;
+        anywhere.iconPath = "/logo.png";
+        EXPECT_EQ(projectImagePath(anywhere, cache, ""), none); // not installed: nothing shipped
     }
-    NotchItem anywhere;
-    anywhere.iconPath = "/logo.png";
-    EXPECT_EQ(projectImagePath(anywhere, cache, ""), none); // not installed: nothing shipped
 }
 
 } // namespace

@@ -12,7 +12,7 @@ namespace {
 using std::chrono::seconds;
 
 // The real file system, noting the paths below one folder that are examined while another
-// holder has the items lock.
+// holder has the items lock, and running a change once just before the next lock is taken.
 class LockWatchingFileSystem : public PosixFileSystem {
 public:
     LockWatchingFileSystem(std::string lockFile, std::string watched)
@@ -29,7 +29,13 @@ public:
         note(from);
         PosixFileSystem::copyFile(from, to);
     }
+    std::unique_ptr<FileLock> lockExclusive(const std::string& path) override {
+        if (beforeLock)
+            std::exchange(beforeLock, nullptr)();
+        return PosixFileSystem::lockExclusive(path);
+    }
     mutable std::vector<std::string> examinedUnderLock;
+    std::function<void()> beforeLock;
 
 private:
     void note(const std::string& path) const {
@@ -181,7 +187,8 @@ TEST_F(ItemDatabaseTest, TheLegacyFolderIsCopiedOnceWhenThereIsNoItemsFile) {
     EXPECT_EQ(database.load(), std::vector{legacy});
 }
 
-// A project folder may hang (a network mount); no other writer may wait on it.
+// A project folder may hang (a network mount); no other writer may wait on it. What was
+// prepared without the lock is not applied to a record another writer made meanwhile.
 TEST_F(ItemDatabaseTest, ProjectFoldersAreExaminedBeforeTheLockIsTaken) {
     LockWatchingFileSystem watching(folder.itemsLock(), root.path() + "/work");
     ItemDatabase watched({watching, clock, localCenter, distributedCenter}, folder);
@@ -195,6 +202,15 @@ TEST_F(ItemDatabaseTest, ProjectFoldersAreExaminedBeforeTheLockIsTaken) {
     const auto other = root.write("work/a/other.png", "png");
     EXPECT_EQ(files.readFile(*watched.upsert({.path = project, .icon = other}).iconPath), "png");
     EXPECT_EQ(watching.examinedUnderLock, std::vector<std::string>{});
+
+    const NotchItem meanwhile = record("c", root.makeFolder("work/c"), clock.now());
+    root.write("work/c/icon.png", "png");
+    const std::size_t copies = files.list(folder.iconsFolder()).size();
+    watching.beforeLock = [&] { writeItems({meanwhile}); };
+    const NotchItem updated = watched.upsert({.path = meanwhile.path, .favorite = true});
+    EXPECT_EQ(updated.id, meanwhile.id);
+    EXPECT_EQ(updated.iconPath, std::nullopt); // a known folder is not searched for an icon
+    EXPECT_EQ(files.list(folder.iconsFolder()).size(), copies);
 }
 
 TEST_F(ItemDatabaseTest, ExternalIconsAreCopiedIntoTheCache) {

@@ -5,8 +5,8 @@
 #include "gui/ItemSettingsModel.h"
 #include "gui/SettingsBridge.h"
 #include "gui/SymbolImageProvider.h"
+#include "linux/CurrentApplicationLocation.h"
 
-#include <QCoreApplication>
 #include <QCursor>
 #include <QGuiApplication>
 #include <QQmlContext>
@@ -58,7 +58,8 @@ struct SettingsWindowController::Parts {
                     .iconCache = services.iconCache,
                     .folders = services.folders,
                     .images = services.images,
-                    .applicationFolder = QCoreApplication::applicationDirPath()}) {
+                    .applicationFolder =
+                        QString::fromStdString(currentApplicationLocation().dataFolder)}) {
         window.setTitle(QStringLiteral("Tidewell Settings"));
         window.resize(700, 540);
         window.setMinimumSize({680, 500});

@@ -12,8 +12,8 @@
 #include "gui/StripScrollBridge.h"
 #include "gui/SymbolImageProvider.h"
 #include "gui/TileDragView.h"
+#include "linux/CurrentApplicationLocation.h"
 
-#include <QCoreApplication>
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <QQuickView>
@@ -24,7 +24,8 @@ namespace tidewell {
 struct ShelfView::Bridges {
     explicit Bridges(const Services& services)
         : shelf(services.layout, services.appearance),
-          favorites(services.store, services.iconCache, QCoreApplication::applicationDirPath()),
+          favorites(services.store, services.iconCache,
+                    QString::fromStdString(currentApplicationLocation().dataFolder)),
           actions({services.store, services.tileActions, services.localCenter, services.appearance},
                   services.openSettings),
           dropContext{.store = services.store,

@@ -24,11 +24,11 @@ bool isRegularFile(const std::string& path) {
 ApplicationLocation applicationLocation(const std::string& executable) {
     const std::string binFolder = parentOf(executable);
     const std::string prefix = parentOf(binFolder);
+    const std::string share = prefix + (prefix == "/" ? "" : "/") + "share/";
     const bool isInstalled = PathText::lastComponent(executable) == "tidewell" &&
                              PathText::lastComponent(binFolder) == "bin" &&
-                             isRegularFile(prefix + (prefix == "/" ? "" : "/") +
-                                           "share/applications/" + desktopEntryFileName);
-    return {executable, isInstalled};
+                             isRegularFile(share + "applications/" + desktopEntryFileName);
+    return {executable, isInstalled, isInstalled ? share + "tidewell" : ""};
 }
 
 ApplicationLocation currentApplicationLocation() {

@@ -13,8 +13,11 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <filesystem>
+#include <future>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <system_error>
+#include <thread>
 #include <unistd.h>
 #include <utility>
 
@@ -57,13 +60,27 @@ bool writeAll(int fd, std::string_view bytes) {
     return true;
 }
 
+// Opens a regular file for reading, or fails with errno set. Opening does not wait on a FIFO
+// without a writer or a device, and what was opened is checked, not what a stat before the
+// open saw: the name may have been replaced in between.
+int openRegularFile(const std::string& path, struct stat& info) {
+    FileDescriptor fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    if (fd.get() < 0)
+        return -1;
+    if (::fstat(fd.get(), &info) != 0)
+        return -1;
+    if (!S_ISREG(info.st_mode)) {
+        errno = S_ISDIR(info.st_mode) ? EISDIR : EINVAL;
+        return -1;
+    }
+    return fd.release();
+}
+
 std::optional<std::string> readUpTo(const std::string& path, std::size_t offset,
                                     std::size_t maxBytes) {
-    FileDescriptor fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    if (fd.get() < 0)
-        return std::nullopt;
     struct stat info {};
-    if (::fstat(fd.get(), &info) != 0 || S_ISDIR(info.st_mode))
+    FileDescriptor fd(openRegularFile(path, info));
+    if (fd.get() < 0)
         return std::nullopt;
     if (offset > 0 && ::lseek(fd.get(), static_cast<off_t>(offset), SEEK_SET) < 0)
         return std::nullopt;
@@ -111,6 +128,31 @@ bool PosixFileSystem::isDirectory(const std::string& path) const {
     return ::stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
 }
 
+bool PosixFileSystem::isRegularFile(const std::string& path) const {
+    struct stat info {};
+    return ::stat(path.c_str(), &info) == 0 && S_ISREG(info.st_mode);
+}
+
+// The stat runs on a thread of its own that is left behind when it does not answer in
+// time: a call into a hung network mount cannot be interrupted, and the process can
+// still exit.
+std::optional<bool> PosixFileSystem::existsWithin(const std::string& path,
+                                                  std::chrono::milliseconds limit) const {
+    auto answer = std::make_shared<std::promise<bool>>();
+    std::future<bool> future = answer->get_future();
+    try {
+        std::thread([path, answer] {
+            struct stat info {};
+            answer->set_value(::stat(path.c_str(), &info) == 0);
+        }).detach();
+    } catch (const std::system_error&) {
+        return exists(path); // no thread to spare: ask without a limit
+    }
+    if (future.wait_for(limit) != std::future_status::ready)
+        return std::nullopt;
+    return future.get();
+}
+
 std::optional<LinkStatus> PosixFileSystem::linkStatus(const std::string& path) const {
     struct stat info {};
     if (::lstat(path.c_str(), &info) != 0)
@@ -126,6 +168,16 @@ std::optional<std::string> PosixFileSystem::readSymbolicLink(const std::string& 
     if (length < 0 || static_cast<std::size_t>(length) == sizeof buffer)
         return std::nullopt;
     return std::string(buffer, static_cast<std::size_t>(length));
+}
+
+std::optional<std::string> PosixFileSystem::resolvedPath(const std::string& path) const {
+    std::error_code error;
+    const std::filesystem::path absolute = std::filesystem::absolute(path, error);
+    const std::filesystem::path resolved =
+        error ? absolute : std::filesystem::weakly_canonical(absolute, error);
+    if (error)
+        return std::nullopt;
+    return PathText::standardized(resolved.string());
 }
 
 std::vector<DirectoryEntry> PosixFileSystem::list(const std::string& directory) const {
@@ -206,10 +258,35 @@ void PosixFileSystem::createDirectories(const std::string& path) {
 }
 
 void PosixFileSystem::copyFile(const std::string& from, const std::string& to) {
-    std::error_code error;
-    std::filesystem::copy_file(from, to, std::filesystem::copy_options::overwrite_existing, error);
-    if (error)
-        throw Error("Cannot copy " + from + " to " + to + ": " + error.message());
+    const auto failCopy = [&](int error) {
+        throw Error("Cannot copy " + from + " to " + to + ": " + std::strerror(error));
+    };
+    struct stat info {};
+    FileDescriptor source(openRegularFile(from, info));
+    if (source.get() < 0)
+        failCopy(errno == EINVAL ? ENOTSUP : errno);
+    FileDescriptor destination(
+        ::open(to.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, info.st_mode & 0777));
+    struct stat destinationInfo {};
+    if (destination.get() < 0 || ::fstat(destination.get(), &destinationInfo) != 0)
+        failCopy(errno);
+    // Emptying the file that is also the source would lose it.
+    if (destinationInfo.st_dev == info.st_dev && destinationInfo.st_ino == info.st_ino)
+        failCopy(EEXIST);
+    if (::ftruncate(destination.get(), 0) != 0)
+        failCopy(errno);
+    char buffer[65536];
+    for (;;) {
+        const ssize_t got = ::read(source.get(), buffer, sizeof buffer);
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0 || (got > 0 && !writeAll(destination.get(), {buffer, std::size_t(got)})))
+            failCopy(errno);
+        if (got == 0)
+            break;
+    }
+    if (::close(destination.release()) != 0)
+        failCopy(errno);
 }
 
 void PosixFileSystem::copyDirectory(const std::string& from, const std::string& to) {

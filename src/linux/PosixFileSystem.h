@@ -10,6 +10,10 @@ public:
     std::string currentDirectory() const override;
     bool exists(const std::string& path) const override;
     bool isDirectory(const std::string& path) const override;
+    bool isRegularFile(const std::string& path) const override;
+    std::optional<bool> existsWithin(const std::string& path,
+                                     std::chrono::milliseconds limit) const override;
+    std::optional<std::string> resolvedPath(const std::string& path) const override;
     std::optional<LinkStatus> linkStatus(const std::string& path) const override;
     std::optional<std::string> readSymbolicLink(const std::string& path) const override;
     std::vector<DirectoryEntry> list(const std::string& directory) const override;

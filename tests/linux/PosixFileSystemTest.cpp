@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 #include <sys/file.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 namespace tidewell::testing {
 namespace {
@@ -59,6 +60,24 @@ TEST_F(PosixFileSystemTest, AWriteReplacesTheFileWholeOrNotAtAllAndLeavesNothing
         EXPECT_EQ(std::string(error.what()), "Cannot write a file in the folder " + root.path() +
                                                  "/missing: No such file or directory");
     }
+}
+
+// Opening a FIFO without a writer waits for one, and a device may never end.
+TEST_F(PosixFileSystemTest, OnlyRegularFilesAreReadOrCopiedAndOthersFailAtOnce) {
+    const std::string fifo = root.path() + "/logo.png";
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+    for (const std::string& path : {fifo, std::string("/dev/null"), root.makeFolder("icon.png")}) {
+        SCOPED_TRACE(path);
+        EXPECT_FALSE(files.isRegularFile(path));
+        EXPECT_EQ(files.readAt(path, 0, 16), std::nullopt);
+        EXPECT_EQ(files.readFile(path), std::nullopt);
+        EXPECT_THROW(files.copyFile(path, root.path() + "/copy"), Error);
+    }
+    const std::string file = root.write("file", "bytes");
+    files.copyFile(file, root.path() + "/copy");
+    EXPECT_EQ(files.readFile(root.path() + "/copy"), "bytes");
+    EXPECT_THROW(files.copyFile(file, file), Error);
+    EXPECT_EQ(files.readFile(file), "bytes");
 }
 
 TEST_F(PosixFileSystemTest, TheLockIsExclusiveUntilReleased) {

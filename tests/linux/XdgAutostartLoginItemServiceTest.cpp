@@ -85,6 +85,7 @@ TEST(ApplicationLocation, InstalledMeansBinTidewellWithTheDesktopEntryBesideIt) 
     const ApplicationLocation installed = applicationLocation(executable);
     EXPECT_EQ(installed.executable, executable);
     EXPECT_TRUE(installed.isInstalled);
+    EXPECT_EQ(installed.dataFolder, prefix.path() + "/share/tidewell");
     EXPECT_FALSE(applicationLocation(prefix.write("bin/tidewell-dev")).isInstalled);
     EXPECT_FALSE(applicationLocation(prefix.write("libexec/tidewell")).isInstalled);
 

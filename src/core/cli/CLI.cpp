@@ -7,6 +7,7 @@
 #include "core/platform/PathText.h"
 
 #include <algorithm>
+#include <chrono>
 
 namespace tidewell {
 namespace {
@@ -25,6 +26,10 @@ constexpr const char* usageText = "tide - put terminal projects in your MacBook 
                                   "  tide remove <name-or-id>       Remove an item\n";
 
 constexpr const char* removeUsage = "Usage: tide remove <name-or-id>\n";
+
+// How long a folder may take to answer whether it exists: long enough for a disk to wake,
+// short enough that a network mount that hung is reported rather than waited on.
+constexpr std::chrono::seconds folderAnswerLimit{5};
 
 bool namesMatch(const std::string& name, const std::string& query) {
     return Utf8Text::caseFolded(name) == Utf8Text::caseFolded(query);
@@ -71,7 +76,14 @@ int CLI::run(const std::vector<std::string>& arguments) {
 int CLI::add(const std::vector<std::string>& arguments, bool favorite) {
     const AddArguments parsed = AddArguments::parse(arguments);
     const std::string path = resolvedPath(parsed.folder);
-    if (!services_.files.exists(path)) {
+    const std::optional<bool> exists = services_.files.existsWithin(path, folderAnswerLimit);
+    if (!exists) {
+        services_.errors << "tide: " << path << " did not answer within "
+                         << folderAnswerLimit.count()
+                         << " seconds; is it on a network mount that stopped responding?\n";
+        return 1;
+    }
+    if (!*exists) {
         services_.errors << "Path does not exist: " << path << '\n';
         return 2;
     }

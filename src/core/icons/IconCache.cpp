@@ -1,6 +1,7 @@
 #include "core/icons/IconCache.h"
 
 #include "core/platform/Error.h"
+#include "core/platform/PathContainment.h"
 #include "core/platform/PathText.h"
 
 #include <utility>
@@ -19,8 +20,7 @@ std::string standardizedAbsolute(const FileSystem& files, const std::string& pat
 } // namespace
 
 bool IconCache::isManaged(const std::string& path) const {
-    return standardizedAbsolute(files_, path)
-        .starts_with(standardizedAbsolute(files_, directory_) + "/");
+    return isInsideFolder(files_, path, directory_);
 }
 
 std::optional<std::string> IconCache::cache(const std::optional<std::string>& sourcePath,

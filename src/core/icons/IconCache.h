@@ -15,6 +15,7 @@ public:
     IconCache(FileSystem& files, std::string directory);
 
     const std::string& directory() const { return directory_; }
+    const FileSystem& files() const { return files_; }
     bool isManaged(const std::string& path) const;
     // The path of the item's copy of the image, or none when there is nothing to copy or
     // the copy fails. A path already in the cache comes back unchanged.

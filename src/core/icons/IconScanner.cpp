@@ -116,7 +116,8 @@ private:
             extension.empty() ? name : name.substr(0, name.size() - extension.size() - 1);
         const bool hasKeyword = std::any_of(nameKeywords.begin(), nameKeywords.end(),
                                             [&](auto keyword) { return contains(base, keyword); });
-        if (!hasKeyword || !scanner_.isDrawable(extension))
+        // A FIFO, socket or device named like an icon is none, and opening it could block.
+        if (!hasKeyword || !scanner_.isDrawable(extension) || !files_.isRegularFile(path))
             return;
         int score = 100 - 8 * depth;
         if (base == "appicon" || base == "icon")
@@ -149,7 +150,7 @@ std::optional<std::string> IconScanner::bestIcon(const std::string& folder) cons
     if (!files_.exists(root))
         return std::nullopt;
     if (!files_.isDirectory(root)) {
-        if (isDrawable(lowercased(PathText::extension(root))))
+        if (isDrawable(lowercased(PathText::extension(root))) && files_.isRegularFile(root))
             return root;
         return std::nullopt;
     }

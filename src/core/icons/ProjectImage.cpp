@@ -1,5 +1,7 @@
 #include "core/icons/ProjectImage.h"
 
+#include "core/platform/PathContainment.h"
+
 namespace tidewell {
 
 std::optional<std::string> projectImagePath(const NotchItem& item, const IconCache& cache,
@@ -7,8 +9,7 @@ std::optional<std::string> projectImagePath(const NotchItem& item, const IconCac
     if (!item.iconPath || item.iconPath->empty())
         return std::nullopt;
     const std::string& path = *item.iconPath;
-    const bool isShipped = !applicationFolder.empty() && path.starts_with(applicationFolder + "/");
-    if (!cache.isManaged(path) && !isShipped)
+    if (!cache.isManaged(path) && !isInsideFolder(cache.files(), path, applicationFolder))
         return std::nullopt;
     return path;
 }

@@ -66,12 +66,23 @@ void ItemDatabase::save(const std::vector<NotchItem>& items) {
 }
 
 void ItemDatabase::modify(const std::function<bool(std::vector<NotchItem>&)>& change) {
-    modifyWithFolders(
-        [&change](std::vector<NotchItem>& items, FolderIdentity&) { return change(items); });
+    Snapshot now = snapshot();
+    modifyWithFolders(now.folders, change);
 }
 
-void ItemDatabase::modifyWithFolders(const Change& change) {
+// Project folders may be slow or hang (a network mount): they are examined here, before the
+// items lock is taken, so that no other tool or the application waits on them. Records that
+// appear in between are resolved under the lock.
+ItemDatabase::Snapshot ItemDatabase::snapshot() {
     migrateLegacyLibraryIfNeeded();
+    Snapshot result{readItemsFile().items, FolderIdentity(services_.files)};
+    for (const NotchItem& item : result.items)
+        result.folders.identifier(item.path);
+    return result;
+}
+
+void ItemDatabase::modifyWithFolders(FolderIdentity& folders,
+                                     const std::function<bool(std::vector<NotchItem>&)>& change) {
     bool isSaved = false;
     {
         services_.files.createDirectories(folder_.path);
@@ -79,10 +90,9 @@ void ItemDatabase::modifyWithFolders(const Change& change) {
         const FileContents contents = readItemsFile();
         if (contents.isUnreadable)
             throw Error("Cannot read " + folder_.itemsFile() + ", so it was left unchanged.");
-        FolderIdentity folders(services_.files);
         std::vector<NotchItem> items = tidewell::deduplicated(contents.items, folders);
         const bool hadDuplicates = items.size() < contents.items.size();
-        isSaved = change(items, folders);
+        isSaved = change(items);
         if (isSaved) {
             if (contents.isUndecodable)
                 preserveUndecodableFile();
@@ -98,27 +108,67 @@ void ItemDatabase::modifyWithFolders(const Change& change) {
         postItemsChanged();
 }
 
+// The icon is found and copied before the lock is taken, for the record the file showed
+// then; should another writer have changed that record meanwhile, it is all done again.
 NotchItem ItemDatabase::upsert(const UpsertRequest& request) {
-    NotchItem result;
-    modifyWithFolders([&](std::vector<NotchItem>& items, FolderIdentity& folders) {
-        const Date now = services_.clock.now();
-        const std::string key = folders.identifier(request.path);
-        const std::string folder = folders.normalizedPath(request.path);
+    for (;;) {
+        Snapshot now = snapshot();
+        const std::string key = now.folders.identifier(request.path);
+        const std::string folder = now.folders.normalizedPath(request.path);
         requireUtf8("path", folder);
-        const auto found = std::find_if(items.begin(), items.end(), [&](const NotchItem& item) {
-            return folders.identifier(item.path) == key;
+        const auto isOfFolder = [&](const NotchItem& item) {
+            return now.folders.identifier(item.path) == key;
+        };
+        const std::vector<NotchItem> before = tidewell::deduplicated(now.items, now.folders);
+        const auto known = std::find_if(before.begin(), before.end(), isOfFolder);
+        const std::optional<NotchItem> stored =
+            known == before.end() ? std::nullopt : std::optional(*known);
+        const IconChoice icon = chooseIcon(request, folder, stored);
+        std::optional<NotchItem> result;
+        modifyWithFolders(now.folders, [&](std::vector<NotchItem>& items) {
+            const auto found = std::find_if(items.begin(), items.end(), isOfFolder);
+            const bool isUnchanged = found == items.end() ? !stored
+                                                          : stored && found->id == stored->id &&
+                                                                found->iconPath == stored->iconPath;
+            if (!isUnchanged)
+                return false;
+            const Date time = services_.clock.now();
+            if (found != items.end()) {
+                update(*found, request, folder, icon, time);
+                result = *found;
+            } else {
+                result = makeItem(request, folder, icon, time);
+                items.push_back(*result);
+            }
+            requireUtf8(*result);
+            return true;
         });
-        if (found != items.end()) {
-            update(*found, request, folder, now);
-            result = *found;
-        } else {
-            result = makeItem(request, folder, now);
-            items.push_back(result);
+        if (result)
+            return *result;
+        // A copy made for a record that was never written is nobody's.
+        if (!stored && icon.iconPath &&
+            PathText::lastComponent(*icon.iconPath).starts_with(icon.id.text() + ".")) {
+            try {
+                services_.files.removeFile(*icon.iconPath);
+            } catch (const Error&) {
+            }
         }
-        requireUtf8(result);
-        return true;
-    });
-    return result;
+    }
+}
+
+ItemDatabase::IconChoice ItemDatabase::chooseIcon(const UpsertRequest& request,
+                                                  const std::string& folder,
+                                                  const std::optional<NotchItem>& stored) const {
+    if (!stored) {
+        const Uuid id = Uuid::random();
+        return {id, true,
+                iconCache_.cache(request.icon ? request.icon : scanner_.bestIcon(folder), id)};
+    }
+    if (request.icon)
+        return {stored->id, true, iconCache_.cache(request.icon, stored->id)};
+    if (stored->iconPath && !iconCache_.isManaged(*stored->iconPath))
+        return {stored->id, true, iconCache_.cache(stored->iconPath, stored->id)};
+    return {stored->id};
 }
 
 void ItemDatabase::touch(const Uuid& id) {
@@ -132,15 +182,24 @@ void ItemDatabase::touch(const Uuid& id) {
     });
 }
 
+// Copies are made before the lock is taken; a record whose icon changed meanwhile keeps it.
 int ItemDatabase::cacheExternalIcons() {
+    Snapshot now = snapshot();
+    std::vector<std::pair<NotchItem, std::string>> copies;
+    for (const NotchItem& item : tidewell::deduplicated(now.items, now.folders)) {
+        if (!item.iconPath || iconCache_.isManaged(*item.iconPath))
+            continue;
+        if (auto copy = iconCache_.cache(item.iconPath, item.id))
+            copies.emplace_back(item, std::move(*copy));
+    }
     int count = 0;
-    const std::string cachePrefix = PathText::standardized(iconCache_.directory()) + "/";
-    modify([&](std::vector<NotchItem>& items) {
-        for (NotchItem& item : items) {
-            if (!item.iconPath || PathText::standardized(*item.iconPath).starts_with(cachePrefix))
-                continue;
-            if (const auto copy = iconCache_.cache(item.iconPath, item.id)) {
-                item.iconPath = copy;
+    modifyWithFolders(now.folders, [&](std::vector<NotchItem>& items) {
+        for (const auto& [before, copy] : copies) {
+            const auto found = std::find_if(items.begin(), items.end(), [&](const NotchItem& item) {
+                return item.id == before.id && item.iconPath == before.iconPath;
+            });
+            if (found != items.end()) {
+                found->iconPath = copy;
                 ++count;
             }
         }
@@ -219,14 +278,13 @@ void ItemDatabase::postItemsChanged() {
 }
 
 NotchItem ItemDatabase::makeItem(const UpsertRequest& request, const std::string& folder,
-                                 Date now) const {
+                                 const IconChoice& icon, Date now) const {
     std::string displayName = request.name ? *request.name : PathText::lastComponent(folder);
     if (displayName.empty())
         displayName = folder;
     NotchItem item;
-    item.id = Uuid::random();
-    const auto iconSource = request.icon ? request.icon : scanner_.bestIcon(folder);
-    item.iconPath = iconCache_.cache(iconSource, item.id);
+    item.id = icon.id;
+    item.iconPath = icon.iconPath;
     item.name = displayName;
     item.path = folder;
     item.initials = NotchItem::makeInitials(displayName);
@@ -239,7 +297,7 @@ NotchItem ItemDatabase::makeItem(const UpsertRequest& request, const std::string
 }
 
 void ItemDatabase::update(NotchItem& item, const UpsertRequest& request, const std::string& folder,
-                          Date now) const {
+                          const IconChoice& icon, Date now) const {
     item.path = folder;
     item.lastOpenedAt = now;
     item.isFavorite = item.isFavorite || request.favorite;
@@ -249,10 +307,8 @@ void ItemDatabase::update(NotchItem& item, const UpsertRequest& request, const s
     }
     if (!request.command.empty())
         item.launchCommand = request.command;
-    if (request.icon)
-        item.iconPath = iconCache_.cache(request.icon, item.id);
-    else if (item.iconPath && !iconCache_.isManaged(*item.iconPath))
-        item.iconPath = iconCache_.cache(item.iconPath, item.id);
+    if (icon.isChanged)
+        item.iconPath = icon.iconPath;
 }
 
 } // namespace tidewell

@@ -66,16 +66,31 @@ private:
         bool isUnreadable = false;
         bool isUndecodable = false;
     };
-    using Change = std::function<bool(std::vector<NotchItem>&, FolderIdentity&)>;
+    // The records as read without the lock, with their folders resolved.
+    struct Snapshot {
+        std::vector<NotchItem> items;
+        FolderIdentity folders;
+    };
+    // What an upsert prepared for the record of one id before taking the lock.
+    struct IconChoice {
+        Uuid id;
+        bool isChanged = false;
+        std::optional<std::string> iconPath;
+    };
 
-    void modifyWithFolders(const Change& change);
+    Snapshot snapshot();
+    void modifyWithFolders(FolderIdentity& folders,
+                           const std::function<bool(std::vector<NotchItem>&)>& change);
+    IconChoice chooseIcon(const UpsertRequest& request, const std::string& folder,
+                          const std::optional<NotchItem>& stored) const;
     FileContents readItemsFile() const;
     void write(const std::vector<NotchItem>& items);
     void preserveUndecodableFile();
     void postItemsChanged();
-    NotchItem makeItem(const UpsertRequest& request, const std::string& folder, Date now) const;
+    NotchItem makeItem(const UpsertRequest& request, const std::string& folder,
+                       const IconChoice& icon, Date now) const;
     void update(NotchItem& item, const UpsertRequest& request, const std::string& folder,
-                Date now) const;
+                const IconChoice& icon, Date now) const;
 
     Services services_;
     DataFolder folder_;

@@ -9,6 +9,9 @@ namespace tidewell {
 struct ApplicationLocation {
     std::string executable; // absolute path of the running executable
     bool isInstalled = false;
+    // The installed data folder, <prefix>/share/tidewell, whose images tiles may show; empty
+    // when not installed.
+    std::string dataFolder;
 };
 
 } // namespace tidewell

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -42,11 +43,21 @@ public:
     virtual std::string currentDirectory() const = 0;
     virtual bool exists(const std::string& path) const = 0;      // follows symbolic links
     virtual bool isDirectory(const std::string& path) const = 0; // follows symbolic links
+    // Follows symbolic links; a FIFO, socket or device is no regular file.
+    virtual bool isRegularFile(const std::string& path) const = 0;
+    // As exists, but no value when the answer takes longer than the limit, as it does on a
+    // network mount that stopped answering.
+    virtual std::optional<bool> existsWithin(const std::string& path,
+                                             std::chrono::milliseconds limit) const = 0;
+    // Absolute, with ".", ".." and every symbolic link resolved as the kernel resolves them;
+    // the part from the first missing component on is only tidied. None when it fails.
+    virtual std::optional<std::string> resolvedPath(const std::string& path) const = 0;
     virtual std::optional<LinkStatus> linkStatus(const std::string& path) const = 0;
     virtual std::optional<std::string> readSymbolicLink(const std::string& path) const = 0;
     // Entries other than "." and "..", in no particular order; empty when unreadable.
     virtual std::vector<DirectoryEntry> list(const std::string& directory) const = 0;
 
+    // Only regular files are read: a FIFO, socket or device reads as no value, at once.
     virtual std::optional<std::string> readFile(const std::string& path) const = 0;
     // Up to maxBytes from the offset on: fewer at the end of the file.
     virtual std::optional<std::string> readAt(const std::string& path, std::size_t offset,

@@ -9,10 +9,16 @@
 namespace tidewell::testing {
 namespace {
 
-// The real file system, seen from a working directory of the test's choosing.
+// The real file system, seen from a working directory of the test's choosing, where one
+// path never answers, as on a network mount that hung.
 class WorkingDirectoryFileSystem : public PosixFileSystem {
 public:
     std::string currentDirectory() const override { return workingDirectory; }
+    std::optional<bool> existsWithin(const std::string& path,
+                                     std::chrono::milliseconds limit) const override {
+        return path == workingDirectory + "/stalled" ? std::nullopt
+                                                     : PosixFileSystem::existsWithin(path, limit);
+    }
     std::string workingDirectory = "/";
 };
 
@@ -62,6 +68,7 @@ TEST_F(CLITest, CommandWordsOptionsAndFoldersAreReadInEveryForm) {
     root.makeFolder("home/code");
     root.makeFolder("work/sibling");
     root.makeFolder("work/myProject/a/b");
+    root.makeFolder("work/myProject/stalled");
     const std::string missing = "Path does not exist: " + cwdFiles.workingDirectory;
     const struct {
         std::vector<std::string> arguments;
@@ -77,6 +84,11 @@ TEST_F(CLITest, CommandWordsOptionsAndFoldersAreReadInEveryForm) {
         {{"add", "~/code"}, {0, "Pinned: code\n", ""}},
         {{"add", "../sibling/"}, {0, "Pinned: sibling\n", ""}},
         {{"add", "a//b/./c/.."}, {0, "Pinned: b\n", ""}},
+        {{"add", "stalled"},
+         {1, "",
+          "tide: " + cwdFiles.workingDirectory +
+              "/stalled did not answer within 5 seconds; is it on a network mount that stopped "
+              "responding?\n"}},
     };
     for (const auto& [arguments, result] : cases) {
         SCOPED_TRACE(arguments.back());

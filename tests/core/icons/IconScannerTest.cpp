@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace tidewell {
 namespace {
@@ -117,6 +118,16 @@ TEST_F(IconScannerTest, ARootThatIsAFileIsItsOwnIconWhenItIsAnImage) {
     EXPECT_EQ(scanner.bestIcon(project.write("notes.txt", "text")), std::nullopt);
     EXPECT_EQ(scanner.bestIcon(project.write("logo.heic", "")), std::nullopt);
     EXPECT_EQ(scanner.bestIcon(inProject("missing")), std::nullopt);
+}
+
+// Opening a FIFO without a writer would wait for one.
+TEST_F(IconScannerTest, PassesOverWhatIsNoRegularFile) {
+    ASSERT_EQ(::mkfifo(inProject("icon.png").c_str(), 0600), 0);
+    project.makeFolder("logo.png");
+    EXPECT_EQ(best(), std::nullopt);
+    EXPECT_EQ(scanner.bestIcon(inProject("icon.png")), std::nullopt);
+    project.write("z/mark.svg", wide);
+    EXPECT_EQ(best(), inProject("z/mark.svg"));
 }
 
 TEST_F(IconScannerTest, ExaminesAtMostTwoThousandEntries) {

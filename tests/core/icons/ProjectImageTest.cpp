@@ -3,35 +3,50 @@
 #include "linux/PosixFileSystem.h"
 #include "support/TemporaryDirectory.h"
 
+#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace tidewell {
 namespace {
 
-TEST(ProjectImageTest, ShowsOnlyCachedOrShippedImages) {
+TEST(ProjectImageTest, ShowsOnlyImagesThatResolveInsideTheCacheOrTheDataFolder) {
     testing::TemporaryDirectory temporary;
     PosixFileSystem files;
-    const IconCache cache{files, temporary.path() + "/data/Tidewell/Icons"};
-    const std::string application = temporary.path() + "/app";
-    const auto imageFor = [&](std::optional<std::string> iconPath) {
-        NotchItem item;
-        item.iconPath = std::move(iconPath);
-        return projectImagePath(item, cache, application);
+    const std::string icons = temporary.makeFolder("data/Tidewell/Icons");
+    const std::string shipped = temporary.makeFolder("prefix/share/tidewell");
+    const std::string pictures = temporary.makeFolder("home/Pictures");
+    std::filesystem::create_directory_symlink(pictures, icons + "/escape");
+    std::filesystem::create_directory_symlink(icons, temporary.path() + "/home/icons");
+    const std::optional<std::string> none;
+    const struct {
+        std::optional<std::string> iconPath;
+        std::optional<std::string> shown;
+    } cases[] = {
+        {icons + "/A.png", icons + "/A.png"},
+        {icons + "/sub/../A.png", icons + "/sub/../A.png"},
+        {shipped + "/logo.svg", shipped + "/logo.svg"},
+        {icons + "/", none},
+        {shipped + "-other/logo.png", none},
+        {shipped + "/../../../etc/passwd.png", none},
+        {icons + "/escape/logo.png", none},
+        {icons + "/escape/../A.png", none}, // ".." leaves the link's target, not "escape"
+        {temporary.path() + "/home/icons/A.png", none},
+        {pictures + "/logo.png", none},
+        {"", none},
+        {none, none},
     };
-
-    const std::string cached = temporary.path() + "/data/Tidewell/Icons/A.png";
-    EXPECT_EQ(imageFor(cached), cached);
-    EXPECT_EQ(imageFor(application + "/share/logo.svg"), application + "/share/logo.svg");
-
-    EXPECT_EQ(imageFor(temporary.path() + "/home/Pictures/logo.png"), std::nullopt);
-    EXPECT_EQ(imageFor(application + "-other/logo.png"), std::nullopt);
-    EXPECT_EQ(imageFor(temporary.path() + "/data/Tidewell/Icons"), std::nullopt);
-    EXPECT_EQ(imageFor(""), std::nullopt);
-    EXPECT_EQ(imageFor(std::nullopt), std::nullopt);
-
-    NotchItem shipped;
-    shipped.iconPath = "/logo.png";
-    EXPECT_EQ(projectImagePath(shipped, cache, ""), std::nullopt); // no folder, nothing shipped
+    for (const std::string slash : {"", "/"}) {
+        const IconCache cache{files, icons + slash};
+        for (const auto& [iconPath, shown] : cases) {
+            NotchItem item;
+            item.iconPath = iconPath;
+            EXPECT_EQ(projectImagePath(item, cache, shipped + slash), shown)
+                << iconPath.value_or("-") << " with folders ending in '" << slash << "'";
+        }
+        NotchItem anywhere;
+        anywhere.iconPath = "/logo.png";
+        EXPECT_EQ(projectImagePath(anywhere, cache, ""), none); // not installed: nothing shipped
+    }
 }
 
 } // namespace

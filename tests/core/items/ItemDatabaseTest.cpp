@@ -1,13 +1,51 @@
 #include "core/items/ItemsJson.h"
 #include "core/platform/Error.h"
+#include "linux/FileDescriptor.h"
 #include "support/ItemsFixture.h"
 
 #include <filesystem>
+#include <sys/file.h>
 
 namespace tidewell::testing {
 namespace {
 
 using std::chrono::seconds;
+
+// The real file system, noting the paths below one folder that are examined while another
+// holder has the items lock, and running a change once just before the next lock is taken.
+class LockWatchingFileSystem : public PosixFileSystem {
+public:
+    LockWatchingFileSystem(std::string lockFile, std::string watched)
+        : lockFile_(std::move(lockFile)), watched_(std::move(watched)) {}
+    std::vector<DirectoryEntry> list(const std::string& directory) const override {
+        note(directory);
+        return PosixFileSystem::list(directory);
+    }
+    std::optional<LinkStatus> linkStatus(const std::string& path) const override {
+        note(path);
+        return PosixFileSystem::linkStatus(path);
+    }
+    void copyFile(const std::string& from, const std::string& to) override {
+        note(from);
+        PosixFileSystem::copyFile(from, to);
+    }
+    std::unique_ptr<FileLock> lockExclusive(const std::string& path) override {
+        if (beforeLock)
+            std::exchange(beforeLock, nullptr)();
+        return PosixFileSystem::lockExclusive(path);
+    }
+    mutable std::vector<std::string> examinedUnderLock;
+    std::function<void()> beforeLock;
+
+private:
+    void note(const std::string& path) const {
+        const FileDescriptor fd(::open(lockFile_.c_str(), O_RDONLY | O_CLOEXEC));
+        if (path.starts_with(watched_) && fd.get() >= 0 && ::flock(fd.get(), LOCK_EX | LOCK_NB))
+            examinedUnderLock.push_back(path);
+    }
+    std::string lockFile_;
+    std::string watched_;
+};
 
 class ItemDatabaseTest : public ItemsFixture {
 protected:
@@ -147,6 +185,32 @@ TEST_F(ItemDatabaseTest, TheLegacyFolderIsCopiedOnceWhenThereIsNoItemsFile) {
 
     root.write("data/LedgeBox/items.json", "[]");
     EXPECT_EQ(database.load(), std::vector{legacy});
+}
+
+// A project folder may hang (a network mount); no other writer may wait on it. What was
+// prepared without the lock is not applied to a record another writer made meanwhile.
+TEST_F(ItemDatabaseTest, ProjectFoldersAreExaminedBeforeTheLockIsTaken) {
+    LockWatchingFileSystem watching(folder.itemsLock(), root.path() + "/work");
+    ItemDatabase watched({watching, clock, localCenter, distributedCenter, imageFormats}, folder);
+    NotchItem external = record("b", root.makeFolder("work/b"), clock.now());
+    external.iconPath = root.write("work/b/logo.png", "png");
+    writeItems({external});
+    EXPECT_EQ(watched.cacheExternalIcons(), 1);
+    const std::string project = root.makeFolder("work/a");
+    root.write("work/a/public/favicon.ico", "ico");
+    EXPECT_TRUE(watched.upsert({.path = project}).iconPath);
+    const auto other = root.write("work/a/other.png", "png");
+    EXPECT_EQ(files.readFile(*watched.upsert({.path = project, .icon = other}).iconPath), "png");
+    EXPECT_EQ(watching.examinedUnderLock, std::vector<std::string>{});
+
+    const NotchItem meanwhile = record("c", root.makeFolder("work/c"), clock.now());
+    root.write("work/c/icon.png", "png");
+    const std::size_t copies = files.list(folder.iconsFolder()).size();
+    watching.beforeLock = [&] { writeItems({meanwhile}); };
+    const NotchItem updated = watched.upsert({.path = meanwhile.path, .favorite = true});
+    EXPECT_EQ(updated.id, meanwhile.id);
+    EXPECT_EQ(updated.iconPath, std::nullopt); // a known folder is not searched for an icon
+    EXPECT_EQ(files.list(folder.iconsFolder()).size(), copies);
 }
 
 TEST_F(ItemDatabaseTest, ExternalIconsAreCopiedIntoTheCache) {

@@ -71,9 +71,9 @@ bool RunningApplicationTest::openShelf() {
 }
 
 // The body grows in width and height at once: its lower edge and the left flare, which
-// reaches the top edge only at the full width, are both drawn when it has finished. Just
-// mapped, before its first frame and outline, the whole window shows black: the desktop
-// seen under the flare tells the drawn body from that.
+// reaches the top edge only at the full width, are both drawn when it has finished. Black
+// can cover the whole window for a moment too, as while a compositor that has just started
+// takes the screen over: the desktop seen under the flare tells the drawn body from that.
 bool RunningApplicationTest::waitUntilExpanded() {
     const WindowRect window = inspector.rootGeometry(panel);
     const int frameLeft = window.x + shadowMargin;

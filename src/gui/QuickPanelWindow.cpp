@@ -121,10 +121,12 @@ void QuickPanelWindow::applyShape() {
     x11_.setInputShape(regionOf(outline_, view_.devicePixelRatio()));
     // Without a compositor the transparent parts would show black: the outline cuts the
     // window itself. A compositor blends the alpha and draws the shadow beyond the outline.
+    // Qt takes an empty mask for none, so a window without an outline yet, which would show
+    // all black when mapped, is cut to a pixel outside itself.
     if (x11_.hasCompositor())
         view_.setMask(QRegion());
-    else if (!outline_.isEmpty())
-        view_.setMask(regionOf(outline_, 1));
+    else
+        view_.setMask(outline_.isEmpty() ? QRegion(-1, -1, 1, 1) : regionOf(outline_, 1));
     x11_.flush();
 }
 

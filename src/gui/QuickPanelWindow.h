@@ -39,7 +39,7 @@ public:
 
 public slots:
     // The outline of the shelf as drawn now, in the view's logical pixels. Until the first
-    // outline arrives nothing in the window takes the pointer.
+    // outline arrives nothing in the window takes the pointer or, without a compositor, shows.
     void setOutline(const QRectF& rect, qreal topRadius, qreal bottomRadius);
 
 private:

@@ -72,14 +72,17 @@ bool RunningApplicationTest::openShelf() {
 }
 
 // The body grows in width and height at once: its lower edge and the left flare, which
-// reaches the top edge only at the full width, are both drawn when it has finished.
+// reaches the top edge only at the full width, are both drawn when it has finished. Black
+// can cover the whole window for a moment too, as while a compositor that has just started
+// takes the screen over: the desktop seen under the flare tells the drawn body from that.
 bool RunningApplicationTest::waitUntilExpanded() {
     const WindowRect window = inspector.rootGeometry(panel);
     const int frameLeft = window.x + shadowMargin;
     const int lowerEdgeY = topInset + 88 - 2;
     return waitUntil([&] {
         return inspector.screenPixel(frameLeft + 8 + 30, lowerEdgeY) == 0x000000 &&
-               inspector.screenPixel(frameLeft + 6, 0) == 0x000000;
+               inspector.screenPixel(frameLeft + 6, 0) == 0x000000 &&
+               inspector.screenPixel(frameLeft + 6, 6) == desktopColour;
     });
 }
 

@@ -86,7 +86,9 @@ TEST_F(QuickPanelWindowTest, AppearsOnEveryWorkspaceOutOfTaskbarsAndLeavesTheFoc
 TEST_F(QuickPanelWindowTest, OnlyTheOutlineTakesThePointerWithAndWithoutCompositor) {
     ASSERT_FALSE(inspector.hasCompositor());
     showAtShelfFrame();
-    EXPECT_TRUE(inspector.inputShape(window()).isEmpty()); // no outline yet
+    // No outline yet: nothing takes the pointer, and nothing shows.
+    EXPECT_TRUE(inspector.inputShape(window()).isEmpty());
+    EXPECT_FALSE(inspector.boundingShape(window()).contains(116, 44));
 
     // The shelf starts 16 pixels into the window; flares of 8, lower corners of 18.
     panel.setOutline(QRectF(16, 0, 200, 88), 8, 18);

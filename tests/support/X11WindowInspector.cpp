@@ -144,9 +144,17 @@ WindowRect X11WindowInspector::rootGeometry(unsigned long window) {
 }
 
 WindowRegion X11WindowInspector::inputShape(unsigned long window) {
+    return shape(window, ShapeInput);
+}
+
+WindowRegion X11WindowInspector::boundingShape(unsigned long window) {
+    return shape(window, ShapeBounding);
+}
+
+WindowRegion X11WindowInspector::shape(unsigned long window, int kind) {
     int count = 0;
     int ordering = 0;
-    XRectangle* rectangles = XShapeGetRectangles(display_, window, ShapeInput, &count, &ordering);
+    XRectangle* rectangles = XShapeGetRectangles(display_, window, kind, &count, &ordering);
     WindowRegion region;
     for (int i = 0; i < count; ++i)
         region.rectangles.push_back(

@@ -48,6 +48,8 @@ public:
     // Where the window lies on the root window, whoever its parent is.
     WindowRect rootGeometry(unsigned long window);
     WindowRegion inputShape(unsigned long window);
+    // What of the window shows; the whole window when it has no shape.
+    WindowRegion boundingShape(unsigned long window);
     bool hasBoundingShape(unsigned long window);
     bool hasCompositor();
     // The client window with this title (_NET_WM_NAME or WM_NAME), mapped or not, wherever
@@ -69,6 +71,7 @@ public:
 
 private:
     unsigned long atom(const char* name);
+    WindowRegion shape(unsigned long window, int kind);
 
     _XDisplay* display_;
 };

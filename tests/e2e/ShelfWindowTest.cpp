@@ -120,7 +120,7 @@ TEST_F(ShelfWindowTest, HoverOpensTheDrawnOutlineWhichLetsClicksThroughWithAndWi
 
     // The pointer away from the shelf closes it.
     hand.movePointerTo(screenWidth / 2, 600);
-    EXPECT_TRUE(waitUntil([&] { return !isShelfShown(); }, 1500ms));
+    EXPECT_TRUE(waitUntil([&] { return !isShelfShown(); }));
 
     ChildProcess compositor({.arguments = {"xcompmgr"},
                              .workingDirectory = "/",
@@ -129,7 +129,7 @@ TEST_F(ShelfWindowTest, HoverOpensTheDrawnOutlineWhichLetsClicksThroughWithAndWi
     ASSERT_TRUE(openShelf());
     expectDrawnOutlineAndClickThrough();
     hand.movePointerTo(screenWidth / 2, 600);
-    EXPECT_TRUE(waitUntil([&] { return !isShelfShown(); }, 1500ms));
+    EXPECT_TRUE(waitUntil([&] { return !isShelfShown(); }));
 }
 
 } // namespace

@@ -1,7 +1,5 @@
 #include "gui/platform/PointerEventMonitor.h"
 
-#include "gui/platform/X11PointerQuery.h"
-
 #include <QObject>
 #include <X11/Xlib.h>
 #include <X11/extensions/XInput2.h>
@@ -10,6 +8,7 @@
 #include <chrono>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <unistd.h>
@@ -25,8 +24,27 @@ using Clock = std::chrono::steady_clock;
 // came meanwhile make one report. The first move after a rest is reported at once.
 constexpr std::chrono::milliseconds reportInterval{16};
 // A warp, or a device whose raw values are positions rather than distances, moves the pointer
-// further than its raw events tell: while it moves, the server is asked at least this often.
+// further than its raw events tell: after a move the server is asked at the latest this much
+// later, so a pointer moving far stays known within that time, and one that stopped is not
+// asked again.
 constexpr std::chrono::milliseconds longestGuess{100};
+
+// Far from where moves count the events may wait and cost one wake-up together, as long as a
+// pointer flung at this speed could not have come near meanwhile, and at most this long.
+constexpr double flingPixelsPerMillisecond = 3;
+constexpr std::chrono::milliseconds longestFarRest{40};
+
+std::chrono::milliseconds farRest(double distance) {
+    return std::chrono::milliseconds(static_cast<long>(
+        std::clamp(distance / flingPixelsPerMillisecond, 0.0, double(longestFarRest.count()))));
+}
+
+// Milliseconds until the position last asked for is too old to be trusted.
+int untilGuessExpires(Clock::time_point askedAt) {
+    const auto left =
+        std::chrono::ceil<std::chrono::milliseconds>(askedAt + longestGuess - Clock::now());
+    return static_cast<int>(std::max<long>(left.count(), 0));
+}
 
 // The pointer's steps along x and y, as far as the raw event tells them.
 double travelOf(const XIRawEvent& event) {
@@ -116,43 +134,47 @@ bool PointerEventMonitor::selectRawEvents() {
     XISetMask(bits, XI_RawButtonRelease);
     XIEventMask mask{.deviceid = XIAllMasterDevices, .mask_len = sizeof bits, .mask = bits};
     XISelectEvents(display_, DefaultRootWindow(display_), &mask, 1);
-    XFlush(display_);
+    XSync(display_, False); // moves made once start() returns are seen
     return true;
 }
 
 // The thread's loop. `known` is where the server last said the pointer was, `travel` how far
-// it may have gone since; both stay on this thread.
+// it may have gone since, `unsettled` whether it moved since; all stay on this thread.
 void PointerEventMonitor::run() {
     X11PointerState known = queryPointer(display_);
     Clock::time_point askedAt = Clock::now();
     double travel = 0;
+    bool unsettled = false;
     bool wasInside = false;
     pollfd sources[2] = {{ConnectionNumber(display_), POLLIN, 0}, {stopEvent_, POLLIN, 0}};
     for (;;) {
         // Events that a reply brought into Xlib's queue are no longer announced by the socket.
-        if (XEventsQueued(display_, QueuedAlready) == 0 && ::poll(sources, 2, -1) < 0 &&
-            errno != EINTR)
+        if (XEventsQueued(display_, QueuedAlready) == 0 &&
+            ::poll(sources, 2, unsettled ? untilGuessExpires(askedAt) : -1) < 0 && errno != EINTR)
             return;
         if (sources[1].revents != 0)
             return;
         const Batch batch = drainPendingEvents();
-        if (!batch.moved)
-            continue;
         travel += batch.travel;
-        const bool mayHaveArrived = batch.buttonChanged || wasInside ||
-                                    Clock::now() - askedAt >= longestGuess ||
-                                    matters(known.rootX, known.rootY, known.buttonMask, travel);
-        if (!mayHaveArrived)
+        unsettled = unsettled || batch.moved;
+        if (!unsettled)
             continue;
-        known = queryPointer(display_);
-        askedAt = Clock::now();
-        travel = 0;
-        const bool inside = matters(known.rootX, known.rootY, known.buttonMask, 0);
-        if (!inside && !std::exchange(wasInside, false))
-            continue;
-        wasInside = inside;
-        report(known.rootX, known.rootY, known.buttonMask);
-        if (!rest())
+        double distance = distanceToInterest(known);
+        bool reported = false;
+        if (batch.buttonChanged || wasInside || distance <= travel ||
+            Clock::now() - askedAt >= longestGuess) {
+            known = queryPointer(display_);
+            askedAt = Clock::now();
+            travel = 0;
+            unsettled = false;
+            distance = distanceToInterest(known);
+            const bool inside = distance == 0;
+            const bool left = std::exchange(wasInside, inside);
+            reported = inside || left;
+            if (reported)
+                report(known.rootX, known.rootY, known.buttonMask);
+        }
+        if (!rest(reported ? reportInterval : farRest(distance - travel)))
             return;
     }
 }
@@ -176,14 +198,18 @@ PointerEventMonitor::Batch PointerEventMonitor::drainPendingEvents() {
     return batch;
 }
 
-// Whether a pointer at (x, y) that may have gone `reach` pixels since is where a move counts.
-bool PointerEventMonitor::matters(int x, int y, unsigned buttonMask, double reach) {
-    if ((buttonMask & primaryButtonMask) != 0)
-        return true;
+// How far the pointer has to go from where it was last seen before a move counts: nothing
+// while the primary button is held, infinitely far when no move counts.
+double PointerEventMonitor::distanceToInterest(const X11PointerState& pointer) {
+    if ((pointer.buttonMask & primaryButtonMask) != 0)
+        return 0;
     const std::lock_guard lock(interestMutex_);
-    return interest_.everywhere ||
-           std::any_of(interest_.regions.begin(), interest_.regions.end(),
-                       [&](const QRect& region) { return distance(region, x, y) <= reach; });
+    if (interest_.everywhere)
+        return 0;
+    double nearest = std::numeric_limits<double>::infinity();
+    for (const QRect& region : interest_.regions)
+        nearest = std::min<double>(nearest, distance(region, pointer.rootX, pointer.rootY));
+    return nearest;
 }
 
 void PointerEventMonitor::report(int x, int y, unsigned buttonMask) {
@@ -193,9 +219,9 @@ void PointerEventMonitor::report(int x, int y, unsigned buttonMask) {
 }
 
 // False when the monitor stops meanwhile.
-bool PointerEventMonitor::rest() {
+bool PointerEventMonitor::rest(std::chrono::milliseconds duration) {
     pollfd stopping{stopEvent_, POLLIN, 0};
-    return ::poll(&stopping, 1, static_cast<int>(reportInterval.count())) <= 0;
+    return duration.count() == 0 || ::poll(&stopping, 1, static_cast<int>(duration.count())) <= 0;
 }
 
 } // namespace tidewell

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "gui/platform/X11PointerQuery.h"
+
 #include <QRect>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -51,9 +54,9 @@ private:
     bool selectRawEvents();
     void run();
     Batch drainPendingEvents();
-    bool matters(int x, int y, unsigned buttonMask, double reach);
+    double distanceToInterest(const X11PointerState& pointer);
     void report(int x, int y, unsigned buttonMask);
-    bool rest();
+    bool rest(std::chrono::milliseconds duration);
 
     Handler handler_;
     _XDisplay* display_ = nullptr;

@@ -86,9 +86,9 @@ TEST_F(PanelClosing, MovesCountEverywhereFromTheOpeningUntilTheCloseHasEnded) {
     const Connection connection = controller->pointerInterestChanged.connect([&] { ++changes; });
     controller->start();
     const PointerInterest hidden = controller->pointerInterest();
-    EXPECT_EQ(hidden, (PointerInterest{.everywhere = false,
-                                       .regions = {{{630, 872}, {180, 28}},
-                                                   {{2310, 1052}, {180, 28}}}}));
+    EXPECT_EQ(hidden,
+              (PointerInterest{.everywhere = false,
+                               .regions = {{{630, 872}, {180, 28}}, {{2310, 1052}, {180, 28}}}}));
     openFully();
     EXPECT_TRUE(controller->pointerInterest().everywhere);
     move(farAway);

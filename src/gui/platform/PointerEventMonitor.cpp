@@ -24,9 +24,9 @@ using Clock = std::chrono::steady_clock;
 // came meanwhile make one report. The first move after a rest is reported at once.
 constexpr std::chrono::milliseconds reportInterval{16};
 // A warp, or a device whose raw values are positions rather than distances, moves the pointer
-// further than its raw events tell: after a move the server is asked at the latest this much
-// later, so a pointer moving far stays known within that time, and one that stopped is not
-// asked again.
+// further than its raw events tell: the server is asked at the latest this long after the first
+// move since it was last asked, so such a pointer is found within that time; one at rest is
+// never asked.
 constexpr std::chrono::milliseconds longestGuess{100};
 
 // Far from where moves count the events may wait and cost one wake-up together, as long as a

@@ -1,16 +1,22 @@
-// CPU cost of the pointer monitor: a child process runs it while this one moves the pointer
-// of a virtual display 5,000 times through XTest, as a mouse would.
+// CPU cost of the pointer monitor beside a floor: a minimal XInput 2 reader that only drains its
+// raw events. Both run as child processes while this one moves the pointer of a virtual display
+// through XTest, paced like a hand on a 60 Hz, a 125 Hz and a 1,000 Hz mouse, far from the open
+// trigger at the top centre and inside it.
 #include "gui/platform/PointerEventMonitor.h"
 #include "support/VirtualDisplay.h"
 
 #include <QCoreApplication>
+#include <QRect>
 #include <QSocketNotifier>
 #include <X11/Xlib.h>
+#include <X11/extensions/XInput2.h>
 #include <X11/extensions/XTest.h>
 #include <chrono>
 #include <cstdio>
 #include <cstring>
+#include <fcntl.h>
 #include <iostream>
+#include <poll.h>
 #include <spawn.h>
 #include <stdexcept>
 #include <string>
@@ -23,10 +29,16 @@ extern char** environ;
 
 namespace {
 
-constexpr int moveCount = 5000;
-// A fast mouse reports a thousand times a second; the moves come at that pace so that the
-// monitor's share of a core is what a user moving the pointer would see.
-constexpr auto moveInterval = std::chrono::milliseconds(1);
+constexpr auto runDuration = std::chrono::seconds(3);
+// The virtual display is 1920 x 1080; the trigger is as wide as a missing notch is taken to be.
+const QRect trigger(870, 0, 180, 32);
+constexpr int farX = 300;
+constexpr int farY = 800;
+constexpr int nearX = 950;
+constexpr int nearY = 6;
+// The pointer goes round a small square, 4 pixels a move, as a hand that jiggles the mouse.
+constexpr int stepsPerSide = 5;
+constexpr int step = 4;
 
 double cpuSeconds() {
     rusage usage{};
@@ -35,16 +47,25 @@ double cpuSeconds() {
     return seconds(usage.ru_utime) + seconds(usage.ru_stime);
 }
 
-// The monitor's side: reports "ready" once listening, and once its input closes, its report
-// count and the CPU time it used since then.
-int runMonitor(int argc, char** argv) {
+void reportReady() {
+    std::cout << "ready" << std::endl;
+}
+
+void reportUse(long count, double startSeconds) {
+    std::cout << count << ' ' << cpuSeconds() - startSeconds << std::endl;
+}
+
+// The monitor's side: listens as the shelf would, for moves into the trigger only when "far".
+int runMonitor(int argc, char** argv, bool far) {
     QCoreApplication application(argc, argv);
     long reports = 0;
-    tidewell::PointerEventMonitor monitor([&](double, double, unsigned) { ++reports; });
+    tidewell::PointerEventMonitor monitor([&](int, int, unsigned) { ++reports; });
     if (!monitor.start())
         return 1;
+    if (far)
+        monitor.setInterest({.everywhere = false, .regions = {trigger}});
     const double startSeconds = cpuSeconds();
-    std::cout << "ready" << std::endl;
+    reportReady();
     QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
     QObject::connect(&input, &QSocketNotifier::activated, [&] {
         char byte = 0;
@@ -52,20 +73,47 @@ int runMonitor(int argc, char** argv) {
             application.quit();
     });
     application.exec();
-    std::cout << reports << ' ' << cpuSeconds() - startSeconds << std::endl;
+    monitor.stop();
+    reportUse(reports, startSeconds);
     return 0;
 }
 
-struct Monitor {
+// The floor: raw motion read from a connection of its own, and nothing else done.
+int runFloor() {
+    Display* display = XOpenDisplay(nullptr);
+    if (!display)
+        return 1;
+    unsigned char bits[XIMaskLen(XI_LASTEVENT)] = {};
+    XISetMask(bits, XI_RawMotion);
+    XIEventMask mask{.deviceid = XIAllMasterDevices, .mask_len = sizeof bits, .mask = bits};
+    XISelectEvents(display, DefaultRootWindow(display), &mask, 1);
+    XSync(display, False);
+    const double startSeconds = cpuSeconds();
+    reportReady();
+    long events = 0;
+    pollfd fds[2] = {{ConnectionNumber(display), POLLIN, 0}, {STDIN_FILENO, POLLIN, 0}};
+    while (::poll(fds, 2, -1) >= 0 && fds[1].revents == 0) {
+        while (XPending(display) > 0) {
+            XEvent event;
+            XNextEvent(display, &event);
+            ++events;
+        }
+    }
+    reportUse(events, startSeconds);
+    XCloseDisplay(display);
+    return 0;
+}
+
+struct Child {
     pid_t pid = -1;
     int input = -1;
     FILE* output = nullptr;
 };
 
-Monitor startMonitor(const char* program) {
+Child startChild(const char* program, const char* role) {
     int toChild[2];
     int fromChild[2];
-    if (::pipe(toChild) != 0 || ::pipe(fromChild) != 0)
+    if (::pipe2(toChild, O_CLOEXEC) != 0 || ::pipe2(fromChild, O_CLOEXEC) != 0)
         throw std::runtime_error(std::string("pipe: ") + std::strerror(errno));
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
@@ -73,29 +121,68 @@ Monitor startMonitor(const char* program) {
     posix_spawn_file_actions_adddup2(&actions, fromChild[1], STDOUT_FILENO);
     posix_spawn_file_actions_addclose(&actions, toChild[1]);
     posix_spawn_file_actions_addclose(&actions, fromChild[0]);
-    char monitorFlag[] = "--monitor";
-    char* arguments[] = {const_cast<char*>(program), monitorFlag, nullptr};
-    Monitor monitor;
-    if (::posix_spawn(&monitor.pid, program, &actions, nullptr, arguments, environ) != 0)
-        throw std::runtime_error("cannot start the monitor process");
+    char* arguments[] = {const_cast<char*>(program), const_cast<char*>(role), nullptr};
+    Child child;
+    if (::posix_spawn(&child.pid, program, &actions, nullptr, arguments, environ) != 0)
+        throw std::runtime_error("cannot start a child process");
     posix_spawn_file_actions_destroy(&actions);
     ::close(toChild[0]);
     ::close(fromChild[1]);
-    monitor.input = toChild[1];
-    monitor.output = ::fdopen(fromChild[0], "r");
+    child.input = toChild[1];
+    child.output = ::fdopen(fromChild[0], "r");
     char line[64] = {};
-    if (!std::fgets(line, sizeof line, monitor.output) || std::strcmp(line, "ready\n") != 0)
-        throw std::runtime_error("the monitor process did not start");
-    return monitor;
+    if (!std::fgets(line, sizeof line, child.output) || std::strcmp(line, "ready\n") != 0)
+        throw std::runtime_error(std::string("the ") + role + " process did not start");
+    return child;
 }
 
-void movePointer(Display* display) {
+struct Use {
+    long count = 0;
+    double seconds = 0;
+};
+
+Use finishChild(Child& child) {
+    ::close(child.input);
+    Use use;
+    if (std::fscanf(child.output, "%ld %lf", &use.count, &use.seconds) != 2)
+        throw std::runtime_error("a child process reported nothing");
+    std::fclose(child.output);
+    ::waitpid(child.pid, nullptr, 0);
+    return use;
+}
+
+// Returns the wall time the moves took.
+double movePointer(Display* display, int movesPerSecond) {
+    const auto interval = std::chrono::nanoseconds(1'000'000'000 / movesPerSecond);
+    const long moves = movesPerSecond * runDuration.count();
+    const int deltas[4][2] = {{step, 0}, {0, step}, {-step, 0}, {0, -step}};
     const auto start = std::chrono::steady_clock::now();
-    for (int i = 0; i < moveCount; ++i) {
-        std::this_thread::sleep_until(start + i * moveInterval);
-        XTestFakeRelativeMotionEvent(display, i % 2 == 0 ? 1 : -1, 0, CurrentTime);
-        XSync(display, False);
+    for (long i = 0; i < moves; ++i) {
+        std::this_thread::sleep_until(start + i * interval);
+        const int* delta = deltas[(i / stepsPerSide) % 4];
+        XTestFakeRelativeMotionEvent(display, delta[0], delta[1], CurrentTime);
+        XFlush(display);
     }
+    XSync(display, False);
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+void runCase(const char* program, Display* display, int movesPerSecond, bool far) {
+    XWarpPointer(display, None, DefaultRootWindow(display), 0, 0, 0, 0, far ? farX : nearX,
+                 far ? farY : nearY);
+    XSync(display, False);
+    Child floor = startChild(program, "--floor");
+    Child monitor = startChild(program, far ? "--monitor-far" : "--monitor-near");
+    const double wallSeconds = movePointer(display, movesPerSecond);
+    // Let both take the last events before they are asked to stop.
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    const Use floorUse = finishChild(floor);
+    const Use monitorUse = finishChild(monitor);
+    const double monitorShare = 100 * monitorUse.seconds / wallSeconds;
+    const double floorShare = 100 * floorUse.seconds / wallSeconds;
+    std::printf("%6d/s  %-4s  %8.3f %%  %8.3f %%  %6.2fx  %7ld  %7ld\n", movesPerSecond,
+                far ? "far" : "near", monitorShare, floorShare, monitorShare / floorShare,
+                floorUse.count, monitorUse.count);
 }
 
 int runBenchmark(const char* program) {
@@ -103,31 +190,13 @@ int runBenchmark(const char* program) {
     Display* display = XOpenDisplay(nullptr);
     if (!display)
         throw std::runtime_error("cannot open the virtual display");
-    Monitor monitor = startMonitor(program);
-    const double generatorStart = cpuSeconds();
-    const auto wallStart = std::chrono::steady_clock::now();
-    movePointer(display);
-    const double generatorSeconds = cpuSeconds() - generatorStart;
-    const double wallSeconds =
-        std::chrono::duration<double>(std::chrono::steady_clock::now() - wallStart).count();
-    // Let the monitor take the last events before it is asked to stop.
-    std::this_thread::sleep_for(std::chrono::milliseconds(200));
-    ::close(monitor.input);
-    long reports = 0;
-    double monitorSeconds = 0;
-    if (std::fscanf(monitor.output, "%ld %lf", &reports, &monitorSeconds) != 2)
-        throw std::runtime_error("the monitor process reported nothing");
-    std::fclose(monitor.output);
-    ::waitpid(monitor.pid, nullptr, 0);
+    std::printf("%8s  %-4s  %10s  %10s  %7s  %7s  %7s\n", "moves", "where", "monitor", "floor",
+                "ratio", "events", "reports");
+    std::printf("%8s  %-4s  %10s  %10s\n", "", "", "(of a core)", "(of a core)");
+    for (const int movesPerSecond : {60, 125, 1000})
+        for (const bool far : {true, false})
+            runCase(program, display, movesPerSecond, far);
     XCloseDisplay(display);
-
-    std::printf("%-22s %10d\n", "pointer moves", moveCount);
-    std::printf("%-22s %10ld\n", "monitor reports", reports);
-    std::printf("%-22s %10.1f ms\n", "wall time of moves", wallSeconds * 1000);
-    std::printf("%-22s %10.1f ms  (%.1f%% of one core)\n", "monitor CPU", monitorSeconds * 1000,
-                100 * monitorSeconds / wallSeconds);
-    std::printf("%-22s %10.1f ms  (%.1f%% of one core)\n", "generator CPU", generatorSeconds * 1000,
-                100 * generatorSeconds / wallSeconds);
     return 0;
 }
 
@@ -135,8 +204,10 @@ int runBenchmark(const char* program) {
 
 int main(int argc, char** argv) {
     try {
-        if (argc > 1 && std::strcmp(argv[1], "--monitor") == 0)
-            return runMonitor(argc, argv);
+        if (argc > 1 && std::strcmp(argv[1], "--floor") == 0)
+            return runFloor();
+        if (argc > 1 && std::strncmp(argv[1], "--monitor-", 10) == 0)
+            return runMonitor(argc, argv, std::strcmp(argv[1], "--monitor-far") == 0);
         return runBenchmark(argv[0]);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());

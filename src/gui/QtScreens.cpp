@@ -70,4 +70,13 @@ Point corePointFromRoot(int x, int y) {
     return corePixel({x, y}, scales, primaryScreenGeometry());
 }
 
+QRect rootRectFromCore(const Rect& rect) {
+    const QRectF logical = qtRect(rect, primaryScreenGeometry());
+    const QScreen* screen = QGuiApplication::screenAt(logical.center().toPoint());
+    const qreal ratio = screen ? screen->devicePixelRatio() : 1;
+    const QPointF origin = screen ? QPointF(screen->geometry().topLeft()) : QPointF();
+    const QRectF native(origin + (logical.topLeft() - origin) * ratio, logical.size() * ratio);
+    return native.toAlignedRect().adjusted(-1, -1, 1, 1);
+}
+
 } // namespace tidewell

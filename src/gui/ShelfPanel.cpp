@@ -41,6 +41,18 @@ struct ShelfPanel::Parts {
               view.pointerMoved(point);
           }) {
         QObject::connect(&view, &ShelfView::outlineChanged, &window, &QuickPanelWindow::setOutline);
+        interestConnection =
+            controller.pointerInterestChanged.connect([this] { followPointerInterest(); });
+    }
+
+    // Moves elsewhere stay on the monitor's thread.
+    void followPointerInterest() {
+        const PointerInterest& interest = controller.pointerInterest();
+        PointerEventMonitor::Interest rootInterest{.everywhere = interest.everywhere,
+                                                   .regions = {}};
+        for (const Rect& region : interest.regions)
+            rootInterest.regions.push_back(rootRectFromCore(region));
+        monitor.setInterest(std::move(rootInterest));
     }
 
     QtScreens screens;
@@ -51,6 +63,7 @@ struct ShelfPanel::Parts {
     NotchPanelController controller;
     ShelfView view;
     PointerEventMonitor monitor;
+    Connection interestConnection;
 };
 
 ShelfPanel::ShelfPanel(Services services) : parts_(std::make_unique<Parts>(services)) {}

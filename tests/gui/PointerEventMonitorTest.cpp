@@ -97,6 +97,40 @@ TEST(PointerEventMonitor, StartingTwiceReportsEachMoveOnceAndStoppingEndsReports
     EXPECT_EQ(reports.count(), 2u);
 }
 
+// Raw events tell how far the pointer went, not where it is: a walk into the region from far
+// away must still be noticed, and a held button makes every move count.
+TEST(PointerEventMonitor, ReportsMovesInsideTheRegionsOfInterestTheFirstOneOutAndDrags) {
+    DesktopDisplay display;
+    X11TestClient client;
+    PointerReports reports;
+    PointerEventMonitor monitor(reports.handler());
+    ASSERT_TRUE(monitor.start());
+    monitor.setInterest({.everywhere = false, .regions = {QRect(400, 0, 100, 20)}});
+    client.movePointerTo(450, 400);
+    for (int i = 0; i < 120; ++i)
+        client.movePointerBy(0, -4); // the last ones push against the top edge
+    ASSERT_TRUE(pumpEventsUntil([&] { return reports.count() > 0 && reports.last().y == 0; }));
+    EXPECT_EQ(reports.last().x, 450);
+
+    const std::size_t inside = reports.count();
+    client.movePointerBy(0, 100);
+    ASSERT_TRUE(pumpEventsUntil([&] { return reports.last().y > 20; })); // the first move out
+    client.movePointerBy(0, 100);
+    pumpEventsFor(200ms);
+    EXPECT_EQ(reports.count(), inside + 1);
+
+    client.setPrimaryButton(true);
+    client.movePointerBy(1, 0);
+    ASSERT_TRUE(pumpEventsUntil([&] { return reports.last().x == 451; }));
+    client.setPrimaryButton(false);
+    ASSERT_TRUE(pumpEventsUntil(
+        [&] { return (reports.last().buttonMask & PointerEventMonitor::primaryButtonMask) == 0; }));
+    const std::size_t released = reports.count();
+    client.movePointerBy(1, 0);
+    pumpEventsFor(200ms);
+    EXPECT_EQ(reports.count(), released);
+}
+
 TEST(PointerEventMonitor, PointerAtRestCausesNoWakeUps) {
     DesktopDisplay display;
     X11TestClient client;

@@ -126,8 +126,11 @@ MainQueue::TaskId NotchPanelController::postAfter(Seconds delay, MainQueue::Task
 }
 
 void NotchPanelController::start() {
-    screenObserver_ = services_.localCenter.addObserver(screenParametersDidChange,
-                                                        [this] { repositionVisible(); });
+    screenObserver_ = services_.localCenter.addObserver(screenParametersDidChange, [this] {
+        repositionVisible();
+        updatePointerInterest();
+    });
+    updatePointerInterest();
     pointerMoved(services_.pointer.location());
 }
 
@@ -148,13 +151,31 @@ bool NotchPanelController::isDraggingFiles() const {
 }
 
 Rect NotchPanelController::openTrigger(const Display& display) const {
+    return openTrigger(display, isDraggingFiles());
+}
+
+Rect NotchPanelController::openTrigger(const Display& display, bool draggingFiles) const {
     double height = topInset(display);
     double width = notchWidth(display);
-    if (isDraggingFiles()) {
+    if (draggingFiles) {
         height = std::max(height, dragTriggerHeight);
         width += 2 * dragTriggerSideReach;
     }
     return hangingFromTop(display, {width, height});
+}
+
+// While the panel is off screen with no close armed, only a move into a trigger does anything.
+void NotchPanelController::updatePointerInterest() {
+    PointerInterest interest{.everywhere = panelState_ != PanelState::hidden ||
+                                           services_.panel.isVisible() || hideWorkItem_,
+                             .regions = {}};
+    if (!interest.everywhere)
+        for (const Display& display : services_.displays.all())
+            interest.regions.push_back(openTrigger(display, false));
+    if (interest == pointerInterest_)
+        return;
+    pointerInterest_ = std::move(interest);
+    pointerInterestChanged.emit();
 }
 
 bool NotchPanelController::isInsideGrownPanel(const Point& location) const {
@@ -212,6 +233,7 @@ void NotchPanelController::openFrom(PanelState previous, const Rect& frame,
     services_.panel.setAlpha(1);
     services_.panel.setFrame(frame);
     services_.panel.orderFrontWithoutActivating();
+    updatePointerInterest();
 
     // A close that has not yet shrunk the background is simply taken back.
     if (previous == PanelState::hiding && layout_.isBackgroundExpanded()) {
@@ -253,12 +275,15 @@ void NotchPanelController::hide() {
             return;
         services_.panel.orderOut();
         panelState_ = PanelState::hidden;
+        updatePointerInterest();
     });
 }
 
 void NotchPanelController::cancelHide() {
-    if (hideWorkItem_)
-        services_.queue.cancel(*std::exchange(hideWorkItem_, std::nullopt));
+    if (!hideWorkItem_)
+        return;
+    services_.queue.cancel(*std::exchange(hideWorkItem_, std::nullopt));
+    updatePointerInterest();
 }
 
 void NotchPanelController::scheduleHide(Seconds delay) {
@@ -266,10 +291,11 @@ void NotchPanelController::scheduleHide(Seconds delay) {
         return;
     hideWorkItem_ = postAfter(delay, [this] {
         hideWorkItem_.reset();
-        if (isMenuTracking_ || pointerIsInsideInteractiveRegion(services_.pointer.location()))
-            return;
-        hide();
+        if (!isMenuTracking_ && !pointerIsInsideInteractiveRegion(services_.pointer.location()))
+            hide();
+        updatePointerInterest();
     });
+    updatePointerInterest();
 }
 
 void NotchPanelController::syncVisibleFrameIfNeeded(const Rect& frame, Size contentSize) {

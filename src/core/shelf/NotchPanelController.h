@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/notify/NotificationCenter.h"
+#include "core/observe/Signal.h"
 #include "core/platform/Display.h"
 #include "core/platform/DragPasteboard.h"
 #include "core/platform/MainQueue.h"
@@ -8,6 +9,7 @@
 #include "core/platform/Pointer.h"
 #include "core/settings/AppearanceSettings.h"
 #include "core/shelf/PanelState.h"
+#include "core/shelf/PointerInterest.h"
 #include "core/shelf/ShelfLayout.h"
 #include "core/store/ItemStore.h"
 
@@ -57,6 +59,9 @@ public:
 
     ShelfLayout& layout() { return layout_; }
     PanelState panelState() const { return panelState_; }
+    // Where a pointer move can change anything here; `pointerInterestChanged` follows it.
+    const PointerInterest& pointerInterest() const { return pointerInterest_; }
+    Signal<> pointerInterestChanged;
 
 private:
     void configure();
@@ -70,6 +75,8 @@ private:
     bool pointerIsInsideInteractiveRegion(const Point& location) const;
     bool isInsideGrownPanel(const Point& location) const;
     Rect openTrigger(const Display& display) const;
+    Rect openTrigger(const Display& display, bool draggingFiles) const;
+    void updatePointerInterest();
     bool isDraggingFiles() const;
     Rect shelfFrame(const Display& display);
     void openFrom(PanelState previous, const Rect& frame, const Display& display);
@@ -98,6 +105,7 @@ private:
     std::optional<ObserverToken> screenObserver_;
     std::vector<ObserverToken> menuTrackingObservers_;
     bool isMenuTracking_ = false;
+    PointerInterest pointerInterest_;
     // Queued tasks check it, so that none runs after the controller is gone.
     std::shared_ptr<bool> isAlive_ = std::make_shared<bool>(true);
 };

@@ -1,19 +1,28 @@
 #pragma once
 
-#include <QTimer>
+#include "gui/platform/X11PointerQuery.h"
+
+#include <QRect>
+#include <chrono>
 #include <functional>
 #include <memory>
+#include <mutex>
+#include <thread>
+#include <vector>
 
-class QSocketNotifier;
+class QObject;
 struct _XDisplay;
 
 namespace tidewell {
 
-// X11: reports where the pointer is whenever it moves or a button changes, over any window,
-// this application's own included. Listens to raw XInput 2 events on a connection of its
-// own and reports once per batch of pending events, at most about once a frame while the
-// pointer moves, so a pointer at rest costs nothing and a moving one very little.
-// Used from the thread of the Qt event loop that serves the connection.
+// X11: reports where the pointer is when it moves or a button changes, over any window, this
+// application's own included, but only where a move can matter: inside the regions of
+// interest, anywhere while a button is held, and once more on leaving them. A thread of its
+// own reads raw XInput 2 events on a connection of its own. Raw events tell how far a device
+// moved, not where the pointer is, so the thread asks the server only when the moves since it
+// last asked could have reached a region: a move far from them costs little more than reading
+// its event, and does not wake the main thread. Reports reach the handler on the thread that
+// started the monitor, at most about once a frame; a pointer at rest costs nothing.
 class PointerEventMonitor {
 public:
     // x and y in root-window pixels (origin top-left, y down); buttonMask is the core X
@@ -21,6 +30,11 @@ public:
     using Handler = std::function<void(int x, int y, unsigned buttonMask)>;
     // Button1Mask, for callers that keep the X headers out.
     static constexpr unsigned primaryButtonMask = 1u << 8;
+    // Where moves count, in root-window pixels.
+    struct Interest {
+        bool everywhere = true;
+        std::vector<QRect> regions;
+    };
 
     explicit PointerEventMonitor(Handler handler);
     ~PointerEventMonitor();
@@ -31,18 +45,27 @@ public:
     // lacks XInput 2.1; the monitor then stays stopped.
     bool start();
     void stop();
+    // From any thread; until then every move counts.
+    void setInterest(Interest interest);
 
 private:
+    struct Batch;
+
     bool selectRawEvents();
-    void serveConnection();
-    bool drainPendingEvents();
-    void reportPointer();
+    void run();
+    Batch drainPendingEvents();
+    double distanceToInterest(const X11PointerState& pointer);
+    void report(int x, int y, unsigned buttonMask);
+    bool rest(std::chrono::milliseconds duration);
 
     Handler handler_;
     _XDisplay* display_ = nullptr;
     int inputOpcode_ = 0;
-    std::unique_ptr<QSocketNotifier> notifier_;
-    QTimer restTimer_;
+    int stopEvent_ = -1;
+    std::unique_ptr<QObject> receiver_;
+    std::thread thread_;
+    std::mutex interestMutex_;
+    Interest interest_;
 };
 
 } // namespace tidewell

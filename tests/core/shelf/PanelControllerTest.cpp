@@ -79,6 +79,26 @@ TEST_F(PanelClosing, LeavingArmsOneCloseThatFurtherMovementDoesNotPostpone) {
     EXPECT_EQ(panel.alpha(), 1);
 }
 
+// A pointer monitor may drop moves outside the triggers while the panel is off screen with no
+// close armed; from the opening to the end of the close every move counts.
+TEST_F(PanelClosing, MovesCountEverywhereFromTheOpeningUntilTheCloseHasEnded) {
+    int changes = 0;
+    const Connection connection = controller->pointerInterestChanged.connect([&] { ++changes; });
+    controller->start();
+    const PointerInterest hidden = controller->pointerInterest();
+    EXPECT_EQ(hidden,
+              (PointerInterest{.everywhere = false,
+                               .regions = {{{630, 872}, {180, 28}}, {{2310, 1052}, {180, 28}}}}));
+    openFully();
+    EXPECT_TRUE(controller->pointerInterest().everywhere);
+    move(farAway);
+    advanceMilliseconds(779);
+    EXPECT_TRUE(controller->pointerInterest().everywhere);
+    advanceMilliseconds(1);
+    EXPECT_EQ(controller->pointerInterest(), hidden);
+    EXPECT_EQ(changes, 3);
+}
+
 TEST_F(PanelClosing, ReturningIntoThePanelGrownBy12By10CancelsTheClose) {
     const struct {
         Point returnedTo;

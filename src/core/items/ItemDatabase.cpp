@@ -194,12 +194,13 @@ int ItemDatabase::cacheExternalIcons() {
     }
     int count = 0;
     modifyWithFolders(now.folders, [&](std::vector<NotchItem>& items) {
-        for (const auto& [before, copy] : copies) {
+        for (const std::pair<NotchItem, std::string>& copy : copies) {
+            const NotchItem& before = copy.first;
             const auto found = std::find_if(items.begin(), items.end(), [&](const NotchItem& item) {
                 return item.id == before.id && item.iconPath == before.iconPath;
             });
             if (found != items.end()) {
-                found->iconPath = copy;
+                found->iconPath = copy.second;
                 ++count;
             }
         }

@@ -133,6 +133,11 @@ TEST(ItemsJson, AnyBadRecordOrDocumentFailsTheWholeDecode) {
         recordWith("createdAt", R"("2025-03-04T18:07:41.250Z")"),
         recordWith("id", R"("3F2504E0-4F89-11D3-9A0C-0305E82C330")"),
         recordWith("name", "\"bad \xc3\x28 byte\""),
+        recordWith("name", R"("\ud83d")"),
+        recordWith("name", R"("\ude80")"),
+        recordWith("name", "\"raw\ttab\""),
+        recordWith("sortOrder", "01"),
+        recordWith("isFavorite", "truex"),
         "42",
     };
     for (const std::string& record : spoiledRecords)
@@ -142,6 +147,7 @@ TEST(ItemsJson, AnyBadRecordOrDocumentFailsTheWholeDecode) {
              "[" + validRecord,         // cut short
              "[" + validRecord + ",]",  // trailing comma
              std::string("[\"\xff\"]"), // invalid UTF-8
+             "[" + validRecord + "] x", // text after the array
          })
         EXPECT_FALSE(ItemsJson::decode(document)) << document;
     EXPECT_TRUE(ItemsJson::decode("[" + validRecord + "," + validRecord + "]"));

@@ -29,7 +29,8 @@ void printGrowth(const SizeTimes& smaller, const SizeTimes& larger) {
 
 } // namespace
 
-void printTimes(const std::vector<SizeTimes>& sizes, double trueTime) {
+void printTimes(const std::string& title, const std::vector<SizeTimes>& sizes, double trueTime) {
+    std::printf("\n=== %s ===\n", title.c_str());
     printHeading("Median wall time (ms)", true);
     for (const SizeTimes& size : sizes)
         printRow(size.records, size.tideHere, size.tideAdd, size.tideList, size.zoxideAdd);

@@ -30,11 +30,19 @@ std::string identifierOf(const std::string& path, const std::optional<FileIdenti
 } // namespace
 
 const std::string& FolderIdentity::normalizedPath(const std::string& path) {
-    return resolve(standardizedAbsolute(path)).path;
+    return lookUp(path).path;
 }
 
 const std::string& FolderIdentity::identifier(const std::string& path) {
-    return resolve(standardizedAbsolute(path)).identifier;
+    return lookUp(path).identifier;
+}
+
+// Stored paths are normalised already: they are found as they are, without a copy.
+const FolderIdentity::Resolution& FolderIdentity::lookUp(const std::string& path) {
+    if (!path.starts_with('/') || !PathText::isStandardized(path))
+        return resolve(standardizedAbsolute(path));
+    const auto known = resolutions_.find(path);
+    return known != resolutions_.end() ? known->second : resolve(path);
 }
 
 const FolderIdentity::Resolution& FolderIdentity::resolve(const std::string& standardizedPath) {

@@ -1,7 +1,6 @@
 #include "core/items/ItemsJson.h"
 
 #include "core/items/InternetDate.h"
-
 #include "core/items/JsonReader.h"
 
 #include <charconv>

@@ -12,6 +12,7 @@ struct SizeTimes {
     double tideAdd = 0;   // tide add .
     double tideList = 0;  // tide list
     double zoxideAdd = 0; // zoxide add <folder>
+    double syncFloor = 0; // replacing a file of the items file's size durably, in-process
 };
 
 // The times, their ratios to zoxide and to /bin/true, and the growth between the two

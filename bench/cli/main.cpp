@@ -4,6 +4,7 @@
 
 #include "LinkedLibraries.h"
 #include "Report.h"
+#include "SyncFloor.h"
 #include "Workspace.h"
 #include "support/PrivateSessionBus.h"
 
@@ -11,6 +12,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <filesystem>
 #include <optional>
 
 namespace {
@@ -52,11 +54,14 @@ SizeTimes measure(const Workspace& workspace, int records) {
         sideBySideMedians({workspace.tide(records, {"."}), workspace.tide(records, {"add", "."}),
                            workspace.tide(records, {"list"}), workspace.zoxideAdd(records)},
                           warmUps, runs);
+    const std::string folder = workspace.tideDataFolder(records);
+    const auto fileSize = std::filesystem::file_size(folder + "/items.json");
     return {.records = records,
             .tideHere = medians[0],
             .tideAdd = medians[1],
             .tideList = medians[2],
-            .zoxideAdd = medians[3]};
+            .zoxideAdd = medians[3],
+            .syncFloor = syncFloorMilliseconds(folder, fileSize, runs)};
 }
 
 // Every record count, with the tool posting to `busAddress` (none when empty).

@@ -2,7 +2,9 @@
 
 #include "core/platform/PathText.h"
 
+#include <charconv>
 #include <cstdint>
+#include <iterator>
 
 namespace tidewell {
 namespace {
@@ -23,8 +25,16 @@ std::string identifierOf(const std::string& path, const std::optional<FileIdenti
     if (!identity)
         return "path:" + path;
     // The device number is written as a signed 32-bit value, as earlier files have it.
-    return "ino:" + std::to_string(static_cast<std::int32_t>(identity->device)) + ":" +
-           std::to_string(identity->inode);
+    char number[24];
+    std::string text;
+    text.reserve(40);
+    text += "ino:";
+    text.append(
+        number,
+        std::to_chars(number, std::end(number), static_cast<std::int32_t>(identity->device)).ptr);
+    text += ':';
+    text.append(number, std::to_chars(number, std::end(number), identity->inode).ptr);
+    return text;
 }
 
 } // namespace

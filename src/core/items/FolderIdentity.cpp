@@ -64,7 +64,7 @@ const FolderIdentity::Resolution& FolderIdentity::resolve(const std::string& sta
         const auto root = files_.linkStatus("/");
         resolution = {"/", root ? std::optional(root->identity) : std::nullopt};
     } else {
-        const Resolution parent = resolve(parentOf(standardizedPath));
+        const Resolution& parent = resolve(parentOf(standardizedPath));
         resolution = resolveChild(parent, PathText::lastComponent(standardizedPath), 0);
     }
     resolution.identifier = identifierOf(resolution.path, resolution.identity);

@@ -222,6 +222,9 @@ std::string encode(const std::vector<NotchItem>& items) {
 std::optional<std::vector<NotchItem>> decode(std::string_view json) {
     // An encoded record takes a few hundred bytes.
     constexpr std::size_t smallestTypicalRecord = 256;
+    // A byte order mark, as some editors write, is no part of the text.
+    if (json.starts_with("\xEF\xBB\xBF"))
+        json.remove_prefix(3);
     JsonReader reader(json);
     std::vector<NotchItem> items;
     items.reserve(json.size() / smallestTypicalRecord);

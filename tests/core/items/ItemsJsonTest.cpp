@@ -115,6 +115,7 @@ TEST(ItemsJson, DecodesAnyLayoutLowerCaseIdsOffsetsUnknownKeysAndNullOptionals) 
     EXPECT_EQ(decodeOne(recordWith("createdAt", R"("2025-03-04T20:07:41+02:00")")).createdAt,
               march4);
     EXPECT_EQ(decodeOne(recordWith("colour", R"({"nested": [1, 2.5, null]})")).path, "/srv/web");
+    EXPECT_EQ(ItemsJson::decode("\xEF\xBB\xBF[" + validRecord + "]")->size(), 1u);
     EXPECT_EQ(decodeOne(recordWith("name", R"("caf\u00e9 \"x\" \ud83d\ude80\n")")).name,
               "caf\u00e9 \"x\" \U0001F680\n");
 }

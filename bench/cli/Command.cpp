@@ -80,14 +80,25 @@ double runTimed(const Command& command) {
 }
 
 double medianMilliseconds(const Command& command, int warmUps, int runs) {
+    return sideBySideMedians({command}, warmUps, runs).front();
+}
+
+std::vector<double> sideBySideMedians(const std::vector<Command>& commands, int warmUps, int runs) {
     for (int i = 0; i < warmUps; ++i)
-        run(command);
-    std::vector<double> times;
+        for (const Command& command : commands)
+            run(command);
+    std::vector<std::vector<double>> times(commands.size());
     for (int i = 0; i < runs; ++i)
-        times.push_back(runTimed(command));
-    std::sort(times.begin(), times.end());
-    const std::size_t middle = times.size() / 2;
-    return times.size() % 2 ? times[middle] : (times[middle - 1] + times[middle]) / 2;
+        for (std::size_t index = 0; index < commands.size(); ++index)
+            times[index].push_back(runTimed(commands[index]));
+    std::vector<double> medians;
+    for (std::vector<double>& series : times) {
+        std::sort(series.begin(), series.end());
+        const std::size_t middle = series.size() / 2;
+        medians.push_back(series.size() % 2 ? series[middle]
+                                            : (series[middle - 1] + series[middle]) / 2);
+    }
+    return medians;
 }
 
 std::string capturedOutput(const Command& command) {

@@ -22,6 +22,9 @@ double runTimed(const Command& command);
 
 // The median of `runs` timed starts after `warmUps` untimed ones.
 double medianMilliseconds(const Command& command, int warmUps, int runs);
+// The medians of the commands started in turn, one of each per round, so that the load of
+// the machine weighs on them alike and their ratios hold where absolute times do not.
+std::vector<double> sideBySideMedians(const std::vector<Command>& commands, int warmUps, int runs);
 
 // Runs the command to its end and returns what it wrote to standard output; throws as
 // run does.

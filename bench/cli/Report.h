@@ -12,11 +12,12 @@ struct SizeTimes {
     double tideAdd = 0;   // tide add .
     double tideList = 0;  // tide list
     double zoxideAdd = 0; // zoxide add <folder>
+    double syncFloor = 0; // replacing a file of the items file's size durably, in-process
 };
 
 // The times, their ratios to zoxide and to /bin/true, and the growth between the two
 // largest record counts. `sizes` is in ascending record order.
-void printTimes(const std::vector<SizeTimes>& sizes, double trueTime);
+void printTimes(const std::string& title, const std::vector<SizeTimes>& sizes, double trueTime);
 
 // The libraries ldd lists and whether a desktop library is among them.
 void printLibraries(const std::vector<std::string>& libraries,

@@ -74,7 +74,7 @@ void Workspace::prepareTide(int records) const {
     std::vector<NotchItem> items;
     for (int index = 0; index < records; ++index)
         items.push_back(makeItem(index, projectFolder(index)));
-    writeFile(tideDataHome(records) + "/Tidewell/items.json", ItemsJson::encode(items));
+    writeFile(tideDataFolder(records) + "/items.json", ItemsJson::encode(items));
 }
 
 void Workspace::prepareZoxide(int records) const {
@@ -90,6 +90,10 @@ void Workspace::prepareZoxide(int records) const {
     if (listed != static_cast<std::size_t>(records))
         throw std::runtime_error("zoxide lists " + std::to_string(listed) + " folders, not " +
                                  std::to_string(records));
+}
+
+std::string Workspace::tideDataFolder(int records) const {
+    return tideDataHome(records) + "/Tidewell";
 }
 
 Command Workspace::tide(int records, const std::vector<std::string>& arguments) const {

@@ -26,6 +26,9 @@ public:
     // zoxide lists them all.
     void prepareZoxide(int records) const;
 
+    // The tool's data folder, holding the items file, for a record count.
+    std::string tideDataFolder(int records) const;
+
     Command tide(int records, const std::vector<std::string>& arguments) const;
     Command zoxideAdd(int records) const;
     Command trueCommand() const;

@@ -4,6 +4,7 @@
 
 #include "LinkedLibraries.h"
 #include "Report.h"
+#include "SyncFloor.h"
 #include "Workspace.h"
 #include "support/PrivateSessionBus.h"
 
@@ -11,6 +12,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <filesystem>
 #include <optional>
 
 namespace {
@@ -20,7 +22,7 @@ using namespace tidewell::bench;
 
 constexpr int warmUps = 5;
 constexpr int runs = 41;
-constexpr std::array recordCounts{10, 1'000, 10'000};
+constexpr std::array recordCounts{10, 100, 1'000, 10'000};
 
 // The tool posts on the session bus after every save, so a bus should be there as on a
 // desktop: the one of the environment, else one of our own for the run.
@@ -48,11 +50,29 @@ void connectSessionBus(SessionBus& bus) {
 SizeTimes measure(const Workspace& workspace, int records) {
     workspace.prepareTide(records);
     workspace.prepareZoxide(records);
+    const std::vector<double> medians =
+        sideBySideMedians({workspace.tide(records, {"."}), workspace.tide(records, {"add", "."}),
+                           workspace.tide(records, {"list"}), workspace.zoxideAdd(records)},
+                          warmUps, runs);
+    const std::string folder = workspace.tideDataFolder(records);
+    const auto fileSize = std::filesystem::file_size(folder + "/items.json");
     return {.records = records,
-            .tideHere = medianMilliseconds(workspace.tide(records, {"."}), warmUps, runs),
-            .tideAdd = medianMilliseconds(workspace.tide(records, {"add", "."}), warmUps, runs),
-            .tideList = medianMilliseconds(workspace.tide(records, {"list"}), warmUps, runs),
-            .zoxideAdd = medianMilliseconds(workspace.zoxideAdd(records), warmUps, runs)};
+            .tideHere = medians[0],
+            .tideAdd = medians[1],
+            .tideList = medians[2],
+            .zoxideAdd = medians[3],
+            .syncFloor = syncFloorMilliseconds(folder, fileSize, runs)};
+}
+
+// Every record count, with the tool posting to `busAddress` (none when empty).
+void measureAll(const std::string& tideExecutable, const std::string& busAddress,
+                const std::string& title, double trueTime) {
+    const Workspace workspace(tideExecutable, recordCounts.back(), busAddress);
+    std::vector<SizeTimes> sizes;
+    for (int records : recordCounts)
+        sizes.push_back(measure(workspace, records));
+    printTimes(title, sizes, trueTime);
+    std::fflush(stdout);
 }
 
 int benchmark(const std::string& tideExecutable) {
@@ -60,16 +80,16 @@ int benchmark(const std::string& tideExecutable) {
     connectSessionBus(bus);
     std::printf("tide: %s\nSession bus: %s\n", tideExecutable.c_str(), bus.description.c_str());
     std::printf("Median of %d runs after %d warm-up runs; each start spawned and waited for, "
-                "standard output to /dev/null.\n",
+                "standard output to /dev/null; the commands of a record count run in turn.\n",
                 runs, warmUps);
     std::fflush(stdout);
 
-    const Workspace workspace(tideExecutable, recordCounts.back(), bus.address);
-    const double trueTime = medianMilliseconds(workspace.trueCommand(), warmUps, runs);
-    std::vector<SizeTimes> sizes;
-    for (int records : recordCounts)
-        sizes.push_back(measure(workspace, records));
-    printTimes(sizes, trueTime);
+    const double trueTime =
+        medianMilliseconds(Workspace(tideExecutable, 0, "").trueCommand(), warmUps, runs);
+    if (!bus.address.empty())
+        measureAll(tideExecutable, bus.address, "WITH a session bus (the tool posts to it)",
+                   trueTime);
+    measureAll(tideExecutable, "", "WITHOUT a session bus", trueTime);
 
     const auto libraries = linkedLibraries(tideExecutable);
     printLibraries(libraries, desktopLibraries(libraries));

@@ -84,20 +84,24 @@ std::optional<std::string> readUpTo(const std::string& path, std::size_t offset,
         return std::nullopt;
     if (offset > 0 && ::lseek(fd.get(), static_cast<off_t>(offset), SEEK_SET) < 0)
         return std::nullopt;
-    std::string bytes;
-    bytes.reserve(std::min<std::size_t>(maxBytes, static_cast<std::size_t>(info.st_size)));
-    char buffer[65536];
-    while (bytes.size() < maxBytes) {
-        const ssize_t got =
-            ::read(fd.get(), buffer, std::min(sizeof buffer, maxBytes - bytes.size()));
+    // Sized from the status, one byte over to see the end, so that a whole file comes in
+    // one read straight into the result.
+    const auto size = static_cast<std::size_t>(std::max<off_t>(info.st_size, 0));
+    std::string bytes(std::min(maxBytes, size > offset ? size - offset + 1 : 4096), '\0');
+    std::size_t filled = 0;
+    while (filled < maxBytes) {
+        if (filled == bytes.size())
+            bytes.resize(std::min(maxBytes, bytes.size() * 2));
+        const ssize_t got = ::read(fd.get(), bytes.data() + filled, bytes.size() - filled);
         if (got < 0 && errno == EINTR)
             continue;
         if (got < 0)
             return std::nullopt;
         if (got == 0)
             break;
-        bytes.append(buffer, static_cast<std::size_t>(got));
+        filled += static_cast<std::size_t>(got);
     }
+    bytes.resize(filled);
     return bytes;
 }
 
@@ -151,6 +155,20 @@ std::optional<bool> PosixFileSystem::existsWithin(const std::string& path,
     if (future.wait_for(limit) != std::future_status::ready)
         return std::nullopt;
     return future.get();
+}
+
+std::optional<FileVersion> PosixFileSystem::fileVersion(const std::string& path) const {
+    struct stat info {};
+    if (::stat(path.c_str(), &info) != 0)
+        return std::nullopt;
+    const auto nanoseconds = [](const timespec& time) {
+        return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
+    };
+    return FileVersion{
+        {static_cast<std::int64_t>(info.st_dev), static_cast<std::uint64_t>(info.st_ino)},
+        static_cast<std::int64_t>(info.st_size),
+        nanoseconds(info.st_mtim),
+        nanoseconds(info.st_ctim)};
 }
 
 std::optional<LinkStatus> PosixFileSystem::linkStatus(const std::string& path) const {

@@ -14,6 +14,7 @@ public:
     std::optional<bool> existsWithin(const std::string& path,
                                      std::chrono::milliseconds limit) const override;
     std::optional<std::string> resolvedPath(const std::string& path) const override;
+    std::optional<FileVersion> fileVersion(const std::string& path) const override;
     std::optional<LinkStatus> linkStatus(const std::string& path) const override;
     std::optional<std::string> readSymbolicLink(const std::string& path) const override;
     std::vector<DirectoryEntry> list(const std::string& directory) const override;

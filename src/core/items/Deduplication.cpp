@@ -1,6 +1,7 @@
 #include "core/items/Deduplication.h"
 
 #include <algorithm>
+#include <string_view>
 #include <unordered_map>
 
 namespace tidewell {
@@ -35,7 +36,9 @@ std::vector<NotchItem> deduplicated(std::vector<NotchItem> items, FolderIdentity
         std::stable_sort(items.begin(), items.end(), isOlder);
     std::vector<NotchItem> result;
     result.reserve(items.size());
-    std::unordered_map<std::string, std::size_t> indexByFolder;
+    // The identifiers stay in `folders` for its lifetime, so that they need no copies here.
+    std::unordered_map<std::string_view, std::size_t> indexByFolder;
+    indexByFolder.reserve(items.size());
     for (NotchItem& newcomer : items) {
         if (const std::string& normalized = folders.normalizedPath(newcomer.path);
             normalized != newcomer.path)

@@ -2,7 +2,9 @@
 
 #include "core/platform/PathText.h"
 
+#include <charconv>
 #include <cstdint>
+#include <iterator>
 
 namespace tidewell {
 namespace {
@@ -23,18 +25,34 @@ std::string identifierOf(const std::string& path, const std::optional<FileIdenti
     if (!identity)
         return "path:" + path;
     // The device number is written as a signed 32-bit value, as earlier files have it.
-    return "ino:" + std::to_string(static_cast<std::int32_t>(identity->device)) + ":" +
-           std::to_string(identity->inode);
+    char number[24];
+    std::string text;
+    text.reserve(40);
+    text += "ino:";
+    text.append(
+        number,
+        std::to_chars(number, std::end(number), static_cast<std::int32_t>(identity->device)).ptr);
+    text += ':';
+    text.append(number, std::to_chars(number, std::end(number), identity->inode).ptr);
+    return text;
 }
 
 } // namespace
 
 const std::string& FolderIdentity::normalizedPath(const std::string& path) {
-    return resolve(standardizedAbsolute(path)).path;
+    return lookUp(path).path;
 }
 
 const std::string& FolderIdentity::identifier(const std::string& path) {
-    return resolve(standardizedAbsolute(path)).identifier;
+    return lookUp(path).identifier;
+}
+
+// Stored paths are normalised already: they are found as they are, without a copy.
+const FolderIdentity::Resolution& FolderIdentity::lookUp(const std::string& path) {
+    if (!path.starts_with('/') || !PathText::isStandardized(path))
+        return resolve(standardizedAbsolute(path));
+    const auto known = resolutions_.find(path);
+    return known != resolutions_.end() ? known->second : resolve(path);
 }
 
 const FolderIdentity::Resolution& FolderIdentity::resolve(const std::string& standardizedPath) {
@@ -46,7 +64,7 @@ const FolderIdentity::Resolution& FolderIdentity::resolve(const std::string& sta
         const auto root = files_.linkStatus("/");
         resolution = {"/", root ? std::optional(root->identity) : std::nullopt};
     } else {
-        const Resolution parent = resolve(parentOf(standardizedPath));
+        const Resolution& parent = resolve(parentOf(standardizedPath));
         resolution = resolveChild(parent, PathText::lastComponent(standardizedPath), 0);
     }
     resolution.identifier = identifierOf(resolution.path, resolution.identity);

@@ -32,6 +32,7 @@ private:
         std::string identifier;
     };
 
+    const Resolution& lookUp(const std::string& path);
     const Resolution& resolve(const std::string& standardizedPath);
     Resolution resolveChild(const Resolution& parent, std::string_view name, int linkDepth);
     Resolution followLink(const Resolution& parent, const std::string& link, int linkDepth);

@@ -46,16 +46,16 @@ ItemDatabase::ItemDatabase(Services services, DataFolder folder)
 
 std::vector<NotchItem> ItemDatabase::load() {
     migrateLegacyLibraryIfNeeded();
-    const FileContents contents = readItemsFile();
-    std::vector<NotchItem> items = deduplicated(contents.items);
-    if (items.size() < contents.items.size()) {
+    FolderIdentity folders(services_.files);
+    FileContents contents = readItemsFile(folders);
+    if (contents.hadDuplicates) {
         // Write the merged list back, under the lock and from a fresh read.
         try {
             modify([](std::vector<NotchItem>&) { return false; });
         } catch (const Error&) {
         }
     }
-    return items;
+    return std::move(contents.items);
 }
 
 void ItemDatabase::save(const std::vector<NotchItem>& items) {
@@ -67,7 +67,7 @@ void ItemDatabase::save(const std::vector<NotchItem>& items) {
 
 void ItemDatabase::modify(const std::function<bool(std::vector<NotchItem>&)>& change) {
     Snapshot now = snapshot();
-    modifyWithFolders(now.folders, change);
+    modifyFrom(now, change);
 }
 
 // Project folders may be slow or hang (a network mount): they are examined here, before the
@@ -75,29 +75,33 @@ void ItemDatabase::modify(const std::function<bool(std::vector<NotchItem>&)>& ch
 // appear in between are resolved under the lock.
 ItemDatabase::Snapshot ItemDatabase::snapshot() {
     migrateLegacyLibraryIfNeeded();
-    Snapshot result{readItemsFile().items, FolderIdentity(services_.files)};
-    for (const NotchItem& item : result.items)
-        result.folders.identifier(item.path);
+    Snapshot result{.folders = FolderIdentity(services_.files)};
+    result.file = readItemsFile(result.folders);
     return result;
 }
 
-void ItemDatabase::modifyWithFolders(FolderIdentity& folders,
-                                     const std::function<bool(std::vector<NotchItem>&)>& change) {
+// The file is read again under the lock only when another writer replaced it since the
+// snapshot; otherwise the snapshot's records are the file's.
+void ItemDatabase::modifyFrom(Snapshot& snapshot,
+                              const std::function<bool(std::vector<NotchItem>&)>& change) {
     bool isSaved = false;
     {
         services_.files.createDirectories(folder_.path);
         const auto lock = services_.files.lockExclusive(folder_.itemsLock());
-        const FileContents contents = readItemsFile();
+        const bool isUnchanged =
+            snapshot.file.version &&
+            services_.files.fileVersion(folder_.itemsFile()) == snapshot.file.version;
+        FileContents contents =
+            isUnchanged ? std::move(snapshot.file) : readItemsFile(snapshot.folders);
         if (contents.isUnreadable)
             throw Error("Cannot read " + folder_.itemsFile() + ", so it was left unchanged.");
-        std::vector<NotchItem> items = tidewell::deduplicated(contents.items, folders);
-        const bool hadDuplicates = items.size() < contents.items.size();
+        std::vector<NotchItem>& items = contents.items;
         isSaved = change(items);
         if (isSaved) {
             if (contents.isUndecodable)
                 preserveUndecodableFile();
-            write(tidewell::deduplicated(std::move(items), folders));
-        } else if (hadDuplicates) {
+            write(tidewell::deduplicated(std::move(items), snapshot.folders));
+        } else if (contents.hadDuplicates) {
             try {
                 write(items);
             } catch (const Error&) {
@@ -116,16 +120,17 @@ NotchItem ItemDatabase::upsert(const UpsertRequest& request) {
         const std::string key = now.folders.identifier(request.path);
         const std::string folder = now.folders.normalizedPath(request.path);
         requireUtf8("path", folder);
+        // Deduplicated paths are normalised already, so that they are looked up as they are.
         const auto isOfFolder = [&](const NotchItem& item) {
             return now.folders.identifier(item.path) == key;
         };
-        const std::vector<NotchItem> before = tidewell::deduplicated(now.items, now.folders);
+        const std::vector<NotchItem>& before = now.file.items;
         const auto known = std::find_if(before.begin(), before.end(), isOfFolder);
         const std::optional<NotchItem> stored =
             known == before.end() ? std::nullopt : std::optional(*known);
         const IconChoice icon = chooseIcon(request, folder, stored);
         std::optional<NotchItem> result;
-        modifyWithFolders(now.folders, [&](std::vector<NotchItem>& items) {
+        modifyFrom(now, [&](std::vector<NotchItem>& items) {
             const auto found = std::find_if(items.begin(), items.end(), isOfFolder);
             const bool isUnchanged = found == items.end() ? !stored
                                                           : stored && found->id == stored->id &&
@@ -186,14 +191,14 @@ void ItemDatabase::touch(const Uuid& id) {
 int ItemDatabase::cacheExternalIcons() {
     Snapshot now = snapshot();
     std::vector<std::pair<NotchItem, std::string>> copies;
-    for (const NotchItem& item : tidewell::deduplicated(now.items, now.folders)) {
+    for (const NotchItem& item : now.file.items) {
         if (!item.iconPath || iconCache_.isManaged(*item.iconPath))
             continue;
         if (auto copy = iconCache_.cache(item.iconPath, item.id))
             copies.emplace_back(item, std::move(*copy));
     }
     int count = 0;
-    modifyWithFolders(now.folders, [&](std::vector<NotchItem>& items) {
+    modifyFrom(now, [&](std::vector<NotchItem>& items) {
         for (const std::pair<NotchItem, std::string>& copy : copies) {
             const NotchItem& before = copy.first;
             const auto found = std::find_if(items.begin(), items.end(), [&](const NotchItem& item) {
@@ -240,18 +245,23 @@ void ItemDatabase::migrateLegacyLibraryIfNeeded() {
     }
 }
 
-ItemDatabase::FileContents ItemDatabase::readItemsFile() const {
+// The version is taken before the bytes are read: should the file change in between, the
+// version is older than the bytes and the next comparison reads the file again.
+ItemDatabase::FileContents ItemDatabase::readItemsFile(FolderIdentity& folders) const {
+    FileContents contents{.version = services_.files.fileVersion(folder_.itemsFile())};
     const auto bytes = services_.files.readFile(folder_.itemsFile());
-    FileContents contents;
     if (!bytes) {
         contents.isUnreadable = services_.files.exists(folder_.itemsFile());
         return contents;
     }
     auto items = ItemsJson::decode(*bytes);
-    if (items)
-        contents.items = std::move(*items);
-    else
+    if (!items) {
         contents.isUndecodable = true;
+        return contents;
+    }
+    const std::size_t decoded = items->size();
+    contents.items = tidewell::deduplicated(std::move(*items), folders);
+    contents.hadDuplicates = contents.items.size() < decoded;
     return contents;
 }
 

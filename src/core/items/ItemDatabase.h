@@ -61,15 +61,18 @@ public:
     void migrateLegacyLibraryIfNeeded();
 
 private:
+    // The records of the file, deduplicated, and the version of the file they came from.
     struct FileContents {
         std::vector<NotchItem> items;
+        std::optional<FileVersion> version;
         bool isUnreadable = false;
         bool isUndecodable = false;
+        bool hadDuplicates = false;
     };
     // The records as read without the lock, with their folders resolved.
     struct Snapshot {
-        std::vector<NotchItem> items;
         FolderIdentity folders;
+        FileContents file;
     };
     // What an upsert prepared for the record of one id before taking the lock.
     struct IconChoice {
@@ -79,11 +82,10 @@ private:
     };
 
     Snapshot snapshot();
-    void modifyWithFolders(FolderIdentity& folders,
-                           const std::function<bool(std::vector<NotchItem>&)>& change);
+    void modifyFrom(Snapshot& snapshot, const std::function<bool(std::vector<NotchItem>&)>& change);
     IconChoice chooseIcon(const UpsertRequest& request, const std::string& folder,
                           const std::optional<NotchItem>& stored) const;
-    FileContents readItemsFile() const;
+    FileContents readItemsFile(FolderIdentity& folders) const;
     void write(const std::vector<NotchItem>& items);
     void preserveUndecodableFile();
     void postItemsChanged();

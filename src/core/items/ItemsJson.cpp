@@ -1,16 +1,13 @@
 #include "core/items/ItemsJson.h"
 
 #include "core/items/InternetDate.h"
+#include "core/items/JsonReader.h"
 
 #include <charconv>
-#include <simdjson.h>
 
 namespace tidewell::ItemsJson {
 
 namespace {
-
-using simdjson::dom::element;
-using simdjson::dom::object;
 
 constexpr std::string_view shortEscapedCharacters = "\"\\/\b\f\n\r\t";
 constexpr std::string_view shortEscapeLetters = "\"\\/bfnrt";
@@ -95,73 +92,115 @@ void appendItem(std::string& out, const NotchItem& item) {
     out += "\n  }";
 }
 
-bool readString(element value, std::string& into) {
-    std::string_view text;
-    if (value.get_string().get(text))
-        return false;
-    into.assign(text);
-    return true;
+// The members of a record, each read the first time its key appears; the required ones
+// must all be there.
+enum Member : unsigned {
+    idMember = 1 << 0,
+    nameMember = 1 << 1,
+    pathMember = 1 << 2,
+    iconPathMember = 1 << 3,
+    initialsMember = 1 << 4,
+    tintHexMember = 1 << 5,
+    launchCommandMember = 1 << 6,
+    isFavoriteMember = 1 << 7,
+    createdAtMember = 1 << 8,
+    lastOpenedAtMember = 1 << 9,
+    sortOrderMember = 1 << 10,
+};
+constexpr unsigned requiredMembers = idMember | nameMember | pathMember | initialsMember |
+                                     tintHexMember | launchCommandMember | isFavoriteMember |
+                                     createdAtMember | lastOpenedAtMember;
+
+constexpr std::pair<std::string_view, Member> memberKeys[] = {
+    {"id", idMember},
+    {"name", nameMember},
+    {"path", pathMember},
+    {"iconPath", iconPathMember},
+    {"initials", initialsMember},
+    {"tintHex", tintHexMember},
+    {"launchCommand", launchCommandMember},
+    {"isFavorite", isFavoriteMember},
+    {"createdAt", createdAtMember},
+    {"lastOpenedAt", lastOpenedAtMember},
+    {"sortOrder", sortOrderMember},
+};
+
+unsigned memberOf(std::string_view key) {
+    for (const auto& [name, member] : memberKeys)
+        if (name == key)
+            return member;
+    return 0;
 }
 
-bool readBoolean(element value, bool& into) {
-    return !value.get_bool().get(into);
-}
-
-// Only JSON integers that fit 64 signed bits; 1.0 is a float and fails.
-bool readInteger(element value, std::int64_t& into) {
-    return !value.get_int64().get(into);
-}
-
-bool readUuid(element value, Uuid& into) {
-    std::string_view text;
-    if (value.get_string().get(text))
-        return false;
-    const auto uuid = Uuid::parse(text);
+bool readUuid(JsonReader& reader, std::string& text, Uuid& into) {
+    const auto uuid = reader.readString(text) ? Uuid::parse(text) : std::nullopt;
     if (uuid)
         into = *uuid;
     return uuid.has_value();
 }
 
-bool readDate(element value, Date& into) {
-    std::string_view text;
-    if (value.get_string().get(text))
-        return false;
-    const auto date = InternetDate::parse(text);
+bool readDate(JsonReader& reader, std::string& text, Date& into) {
+    const auto date = reader.readString(text) ? InternetDate::parse(text) : std::nullopt;
     if (date)
         into = *date;
     return date.has_value();
 }
 
-template <typename T, typename Reader>
-bool readRequired(object record, std::string_view key, T& into, Reader read) {
-    element value;
-    return !record[key].get(value) && read(value, into);
-}
-
 // Absent and null both mean none.
 template <typename T, typename Reader>
-bool readOptional(object record, std::string_view key, std::optional<T>& into, Reader read) {
-    element value;
-    const auto error = record[key].get(value);
-    if (error == simdjson::NO_SUCH_FIELD || (!error && value.is_null()))
-        return true;
-    if (error)
-        return false;
-    return read(value, into.emplace());
+bool readOptional(JsonReader& reader, std::optional<T>& into, Reader read) {
+    return reader.consumeNull() || read(into.emplace());
 }
 
-bool decodeItem(object record, NotchItem& item) {
-    return readRequired(record, "id", item.id, readUuid) &&
-           readRequired(record, "name", item.name, readString) &&
-           readRequired(record, "path", item.path, readString) &&
-           readOptional(record, "iconPath", item.iconPath, readString) &&
-           readRequired(record, "initials", item.initials, readString) &&
-           readRequired(record, "tintHex", item.tintHex, readString) &&
-           readRequired(record, "launchCommand", item.launchCommand, readString) &&
-           readRequired(record, "isFavorite", item.isFavorite, readBoolean) &&
-           readRequired(record, "createdAt", item.createdAt, readDate) &&
-           readRequired(record, "lastOpenedAt", item.lastOpenedAt, readDate) &&
-           readOptional(record, "sortOrder", item.sortOrder, readInteger);
+bool readMember(JsonReader& reader, unsigned member, std::string& text, NotchItem& item) {
+    switch (member) {
+    case idMember:
+        return readUuid(reader, text, item.id);
+    case nameMember:
+        return reader.readString(item.name);
+    case pathMember:
+        return reader.readString(item.path);
+    case iconPathMember:
+        return readOptional(reader, item.iconPath,
+                            [&](std::string& into) { return reader.readString(into); });
+    case initialsMember:
+        return reader.readString(item.initials);
+    case tintHexMember:
+        return reader.readString(item.tintHex);
+    case launchCommandMember:
+        return reader.readString(item.launchCommand);
+    case isFavoriteMember:
+        return reader.readBoolean(item.isFavorite);
+    case createdAtMember:
+        return readDate(reader, text, item.createdAt);
+    case lastOpenedAtMember:
+        return readDate(reader, text, item.lastOpenedAt);
+    case sortOrderMember:
+        return readOptional(reader, item.sortOrder,
+                            [&](std::int64_t& into) { return reader.readInteger(into); });
+    default:
+        return reader.skipValue();
+    }
+}
+
+// Unknown keys are passed over, as is every key after its first appearance.
+bool readItem(JsonReader& reader, std::string& text, NotchItem& item) {
+    if (!reader.consume('{'))
+        return false;
+    unsigned seen = 0;
+    if (!reader.consume('}')) {
+        do {
+            if (!reader.readString(text) || !reader.consume(':'))
+                return false;
+            const unsigned member = memberOf(text) & ~seen;
+            seen |= member;
+            if (!readMember(reader, member, text, item))
+                return false;
+        } while (reader.consume(','));
+        if (!reader.consume('}'))
+            return false;
+    }
+    return (seen & requiredMembers) == requiredMembers;
 }
 
 } // namespace
@@ -181,17 +220,27 @@ std::string encode(const std::vector<NotchItem>& items) {
 }
 
 std::optional<std::vector<NotchItem>> decode(std::string_view json) {
-    simdjson::dom::parser parser;
-    simdjson::dom::array records;
-    if (parser.parse(json.data(), json.size()).get_array().get(records))
-        return std::nullopt;
+    // An encoded record takes a few hundred bytes.
+    constexpr std::size_t smallestTypicalRecord = 256;
+    // A byte order mark, as some editors write, is no part of the text.
+    if (json.starts_with("\xEF\xBB\xBF"))
+        json.remove_prefix(3);
+    JsonReader reader(json);
     std::vector<NotchItem> items;
-    items.reserve(records.size());
-    for (const element value : records) {
-        object record;
-        if (value.get_object().get(record) || !decodeItem(record, items.emplace_back()))
+    items.reserve(json.size() / smallestTypicalRecord);
+    std::string text;
+    if (!reader.consume('['))
+        return std::nullopt;
+    if (!reader.consume(']')) {
+        do {
+            if (!readItem(reader, text, items.emplace_back()))
+                return std::nullopt;
+        } while (reader.consume(','));
+        if (!reader.consume(']'))
             return std::nullopt;
     }
+    if (!reader.isAtEnd())
+        return std::nullopt;
     return items;
 }
 

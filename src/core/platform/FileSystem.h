@@ -14,6 +14,8 @@ namespace tidewell {
 struct FileIdentity {
     std::int64_t device = 0;
     std::uint64_t inode = 0;
+
+    bool operator==(const FileIdentity&) const = default;
 };
 
 struct DirectoryEntry {
@@ -25,6 +27,17 @@ struct DirectoryEntry {
 struct LinkStatus {
     bool isSymbolicLink = false;
     FileIdentity identity;
+};
+
+// Which content a file name leads to: writers that replace the file by a rename give it a
+// new inode, and writes in place change its size or times.
+struct FileVersion {
+    FileIdentity identity;
+    std::int64_t size = 0;
+    std::int64_t modifiedNanoseconds = 0;
+    std::int64_t changedNanoseconds = 0;
+
+    bool operator==(const FileVersion&) const = default;
 };
 
 // Held while an exclusive advisory lock is taken; destruction releases it.
@@ -52,6 +65,8 @@ public:
     // Absolute, with ".", ".." and every symbolic link resolved as the kernel resolves them;
     // the part from the first missing component on is only tidied. None when it fails.
     virtual std::optional<std::string> resolvedPath(const std::string& path) const = 0;
+    // Follows symbolic links; none when the path cannot be examined.
+    virtual std::optional<FileVersion> fileVersion(const std::string& path) const = 0;
     virtual std::optional<LinkStatus> linkStatus(const std::string& path) const = 0;
     virtual std::optional<std::string> readSymbolicLink(const std::string& path) const = 0;
     // Entries other than "." and "..", in no particular order; empty when unreadable.

@@ -4,9 +4,6 @@
 
 namespace tidewell::PathText {
 
-namespace {
-
-// Most paths are stored standardised already; they need no rebuilding.
 bool isStandardized(std::string_view path) {
     if (path.empty() || path == "/")
         return !path.empty();
@@ -23,8 +20,6 @@ bool isStandardized(std::string_view path) {
     }
     return true;
 }
-
-} // namespace
 
 std::string standardized(std::string_view path) {
     if (isStandardized(path))

@@ -11,6 +11,8 @@ namespace PathText {
 // No "." components, ".." removed together with the component before it, no repeated or
 // trailing slash. A ".." at the root stays at the root.
 std::string standardized(std::string_view path);
+// Already in the form above: most stored paths are, and need no rebuilding.
+bool isStandardized(std::string_view path);
 // The path itself when it begins with "/", else the path appended to the directory.
 std::string absolute(std::string_view path, std::string_view directory);
 // "~" and "~/rest" are taken from the home folder; "~user" is left as it is.

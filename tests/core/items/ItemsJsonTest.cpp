@@ -115,6 +115,7 @@ TEST(ItemsJson, DecodesAnyLayoutLowerCaseIdsOffsetsUnknownKeysAndNullOptionals) 
     EXPECT_EQ(decodeOne(recordWith("createdAt", R"("2025-03-04T20:07:41+02:00")")).createdAt,
               march4);
     EXPECT_EQ(decodeOne(recordWith("colour", R"({"nested": [1, 2.5, null]})")).path, "/srv/web");
+    EXPECT_EQ(ItemsJson::decode("\xEF\xBB\xBF[" + validRecord + "]")->size(), 1u);
     EXPECT_EQ(decodeOne(recordWith("name", R"("caf\u00e9 \"x\" \ud83d\ude80\n")")).name,
               "caf\u00e9 \"x\" \U0001F680\n");
 }
@@ -133,6 +134,11 @@ TEST(ItemsJson, AnyBadRecordOrDocumentFailsTheWholeDecode) {
         recordWith("createdAt", R"("2025-03-04T18:07:41.250Z")"),
         recordWith("id", R"("3F2504E0-4F89-11D3-9A0C-0305E82C330")"),
         recordWith("name", "\"bad \xc3\x28 byte\""),
+        recordWith("name", R"("\ud83d")"),
+        recordWith("name", R"("\ude80")"),
+        recordWith("name", "\"raw\ttab\""),
+        recordWith("sortOrder", "01"),
+        recordWith("isFavorite", "truex"),
         "42",
     };
     for (const std::string& record : spoiledRecords)
@@ -142,6 +148,7 @@ TEST(ItemsJson, AnyBadRecordOrDocumentFailsTheWholeDecode) {
              "[" + validRecord,         // cut short
              "[" + validRecord + ",]",  // trailing comma
              std::string("[\"\xff\"]"), // invalid UTF-8
+             "[" + validRecord + "] x", // text after the array
          })
         EXPECT_FALSE(ItemsJson::decode(document)) << document;
     EXPECT_TRUE(ItemsJson::decode("[" + validRecord + "," + validRecord + "]"));

@@ -6,7 +6,7 @@ set -euo pipefail
 packages=(
   # build, and the Debian package's dependencies
   g++ cmake ninja-build pkg-config dpkg-dev
-  libsimdjson-dev libutf8proc-dev libstb-dev libsystemd-dev qt6-base-dev libglib2.0-dev
+  libutf8proc-dev libstb-dev libsystemd-dev qt6-base-dev libglib2.0-dev
   libx11-dev libxi-dev libxtst-dev libxext-dev qt6-declarative-dev qt6-svg-dev
   # run
   $(grep -v '^#' "$(dirname "$0")/../packaging/runtime-packages")

@@ -1,6 +1,6 @@
 #include "core/drag/ShelfItemMove.h"
 
-#include <simdjson.h>
+#include "core/items/JsonReader.h"
 
 namespace tidewell {
 
@@ -8,12 +8,12 @@ std::string ShelfItemMove::encoded() const {
     return R"({"id":")" + id.text() + R"("})";
 }
 
+// Exactly one member, "id", holding a UUID.
 std::optional<ShelfItemMove> ShelfItemMove::decoded(std::string_view bytes) {
-    simdjson::dom::parser parser;
-    simdjson::dom::object object;
-    std::string_view text;
-    if (parser.parse(bytes.data(), bytes.size()).get_object().get(object) || object.size() != 1 ||
-        object["id"].get_string().get(text))
+    JsonReader reader(bytes);
+    std::string key, text;
+    if (!reader.consume('{') || !reader.readString(key) || key != "id" || !reader.consume(':') ||
+        !reader.readString(text) || !reader.consume('}') || !reader.isAtEnd())
         return std::nullopt;
     const auto id = Uuid::parse(text);
     if (!id)

@@ -116,8 +116,9 @@ TEST(ItemsJson, DecodesAnyLayoutLowerCaseIdsOffsetsUnknownKeysAndNullOptionals) 
               march4);
     EXPECT_EQ(decodeOne(recordWith("colour", R"({"nested": [1, 2.5, null]})")).path, "/srv/web");
     EXPECT_EQ(ItemsJson::decode("\xEF\xBB\xBF[" + validRecord + "]")->size(), 1u);
-    EXPECT_EQ(decodeOne(recordWith("name", R"("caf\u00e9 \"x\" \ud83d\ude80\n")")).name,
-              "caf\u00e9 \"x\" \U0001F680\n");
+    EXPECT_EQ(
+        decodeOne(recordWith("name", R"("caf\u00e9e \"x\" \ud83d\ude80\ud800\udc00\n")")).name,
+        "caf\u00e9e \"x\" \U0001F680\U00010000\n");
 }
 
 TEST(ItemsJson, AnyBadRecordOrDocumentFailsTheWholeDecode) {
@@ -139,6 +140,7 @@ TEST(ItemsJson, AnyBadRecordOrDocumentFailsTheWholeDecode) {
         recordWith("name", "\"raw\ttab\""),
         recordWith("sortOrder", "01"),
         recordWith("isFavorite", "truex"),
+        recordWith("colour", "1."),
         "42",
     };
     for (const std::string& record : spoiledRecords)

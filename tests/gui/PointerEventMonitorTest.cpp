@@ -47,12 +47,17 @@ long voluntaryContextSwitches() {
     return -1;
 }
 
-TEST(PointerEventMonitor, ReportsMovesAndButtonsOverAnotherClientsWindow) {
+// A virtual desktop, a client that moves the pointer, and a monitor not yet started.
+class PointerEventMonitorTest : public ::testing::Test {
+protected:
     DesktopDisplay display;
     X11TestClient client;
-    const unsigned long window = client.createWindow(100, 100, 400, 300);
     PointerReports reports;
-    PointerEventMonitor monitor(reports.handler());
+    PointerEventMonitor monitor{reports.handler()};
+};
+
+TEST_F(PointerEventMonitorTest, ReportsMovesAndButtonsOverAnotherClientsWindow) {
+    const unsigned long window = client.createWindow(100, 100, 400, 300);
     ASSERT_TRUE(monitor.start());
 
     client.movePointerTo(250, 180);
@@ -75,11 +80,7 @@ TEST(PointerEventMonitor, ReportsMovesAndButtonsOverAnotherClientsWindow) {
         [&] { return (reports.last().buttonMask & PointerEventMonitor::primaryButtonMask) == 0; }));
 }
 
-TEST(PointerEventMonitor, StartingTwiceReportsEachMoveOnceAndStoppingEndsReports) {
-    DesktopDisplay display;
-    X11TestClient client;
-    PointerReports reports;
-    PointerEventMonitor monitor(reports.handler());
+TEST_F(PointerEventMonitorTest, StartingTwiceReportsEachMoveOnceAndStoppingEndsReports) {
     monitor.stop(); // never started: nothing happens
     ASSERT_TRUE(monitor.start());
     ASSERT_TRUE(monitor.start());
@@ -99,11 +100,7 @@ TEST(PointerEventMonitor, StartingTwiceReportsEachMoveOnceAndStoppingEndsReports
 
 // Raw events tell how far the pointer went, not where it is: a walk into the region from far
 // away must still be noticed, and a held button makes every move count.
-TEST(PointerEventMonitor, ReportsMovesInsideTheRegionsOfInterestTheFirstOneOutAndDrags) {
-    DesktopDisplay display;
-    X11TestClient client;
-    PointerReports reports;
-    PointerEventMonitor monitor(reports.handler());
+TEST_F(PointerEventMonitorTest, ReportsMovesInsideTheRegionsOfInterestTheFirstOneOutAndDrags) {
     ASSERT_TRUE(monitor.start());
     monitor.setInterest({.everywhere = false, .regions = {QRect(400, 0, 100, 20)}});
     client.movePointerTo(450, 400);
@@ -131,11 +128,7 @@ TEST(PointerEventMonitor, ReportsMovesInsideTheRegionsOfInterestTheFirstOneOutAn
     EXPECT_EQ(reports.count(), released);
 }
 
-TEST(PointerEventMonitor, PointerAtRestCausesNoWakeUps) {
-    DesktopDisplay display;
-    X11TestClient client;
-    PointerReports reports;
-    PointerEventMonitor monitor(reports.handler());
+TEST_F(PointerEventMonitorTest, PointerAtRestCausesNoWakeUps) {
     ASSERT_TRUE(monitor.start());
     client.movePointerBy(1, 1);
     ASSERT_TRUE(reports.reachedCount(1));

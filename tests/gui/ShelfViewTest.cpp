@@ -30,7 +30,9 @@ class ManualAnimationClock : public QAnimationDriver {
 public:
     ManualAnimationClock() { install(); }
     ~ManualAnimationClock() override { uninstall(); }
+    // Animations begin on a queued call: deliver it before the time moves.
     void advanceBy(int milliseconds) {
+        QCoreApplication::processEvents();
         elapsed_ += milliseconds;
         advance();
     }

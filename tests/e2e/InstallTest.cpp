@@ -23,6 +23,9 @@ TEST_F(InstallTest, InstallsTheProgramItsLinkAndTheDesktopEntry) {
               fs::perms::owner_exec);
     EXPECT_EQ(fs::read_symlink(prefix + "/bin/tide"), "tidewell");
     EXPECT_TRUE(fs::is_directory(prefix + "/" TIDEWELL_INSTALL_LIBDIR "/tidewell"));
+    EXPECT_TRUE(fs::is_regular_file(prefix + "/" TIDEWELL_INSTALL_LIBDIR
+                                             "/tidewell/plugins/wayland-shell-integration/"
+                                             "libtidewell-layer-shell.so"));
     EXPECT_TRUE(fs::is_regular_file(prefix + "/share/applications/com.quorvel.tidewell.desktop"));
     EXPECT_TRUE(fs::is_regular_file(prefix +
                                     "/share/icons/hicolor/scalable/apps/com.quorvel.tidewell.svg"));

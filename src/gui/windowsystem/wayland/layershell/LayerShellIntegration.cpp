@@ -21,6 +21,10 @@ LayerShellIntegration::~LayerShellIntegration() {
 
 bool LayerShellIntegration::initialize(QWaylandDisplay* display) {
     QWaylandShellIntegrationTemplate::initialize(display);
+    for (const QWaylandDisplay::RegistryGlobal& global : display->globals()) {
+        if (global.interface == QLatin1String(QtWayland::xdg_wm_base::interface()->name))
+            wmBase_.init(global.registry, int(global.id), 1);
+    }
     windows_.reset(QWaylandShellIntegrationFactory::create(QStringLiteral("xdg-shell"), display));
     return windows_ != nullptr;
 }
@@ -28,7 +32,23 @@ bool LayerShellIntegration::initialize(QWaylandDisplay* display) {
 QWaylandShellSurface* LayerShellIntegration::createShellSurface(QWaylandWindow* window) {
     if (isActive() && window->window()->property(layerSurfaceProperty).toBool())
         return new LayerSurface(*this, window);
+    if (QWaylandShellSurface* parent = layerParentOf(window))
+        return new LayerPopup(wmBase_, *parent, window);
     return windows_->createShellSurface(window);
+}
+
+QWaylandShellSurface* LayerShellIntegration::layerParentOf(QWaylandWindow* popup) {
+    const Qt::WindowType type = popup->window()->type();
+    // A layer surface never has the focus, so Qt finds no parent for a menu opened from it
+    // without one: the window last clicked or hovered is that parent.
+    QWaylandWindow* parent = popup->transientParent();
+    if (!parent)
+        parent = popup->display()->lastInputWindow();
+    if ((type != Qt::Popup && type != Qt::ToolTip) || !parent || !wmBase_.isInitialized())
+        return nullptr;
+    QWaylandShellSurface* surface = parent->shellSurface();
+    return dynamic_cast<LayerSurface*>(surface) || dynamic_cast<LayerPopup*>(surface) ? surface
+                                                                                      : nullptr;
 }
 
 void* LayerShellIntegration::nativeResourceForWindow(const QByteArray& resource, QWindow* window) {

@@ -30,7 +30,7 @@ bool LayerShellIntegration::initialize(QWaylandDisplay* display) {
 }
 
 QWaylandShellSurface* LayerShellIntegration::createShellSurface(QWaylandWindow* window) {
-    if (isActive() && window->window()->property(layerSurfaceProperty).toBool())
+    if (isActive() && window->window()->property(layerSurfaceProperty).isValid())
         return new LayerSurface(*this, window);
     if (QWaylandShellSurface* parent = layerParentOf(window))
         return new LayerPopup(wmBase_, *parent, window);

@@ -1,5 +1,7 @@
 #include "LayerSurface.h"
 
+#include "gui/windowsystem/wayland/LayerSurfaceProperty.h"
+
 #include <QWindow>
 #include <QtWaylandClient/private/qwaylandscreen_p.h>
 #include <QtWaylandClient/private/qwaylandwindow_p.h>
@@ -10,6 +12,12 @@ using namespace QtWaylandClient;
 
 namespace {
 
+QtWayland::zwlr_layer_shell_v1::layer layerOf(QWaylandWindow* window) {
+    return window->window()->property(layerSurfaceProperty).toString() == QLatin1String("top")
+               ? QtWayland::zwlr_layer_shell_v1::layer_top
+               : QtWayland::zwlr_layer_shell_v1::layer_overlay;
+}
+
 wl_output* outputOf(QWaylandWindow* window) {
     QWaylandScreen* screen = window->waylandScreen();
     return screen && !screen->isPlaceholder() ? screen->output() : nullptr;
@@ -19,8 +27,7 @@ wl_output* outputOf(QWaylandWindow* window) {
 
 LayerSurface::LayerSurface(QtWayland::zwlr_layer_shell_v1& shell, QWaylandWindow* window)
     : QWaylandShellSurface(window), QtWayland::zwlr_layer_surface_v1(shell.get_layer_surface(
-                                        window->wlSurface(), outputOf(window),
-                                        QtWayland::zwlr_layer_shell_v1::layer_overlay,
+                                        window->wlSurface(), outputOf(window), layerOf(window),
                                         QStringLiteral("tidewell"))) {
     set_anchor(anchor_top);
     set_exclusive_zone(-1);

@@ -7,9 +7,9 @@
 
 namespace tidewell {
 
-// A window as a layer surface on the overlay layer of its screen's output: anchored to the
-// top edge only, so the compositor centres it, over every other surface, never moved by
-// panels' zones and never given the keyboard. Its size is the window's.
+// A window as a layer surface of its screen's output, on the layer its layer-surface property
+// names: anchored to the top edge only, so the compositor centres it, never moved by panels'
+// zones and never given the keyboard. Its size is the window's.
 class LayerSurface : public QtWaylandClient::QWaylandShellSurface,
                      public QtWayland::zwlr_layer_surface_v1 {
 public:

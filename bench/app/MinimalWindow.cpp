@@ -1,7 +1,7 @@
 // The yardstick for the application benchmark: the least a Qt Quick program needs to show a
 // black bar at the top centre of the screen when the pointer gets there, with the same
 // pointer monitor as the application.
-#include "gui/platform/PointerEventMonitor.h"
+#include "gui/windowsystem/x11/PointerEventMonitor.h"
 
 #include <QGuiApplication>
 #include <QQuickView>

@@ -2,7 +2,7 @@
 // raw events. Both run as child processes while this one moves the pointer of a virtual display
 // through XTest, paced like a hand on a 60 Hz, a 125 Hz and a 1,000 Hz mouse, far from the open
 // trigger at the top centre and inside it.
-#include "gui/platform/PointerEventMonitor.h"
+#include "gui/windowsystem/x11/PointerEventMonitor.h"
 #include "support/VirtualDisplay.h"
 
 #include <QCoreApplication>

@@ -1,7 +1,7 @@
-#include "gui/ColorPicker.h"
+#include "gui/settings/ColorPicker.h"
 
-#include "gui/ItemSettingsModel.h"
 #include "gui/SettingsFixture.h"
+#include "gui/settings/ItemSettingsModel.h"
 
 #include <QColorDialog>
 #include <QSignalSpy>

@@ -1,4 +1,4 @@
-#include "gui/FavoritesModel.h"
+#include "gui/shelf/FavoritesModel.h"
 
 #include "core/icons/IconCache.h"
 #include "core/store/ItemStore.h"

@@ -1,9 +1,9 @@
-#include "gui/ItemSettingsModel.h"
+#include "gui/settings/ItemSettingsModel.h"
 
-#include "gui/FavoritesModel.h"
-#include "gui/ItemLookup.h"
 #include "gui/SettingsFixture.h"
-#include "gui/TileMenu.h"
+#include "gui/shelf/FavoritesModel.h"
+#include "gui/shelf/ItemLookup.h"
+#include "gui/shelf/TileMenu.h"
 
 #include <QAction>
 #include <QMenu>

@@ -1,4 +1,4 @@
-#include "gui/ItemsFileWatcher.h"
+#include "gui/app/ItemsFileWatcher.h"
 
 #include "core/notify/NotificationNames.h"
 #include "gui/EventLoopWait.h"

@@ -1,4 +1,4 @@
-#include "gui/platform/PointerEventMonitor.h"
+#include "gui/windowsystem/x11/PointerEventMonitor.h"
 
 #include "gui/EventLoopWait.h"
 #include "support/X11TestClient.h"

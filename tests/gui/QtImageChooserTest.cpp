@@ -1,4 +1,4 @@
-#include "gui/QtImageChooser.h"
+#include "gui/settings/QtImageChooser.h"
 
 #include <gtest/gtest.h>
 

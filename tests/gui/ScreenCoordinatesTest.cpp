@@ -1,4 +1,4 @@
-#include "gui/ScreenCoordinates.h"
+#include "gui/windowsystem/ScreenCoordinates.h"
 
 #include <gtest/gtest.h>
 

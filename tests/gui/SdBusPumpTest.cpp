@@ -1,4 +1,4 @@
-#include "gui/SdBusPump.h"
+#include "gui/app/SdBusPump.h"
 
 #include "core/notify/NotificationNames.h"
 #include "gui/EventLoopWait.h"

@@ -1,4 +1,4 @@
-#include "gui/SettingsBridge.h"
+#include "gui/settings/SettingsBridge.h"
 
 #include "gui/SettingsFixture.h"
 

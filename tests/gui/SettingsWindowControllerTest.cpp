@@ -1,9 +1,9 @@
-#include "gui/SettingsWindowController.h"
+#include "gui/settings/SettingsWindowController.h"
 
 #include "gui/EventLoopWait.h"
-#include "gui/ItemSettingsModel.h"
 #include "gui/SettingsFixture.h"
 #include "gui/WarningRecorder.h"
+#include "gui/settings/ItemSettingsModel.h"
 
 #include <QCursor>
 #include <QGuiApplication>

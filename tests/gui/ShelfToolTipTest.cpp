@@ -1,4 +1,4 @@
-#include "gui/ShelfToolTip.h"
+#include "gui/shelf/ShelfToolTip.h"
 
 #include "gui/EventLoopWait.h"
 #include "support/X11WindowInspector.h"

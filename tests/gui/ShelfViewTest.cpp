@@ -1,11 +1,11 @@
-#include "gui/ShelfView.h"
+#include "gui/shelf/ShelfView.h"
 
 #include "core/icons/IconCache.h"
 #include "core/shelf/ShelfLayout.h"
 #include "gui/EventLoopWait.h"
-#include "gui/PanelMargins.h"
 #include "gui/ShelfFixture.h"
 #include "gui/WarningRecorder.h"
+#include "gui/windowsystem/PanelMargins.h"
 #include "support/FakeBackgroundQueue.h"
 #include "support/FakePanelWindow.h"
 #include "support/FakePointer.h"

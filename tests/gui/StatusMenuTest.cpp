@@ -1,4 +1,4 @@
-#include "gui/StatusMenu.h"
+#include "gui/app/StatusMenu.h"
 
 #include "core/notify/InterfaceNotificationNames.h"
 #include "gui/EventLoopWait.h"

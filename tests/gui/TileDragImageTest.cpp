@@ -1,4 +1,4 @@
-#include "gui/TileDragImage.h"
+#include "gui/shelf/TileDragImage.h"
 
 #include <gtest/gtest.h>
 

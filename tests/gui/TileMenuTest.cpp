@@ -1,4 +1,4 @@
-#include "gui/TileMenu.h"
+#include "gui/shelf/TileMenu.h"
 
 #include "core/notify/InterfaceNotificationNames.h"
 #include "gui/EventLoopWait.h"

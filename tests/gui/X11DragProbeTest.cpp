@@ -1,4 +1,4 @@
-#include "gui/platform/X11DragProbe.h"
+#include "gui/windowsystem/x11/X11DragProbe.h"
 
 #include "support/X11TestClient.h"
 

@@ -1,8 +1,8 @@
-#include "gui/X11Pointer.h"
+#include "gui/windowsystem/x11/X11Pointer.h"
 
 #include "core/notify/NotificationCenter.h"
-#include "gui/QtScreens.h"
 #include "gui/platform/QtMainQueue.h"
+#include "gui/windowsystem/QtScreens.h"
 #include "support/X11TestClient.h"
 
 #include <gtest/gtest.h>

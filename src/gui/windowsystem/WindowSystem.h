@@ -40,6 +40,8 @@ public:
 
     // Starts reporting pointer moves to the handler, on the calling thread.
     virtual void startPointerReports(PointerHandler handler) = 0;
+    // None arrives once this returns.
+    virtual void stopPointerReports() = 0;
     // Where moves can matter: moves elsewhere may go unreported.
     virtual void setPointerInterest(const PointerInterest& interest) = 0;
 };

@@ -1,9 +1,0 @@
-#include "gui/X11DragPasteboard.h"
-
-namespace tidewell {
-
-bool X11DragPasteboard::offersFiles() const {
-    return probe_.isDraggingFiles();
-}
-
-} // namespace tidewell

@@ -1,0 +1,23 @@
+// The user interface's one entry point, called by the executable after it has taken the
+// single-instance lock.
+#include "gui/app/Application.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QTimer>
+
+extern "C" __attribute__((visibility("default"))) int tidewell_gui_main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    // The shelf lives in the status area and at the top of the screen, not in windows.
+    application.setQuitOnLastWindowClosed(false);
+    application.setApplicationName("Tidewell");
+    application.setDesktopFileName("com.quorvel.tidewell");
+    application.setWindowIcon(
+        QIcon::fromTheme("com.quorvel.tidewell", QIcon(":/icons/com.quorvel.tidewell.svg")));
+
+    tidewell::Application tidewell;
+    QObject::connect(&application, &QCoreApplication::aboutToQuit,
+                     [&tidewell] { tidewell.willTerminate(); });
+    QTimer::singleShot(0, &application, [&tidewell] { tidewell.didFinishLaunching(); });
+    return application.exec();
+}

@@ -1,0 +1,13 @@
+#include "gui/app/QtAlertPresenter.h"
+
+#include <QMessageBox>
+
+namespace tidewell {
+
+void QtAlertPresenter::showAlert(const std::string& message) {
+    QMessageBox box(QMessageBox::Warning, "Tidewell", QString::fromStdString(message),
+                    QMessageBox::Ok);
+    box.exec();
+}
+
+} // namespace tidewell

@@ -1,12 +1,15 @@
 // The user interface's one entry point, called by the executable after it has taken the
 // single-instance lock.
 #include "gui/app/Application.h"
+#include "gui/windowsystem/wayland/WaylandShell.h"
 
 #include <QApplication>
 #include <QIcon>
 #include <QTimer>
 
 extern "C" __attribute__((visibility("default"))) int tidewell_gui_main(int argc, char** argv) {
+    if (tidewell::isWaylandOnlySession())
+        tidewell::prepareWaylandShell();
     QApplication application(argc, argv);
     // The shelf lives in the status area and at the top of the screen, not in windows.
     application.setQuitOnLastWindowClosed(false);

@@ -1,30 +1,15 @@
 #include "gui/windowsystem/x11/X11PanelWindow.h"
 
-#include "gui/windowsystem/PanelMargins.h"
 #include "gui/windowsystem/PanelOutline.h"
-#include "gui/windowsystem/QtScreens.h"
-#include "gui/windowsystem/ScreenCoordinates.h"
-
-#include <QSurfaceFormat>
+#include "gui/windowsystem/PanelView.h"
 
 namespace tidewell {
 namespace {
 
-// Creates the native window with the panel's flags and a transparent, alpha-blended surface,
-// and returns its id. Qt Quick draws it with OpenGL where there is any, on a virtual X server
-// too (Mesa's llvmpipe through GLX, with an 8-bit alpha channel), and with its software
-// renderer otherwise (QT_QUICK_BACKEND=software); both keep the alpha channel of this
-// format, so the process need not choose a backend.
+// Creates the native window, on a virtual X server drawn through Mesa's llvmpipe with GLX
+// and an 8-bit alpha channel, and returns its id.
 WId createPanelWindow(QQuickView& view) {
-    view.setFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
-                  Qt::WindowDoesNotAcceptFocus | Qt::Tool);
-    // What window lists, accessibility tools and tests see.
-    view.setTitle("Tidewell Shelf");
-    QSurfaceFormat format = view.format();
-    format.setAlphaBufferSize(8);
-    view.setFormat(format);
-    view.setColor(Qt::transparent);
-    view.setResizeMode(QQuickView::SizeRootObjectToView);
+    setUpPanelView(view);
     // Mapped with a user time of 0, which tells the window manager not to focus it.
     view.setProperty("_q_showWithoutActivating", true);
     return view.winId();
@@ -46,10 +31,7 @@ Rect X11PanelWindow::frame() const {
 
 void X11PanelWindow::setFrame(const Rect& frame) {
     frame_ = frame;
-    const QRectF shelf = qtRect(frame, primaryScreenGeometry());
-    const QRectF window =
-        shelf.adjusted(-panelShadowMargin, 0, panelShadowMargin, panelShadowMargin);
-    view_.setGeometry(window.toRect());
+    view_.setGeometry(panelWindowRect(frame));
     x11_.flush();
 }
 

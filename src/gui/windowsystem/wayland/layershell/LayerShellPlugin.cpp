@@ -18,6 +18,8 @@ public:
                      QT_VERSION_STR, qVersion());
             return nullptr;
         }
+        // Read once by now: programs started from here get their desktop's own shell.
+        qunsetenv("QT_WAYLAND_SHELL_INTEGRATION");
         return new LayerShellIntegration;
     }
 };

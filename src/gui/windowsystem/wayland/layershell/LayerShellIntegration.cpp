@@ -4,6 +4,7 @@
 #include "gui/windowsystem/wayland/LayerSurfaceProperty.h"
 
 #include <QWindow>
+#include <QtGui/private/qguiapplication_p.h>
 #include <QtWaylandClient/private/qwaylandshellintegrationfactory_p.h>
 #include <QtWaylandClient/private/qwaylandwindow_p.h>
 
@@ -39,9 +40,11 @@ QWaylandShellSurface* LayerShellIntegration::createShellSurface(QWaylandWindow* 
 
 QWaylandShellSurface* LayerShellIntegration::layerParentOf(QWaylandWindow* popup) {
     const Qt::WindowType type = popup->window()->type();
-    // A layer surface never has the focus, so Qt finds no parent for a menu opened from it
-    // without one: the window last clicked or hovered is that parent.
+    // A layer surface never has the focus, so Qt finds no parent for a menu or tooltip opened
+    // from it without one: the window under the pointer, else the one last clicked, is it.
     QWaylandWindow* parent = popup->transientParent();
+    if (QWindow* hovered = QGuiApplicationPrivate::currentMouseWindow; !parent && hovered)
+        parent = static_cast<QWaylandWindow*>(hovered->handle());
     if (!parent)
         parent = popup->display()->lastInputWindow();
     if ((type != Qt::Popup && type != Qt::ToolTip) || !parent || !wmBase_.isInitialized())

@@ -7,6 +7,7 @@
 #include <QtWaylandClient/private/qwaylandinputdevice_p.h>
 #include <QtWaylandClient/private/qwaylandwindow_p.h>
 #include <algorithm>
+#include <qpa/qwindowsysteminterface.h>
 
 namespace tidewell {
 
@@ -62,8 +63,9 @@ void LayerPopup::Popup::xdg_popup_configure(int32_t x, int32_t y, int32_t, int32
     owner_.position_ = QPoint(x, y);
 }
 
+// Queued: closing now would delete this popup inside its own event.
 void LayerPopup::Popup::xdg_popup_popup_done() {
-    owner_.window()->window()->close();
+    QWindowSystemInterface::handleCloseEvent(owner_.window()->window());
 }
 
 } // namespace tidewell

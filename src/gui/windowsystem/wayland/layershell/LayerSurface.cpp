@@ -5,6 +5,7 @@
 #include <QWindow>
 #include <QtWaylandClient/private/qwaylandscreen_p.h>
 #include <QtWaylandClient/private/qwaylandwindow_p.h>
+#include <qpa/qwindowsysteminterface.h>
 
 namespace tidewell {
 
@@ -59,8 +60,9 @@ void LayerSurface::applyConfigure() {
     window()->window()->requestUpdate();
 }
 
+// Queued: closing now would delete this surface inside its own event.
 void LayerSurface::zwlr_layer_surface_v1_closed() {
-    window()->window()->close();
+    QWindowSystemInterface::handleCloseEvent(window()->window());
 }
 
 } // namespace tidewell

@@ -111,7 +111,7 @@ TEST_F(X11PanelWindowTest, OnlyTheOutlineTakesThePointerWithAndWithoutCompositor
     // pointer through to the desktop as well, which is all there is below.
     X11TestClient client;
     client.movePointerTo(844 + 116, 44);
-    EXPECT_NE(client.windowUnderPointer(), 0u);
+    EXPECT_TRUE(pumpEventsUntil([&] { return client.windowUnderPointer() != 0; }));
     client.movePointerTo(844 + 5, 50);
     EXPECT_TRUE(pumpEventsUntil([&] { return client.windowUnderPointer() == 0; }));
 

@@ -39,6 +39,12 @@ LayerPopup::LayerPopup(XdgWmBase& wmBase, QWaylandShellSurface& parent, QWayland
         popup_.grab(seat->wl_seat(), getSerial(seat));
     if (auto* layer = dynamic_cast<LayerSurface*>(&parent))
         layer->get_popup(popup_.object());
+    // Qt leaves a tooltip's input region whole: emptied, the pointer stays on the shelf.
+    if (window->window()->flags() & Qt::WindowTransparentForInput) {
+        wl_region* nothing = window->display()->createRegion(QRegion());
+        wl_surface_set_input_region(wlSurface(), nothing);
+        wl_region_destroy(nothing);
+    }
 }
 
 LayerPopup::~LayerPopup() {

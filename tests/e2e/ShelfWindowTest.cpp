@@ -1,6 +1,7 @@
 #include "e2e/PostedSignalListener.h"
 #include "e2e/RunningApplicationTest.h"
 #include "linux/SingleInstanceGuard.h"
+#include "support/HeadlessWeston.h"
 
 namespace tidewell::testing {
 namespace {
@@ -130,6 +131,34 @@ TEST_F(ShelfWindowTest, HoverOpensTheDrawnOutlineWhichLetsClicksThroughWithAndWi
     expectDrawnOutlineAndClickThrough();
     hand.movePointerTo(screenWidth / 2, 600);
     EXPECT_TRUE(waitUntil([&] { return !isShelfShown(); }));
+}
+
+// In a Wayland session whose compositor has no layer shell, with XWayland's display beside it
+// (here Xvfb's), the application chooses X11 with a trigger window at the top centre.
+TEST_F(ShelfWindowTest, WithoutLayerShellTheTriggerWindowOpensTheShelfAndLetsClicksBesideIt) {
+    addProject("alpha");
+    const HeadlessWeston weston(runtimeFolder);
+    startApplication({{"WAYLAND_DISPLAY", weston.socket}, {"XDG_SESSION_TYPE", "wayland"}});
+    EXPECT_EQ(application->standardError(),
+              "tidewell: window system: X11 under XWayland (the compositor has no layer shell): "
+              "the shelf opens from a trigger window\n");
+    std::optional<unsigned long> trigger;
+    ASSERT_TRUE(waitUntil(
+        [&] { return (trigger = inspector.findWindow("Tidewell Trigger")).has_value(); }));
+    EXPECT_EQ(inspector.rootGeometry(*trigger), (WindowRect{870, 0, 180, 28}));
+    // Its corners, the top row included.
+    for (const auto& [x, y] : {std::pair(870, 0), std::pair(1049, 0), std::pair(1049, 27)}) {
+        hand.movePointerTo(x, y);
+        EXPECT_TRUE(waitUntil([&] { return isShelfShown(); })) << x << "," << y;
+        hand.movePointerTo(x, 600);
+        EXPECT_TRUE(waitUntil([&] { return !isShelfShown(); })) << x << "," << y;
+    }
+    for (const int x : {869, 1050}) {
+        hand.movePointerTo(x, 0);
+        hand.click(1);
+        EXPECT_TRUE(hand.waitForButtonPress(desktop, 3s)) << "the press beside it, at x = " << x;
+    }
+    EXPECT_FALSE(isShelfShown());
 }
 
 } // namespace

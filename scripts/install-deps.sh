@@ -7,12 +7,12 @@ packages=(
   # build, and the Debian package's dependencies
   g++ cmake ninja-build pkg-config dpkg-dev
   libutf8proc-dev libstb-dev libsystemd-dev qt6-base-dev libglib2.0-dev
-  libx11-dev libxi-dev libxtst-dev libxext-dev qt6-declarative-dev qt6-svg-dev
+  libx11-dev libxi-dev libxtst-dev libxext-dev libwayland-dev qt6-declarative-dev qt6-svg-dev
   # run
   $(grep -v '^#' "$(dirname "$0")/../packaging/runtime-packages")
   # test, fuzz and benchmark
   libgtest-dev libgmock-dev dbus-daemon dbus-bin clang-14 libclang-rt-14-dev zoxide
-  xvfb openbox x11-utils xterm xdotool xcompmgr imagemagick
+  xvfb openbox x11-utils xterm xdotool xcompmgr imagemagick weston
   xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils
 )
 

@@ -15,9 +15,10 @@ namespace {
 // too (Mesa's llvmpipe through GLX, with an 8-bit alpha channel), and with its software
 // renderer otherwise (QT_QUICK_BACKEND=software); both keep the alpha channel of this
 // format, so the process need not choose a backend.
-WId createPanelWindow(QQuickView& view) {
+WId createPanelWindow(QQuickView& view, bool bypassesWindowManager) {
     view.setFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
-                  Qt::WindowDoesNotAcceptFocus | Qt::Tool);
+                  Qt::WindowDoesNotAcceptFocus | Qt::Tool |
+                  (bypassesWindowManager ? Qt::BypassWindowManagerHint : Qt::Widget));
     // What window lists, accessibility tools and tests see.
     view.setTitle("Tidewell Shelf");
     QSurfaceFormat format = view.format();
@@ -32,7 +33,8 @@ WId createPanelWindow(QQuickView& view) {
 
 } // namespace
 
-X11PanelWindow::X11PanelWindow() : x11_(createPanelWindow(view_)) {
+X11PanelWindow::X11PanelWindow(bool bypassesWindowManager)
+    : x11_(createPanelWindow(view_, bypassesWindowManager)) {
     applyShape();
     // Both shapes are kept in device pixels: on a screen of another ratio they are cut anew.
     connect(&view_, &QWindow::screenChanged, this, &X11PanelWindow::applyShape);

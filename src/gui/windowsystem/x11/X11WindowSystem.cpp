@@ -16,7 +16,8 @@ std::unique_ptr<PointerSource> pointerSource(X11WindowSystem::Tracking tracking,
 } // namespace
 
 X11WindowSystem::X11WindowSystem(NotificationCenter& localCenter, Tracking tracking)
-    : screens_(localCenter), source_(pointerSource(tracking, screens_, window_)) {}
+    : screens_(localCenter), window_(tracking == Tracking::triggerWindow),
+      source_(pointerSource(tracking, screens_, window_)) {}
 
 void X11WindowSystem::setPanelOutline(const QRectF& rect, double topRadius, double bottomRadius) {
     window_.setOutline(rect, topRadius, bottomRadius);

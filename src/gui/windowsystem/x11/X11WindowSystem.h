@@ -19,8 +19,8 @@ public:
     enum class Tracking {
         // Everywhere on the screen, through raw XInput 2 events.
         rawMotion,
-        // Over trigger windows at the top edge and over the panel: under XWayland raw events
-        // arrive only while the pointer is over an X window.
+        // Over trigger windows at the top edge and over the panel, which bypasses the window
+        // manager: under XWayland raw events arrive only while the pointer is over an X window.
         triggerWindow,
     };
 

@@ -1,6 +1,7 @@
 #include "e2e/EndToEndTest.h"
 #include "e2e/PostedSignalListener.h"
 #include "linux/SingleInstanceGuard.h"
+#include "support/HeadlessWeston.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -30,6 +31,27 @@ TEST_F(ApplicationStartTest, WithoutTheUserInterfaceLibraryTheStartFailsWithOneL
     EXPECT_EQ(result.status, 1);
     EXPECT_TRUE(std::filesystem::is_regular_file(dataFolder() + "/app.lock"));
     EXPECT_TRUE(listener.received().empty());
+}
+
+TEST_F(ApplicationStartTest, WithoutAWindowSystemTheStartFailsWithOneLineAndTheToolWorks) {
+    const HeadlessWeston weston(runtimeFolder);
+    const std::map<std::string, std::string> noLayerShell = {{"WAYLAND_DISPLAY", weston.socket}};
+    struct Case {
+        std::map<std::string, std::string> variables;
+        std::string line;
+    };
+    for (const auto& [variables, line] : std::vector<Case>{
+             {noLayerShell, "tidewell: no window system: the Wayland compositor has no layer "
+                            "shell and DISPLAY is not set for XWayland\n"},
+             {{}, "tidewell: no window system: neither WAYLAND_DISPLAY nor DISPLAY is set\n"},
+         }) {
+        ChildProcess::Launch start = launch(tidewellPath(), {}, home);
+        start.environment.insert(variables.begin(), variables.end());
+        expectResult(ChildProcess::run(start), "", line, 1);
+    }
+    ChildProcess::Launch list = launch(tidePath(), {"list"}, home);
+    list.environment.insert(noLayerShell.begin(), noLayerShell.end());
+    expectResult(ChildProcess::run(list), "", "", 0);
 }
 
 TEST_F(ApplicationStartTest, ShowLeavesTheFlagAndStartsTheApplication) {

@@ -1,6 +1,9 @@
 #include "e2e/PostedSignalListener.h"
 #include "e2e/RunningApplicationTest.h"
 #include "linux/SingleInstanceGuard.h"
+#include "support/HeadlessWeston.h"
+
+#include <algorithm>
 
 namespace tidewell::testing {
 namespace {
@@ -130,6 +133,42 @@ TEST_F(ShelfWindowTest, HoverOpensTheDrawnOutlineWhichLetsClicksThroughWithAndWi
     expectDrawnOutlineAndClickThrough();
     hand.movePointerTo(screenWidth / 2, 600);
     EXPECT_TRUE(waitUntil([&] { return !isShelfShown(); }));
+}
+
+// In a Wayland session whose compositor has no layer shell, with XWayland's display beside it
+// (here Xvfb's), the application chooses X11 with a trigger window at the top centre.
+TEST_F(ShelfWindowTest, WithoutLayerShellTheTriggerWindowOpensTheShelfAndLetsClicksBesideIt) {
+    addProject("alpha");
+    const HeadlessWeston weston(runtimeFolder);
+    startApplication({{"WAYLAND_DISPLAY", weston.socket}, {"XDG_SESSION_TYPE", "wayland"}});
+    std::optional<unsigned long> trigger;
+    ASSERT_TRUE(waitUntil(
+        [&] { return (trigger = inspector.findWindow("Tidewell Trigger")).has_value(); }));
+    // Nothing more, the status icon without a status-area host included.
+    EXPECT_EQ(application->standardError(),
+              "tidewell: window system: X11 under XWayland (the compositor has no layer shell): "
+              "the shelf opens from a trigger window\n");
+    EXPECT_EQ(inspector.rootGeometry(*trigger), (WindowRect{870, 0, 180, 28}));
+    // A window mapped later does not cover the trigger.
+    const unsigned long below = hand.createWindow(0, 0, screenWidth, 100);
+    // The trigger's corners, the top row included.
+    for (const auto& [x, y] : {std::pair(870, 0), std::pair(1049, 0), std::pair(1049, 27)}) {
+        hand.movePointerTo(x, y);
+        EXPECT_TRUE(waitUntil([&] { return isShelfShown(); })) << x << "," << y;
+        // Placed by no window manager: those of Wayland compositors place X windows freely.
+        EXPECT_TRUE(std::ranges::count(inspector.viewableOverrideRedirectWindows(), panel));
+        hand.movePointerTo(x, 600);
+        EXPECT_TRUE(waitUntil([&] { return !isShelfShown(); })) << x << "," << y;
+    }
+    // Beside it, reached from outside it.
+    hand.movePointerTo(869, 0);
+    hand.click(1);
+    EXPECT_TRUE(hand.waitForButtonPress(below, 3s)) << "the press left of it";
+    hand.movePointerTo(1051, 0);
+    hand.movePointerBy(-1, 0);
+    hand.click(1);
+    EXPECT_TRUE(hand.waitForButtonPress(below, 3s)) << "the press right of it";
+    EXPECT_FALSE(isShelfShown());
 }
 
 } // namespace

@@ -97,6 +97,10 @@ std::string ChildProcess::standardOutput() const {
     return contents(output_);
 }
 
+std::string ChildProcess::standardError() const {
+    return contents(errors_);
+}
+
 ProcessResult ChildProcess::wait(std::chrono::milliseconds timeout) {
     ProcessResult result;
     pollfd ended{exit_.get(), POLLIN, 0};

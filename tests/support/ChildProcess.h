@@ -40,8 +40,9 @@ public:
     static ProcessResult run(const Launch& launch,
                              std::chrono::milliseconds timeout = std::chrono::seconds(10));
     pid_t pid() const { return pid_; }
-    // What the program has written to its standard output so far.
+    // What the program has written so far.
     std::string standardOutput() const;
+    std::string standardError() const;
     // Waits until the program ends, killing it once the timeout has passed.
     ProcessResult wait(std::chrono::milliseconds timeout = std::chrono::seconds(10));
 

@@ -46,9 +46,10 @@ X11TestClient::~X11TestClient() {
 unsigned long X11TestClient::createWindow(int x, int y, int width, int height) {
     XSetWindowAttributes attributes{};
     attributes.override_redirect = True; // placed exactly where asked, without the manager
+    attributes.event_mask = ButtonPressMask;
     const Window window =
         XCreateWindow(display_, DefaultRootWindow(display_), x, y, width, height, 0, CopyFromParent,
-                      InputOutput, CopyFromParent, CWOverrideRedirect, &attributes);
+                      InputOutput, CopyFromParent, CWOverrideRedirect | CWEventMask, &attributes);
     XMapRaised(display_, window);
     XSync(display_, False);
     return window;
@@ -59,7 +60,6 @@ unsigned long X11TestClient::createDesktop(unsigned long colour) {
                                        DisplayHeight(display_, DefaultScreen(display_)));
     XSetWindowBackground(display_, window, colour);
     XClearWindow(display_, window);
-    XSelectInput(display_, window, ButtonPressMask);
     XLowerWindow(display_, window);
     XSync(display_, False);
     return window;

@@ -34,10 +34,11 @@ public:
     X11TestClient(const X11TestClient&) = delete;
     X11TestClient& operator=(const X11TestClient&) = delete;
 
-    // A mapped top-level window; the client's windows go away with it.
+    // A mapped top-level window above the others, that hears button presses; the client's
+    // windows go away with it.
     unsigned long createWindow(int x, int y, int width, int height);
-    // A window of one colour (0xRRGGBB) over the whole screen, below all others, that hears
-    // button presses: the desktop as the tests see it.
+    // A window of one colour (0xRRGGBB) over the whole screen, below all others: the desktop
+    // as the tests see it.
     unsigned long createDesktop(unsigned long colour);
     // The window the pointer is over, directly below the root.
     unsigned long windowUnderPointer();

@@ -32,6 +32,7 @@
 namespace tidewell {
 
 struct Application::Parts {
+    const WindowSystemKind windowSystemKind;
     PosixFileSystem files;
     SystemClock clock;
     QtMainQueue queue;
@@ -61,7 +62,8 @@ struct Application::Parts {
     const ApplicationLocation application = currentApplicationLocation();
     XdgAutostartLoginItemService loginItems{files, XdgPaths::configHome(), application};
     LaunchAgentManager launchAtLogin{files, loginItems, paths, application};
-    const std::unique_ptr<WindowSystem> windowSystem = openWindowSystem(localCenter);
+    const std::unique_ptr<WindowSystem> windowSystem =
+        openWindowSystem(windowSystemKind, localCenter);
     QtFolderChooser folderChooser;
     QtImageChooser imageChooser;
     SettingsWindowController settingsWindow{
@@ -103,7 +105,8 @@ struct Application::Parts {
                           .runningApplication = runningApplication}};
 };
 
-Application::Application() : parts_(std::make_unique<Parts>()) {}
+Application::Application(WindowSystemKind windowSystem)
+    : parts_(std::make_unique<Parts>(windowSystem)) {}
 
 Application::~Application() = default;
 

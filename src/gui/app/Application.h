@@ -1,5 +1,7 @@
 #pragma once
 
+#include "gui/windowsystem/WindowSystemChoice.h"
+
 #include <memory>
 
 namespace tidewell {
@@ -8,7 +10,8 @@ namespace tidewell {
 // other, and the delegate that drives them.
 class Application {
 public:
-    Application();
+    // On a window system of that kind, which is not `none`.
+    explicit Application(WindowSystemKind windowSystem);
     ~Application();
     Application(const Application&) = delete;
     Application& operator=(const Application&) = delete;

@@ -1,15 +1,16 @@
 // The user interface's one entry point, called by the executable after it has taken the
 // single-instance lock.
 #include "gui/app/Application.h"
-#include "gui/windowsystem/wayland/WaylandShell.h"
+#include "gui/windowsystem/OpenWindowSystem.h"
 
 #include <QApplication>
 #include <QIcon>
 #include <QTimer>
 
 extern "C" __attribute__((visibility("default"))) int tidewell_gui_main(int argc, char** argv) {
-    if (tidewell::isWaylandOnlySession())
-        tidewell::prepareWaylandShell();
+    const tidewell::WindowSystemKind windowSystem = tidewell::prepareWindowSystem();
+    if (windowSystem == tidewell::WindowSystemKind::none)
+        return 1;
     QApplication application(argc, argv);
     // The shelf lives in the status area and at the top of the screen, not in windows.
     application.setQuitOnLastWindowClosed(false);
@@ -18,7 +19,7 @@ extern "C" __attribute__((visibility("default"))) int tidewell_gui_main(int argc
     application.setWindowIcon(
         QIcon::fromTheme("com.quorvel.tidewell", QIcon(":/icons/com.quorvel.tidewell.svg")));
 
-    tidewell::Application tidewell;
+    tidewell::Application tidewell(windowSystem);
     QObject::connect(&application, &QCoreApplication::aboutToQuit,
                      [&tidewell] { tidewell.willTerminate(); });
     QTimer::singleShot(0, &application, [&tidewell] { tidewell.didFinishLaunching(); });

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "gui/windowsystem/WindowSystemChoice.h"
+
 #include <memory>
 
 namespace tidewell {
@@ -7,7 +9,11 @@ namespace tidewell {
 class NotificationCenter;
 class WindowSystem;
 
-// The backend for the window system this session runs on.
-std::unique_ptr<WindowSystem> openWindowSystem(NotificationCenter& localCenter);
+// Chooses the window system from the session, says which on standard error in one line and
+// sets Qt's platform to match. Before the QApplication exists.
+WindowSystemKind prepareWindowSystem();
+// The backend for the kind chosen, which is not `none`.
+std::unique_ptr<WindowSystem> openWindowSystem(WindowSystemKind kind,
+                                               NotificationCenter& localCenter);
 
 } // namespace tidewell

@@ -70,13 +70,17 @@ Point corePointFromRoot(int x, int y) {
     return corePixel({x, y}, scales, primaryScreenGeometry());
 }
 
-QRect rootRectFromCore(const Rect& rect) {
+QRect rootPixelsFromCore(const Rect& rect) {
     const QRectF logical = qtRect(rect, primaryScreenGeometry());
     const QScreen* screen = QGuiApplication::screenAt(logical.center().toPoint());
     const qreal ratio = screen ? screen->devicePixelRatio() : 1;
     const QPointF origin = screen ? QPointF(screen->geometry().topLeft()) : QPointF();
     const QRectF native(origin + (logical.topLeft() - origin) * ratio, logical.size() * ratio);
-    return native.toAlignedRect().adjusted(-1, -1, 1, 1);
+    return native.toAlignedRect();
+}
+
+QRect rootRectFromCore(const Rect& rect) {
+    return rootPixelsFromCore(rect).adjusted(-1, -1, 1, 1);
 }
 
 } // namespace tidewell

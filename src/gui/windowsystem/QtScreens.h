@@ -35,7 +35,9 @@ private:
 QRect primaryScreenGeometry();
 // A root-window pixel, as the X server reports it, in the shelf's points.
 Point corePointFromRoot(int x, int y);
-// The root-window pixels that a rectangle in the shelf's points covers, and one more all round.
+// The root-window pixels that a rectangle in the shelf's points covers.
+QRect rootPixelsFromCore(const Rect& rect);
+// The same and one more all round.
 QRect rootRectFromCore(const Rect& rect);
 
 } // namespace tidewell

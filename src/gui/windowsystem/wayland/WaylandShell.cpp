@@ -8,11 +8,6 @@
 
 namespace tidewell {
 
-bool isWaylandOnlySession() {
-    return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
-           qEnvironmentVariableIsEmpty("DISPLAY");
-}
-
 void prepareWaylandShell() {
     Dl_info library{};
     if (dladdr(reinterpret_cast<void*>(&prepareWaylandShell), &library) && library.dli_fname)

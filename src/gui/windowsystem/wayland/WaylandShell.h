@@ -2,8 +2,6 @@
 
 namespace tidewell {
 
-// Whether the session is Wayland with no X server to fall back on.
-bool isWaylandOnlySession();
 // Before the application object exists: Qt's Wayland platform is to use the project's
 // layer-shell integration, found beside the user interface's library (the build tree's plugins/
 // folder, or lib/tidewell/plugins once installed).

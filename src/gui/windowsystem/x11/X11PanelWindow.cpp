@@ -8,8 +8,10 @@ namespace {
 
 // Creates the native window, on a virtual X server drawn through Mesa's llvmpipe with GLX
 // and an 8-bit alpha channel, and returns its id.
-WId createPanelWindow(QQuickView& view) {
+WId createPanelWindow(QQuickView& view, bool bypassesWindowManager) {
     setUpPanelView(view);
+    if (bypassesWindowManager)
+        view.setFlag(Qt::BypassWindowManagerHint);
     // Mapped with a user time of 0, which tells the window manager not to focus it.
     view.setProperty("_q_showWithoutActivating", true);
     return view.winId();
@@ -17,7 +19,8 @@ WId createPanelWindow(QQuickView& view) {
 
 } // namespace
 
-X11PanelWindow::X11PanelWindow() : x11_(createPanelWindow(view_)) {
+X11PanelWindow::X11PanelWindow(bool bypassesWindowManager)
+    : x11_(createPanelWindow(view_, bypassesWindowManager)) {
     applyShape();
     // Both shapes are kept in device pixels: on a screen of another ratio they are cut anew.
     connect(&view_, &QWindow::screenChanged, this, &X11PanelWindow::applyShape);

@@ -20,7 +20,9 @@ public:
     // X11 offers no way to keep a window out of screen captures.
     static constexpr bool canHideFromSharing = false;
 
-    X11PanelWindow();
+    // Bypassing the window manager, the panel is placed exactly where asked: the window
+    // managers of Wayland compositors place the windows of X clients as they see fit.
+    explicit X11PanelWindow(bool bypassesWindowManager = false);
     ~X11PanelWindow() override;
 
     QQuickView& view() { return view_; }

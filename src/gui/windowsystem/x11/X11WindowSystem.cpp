@@ -1,28 +1,34 @@
 #include "gui/windowsystem/x11/X11WindowSystem.h"
 
-#include "core/shelf/PointerInterest.h"
+#include "gui/windowsystem/x11/RawMotionPointerSource.h"
+#include "gui/windowsystem/x11/TriggerWindowPointerSource.h"
 
 namespace tidewell {
+namespace {
 
-X11WindowSystem::X11WindowSystem(NotificationCenter& localCenter)
-    : screens_(localCenter),
-      monitor_([this](int x, int y, unsigned) { handler_(corePointFromRoot(x, y)); }) {}
+std::unique_ptr<PointerSource> pointerSource(X11WindowSystem::Tracking tracking,
+                                             const Displays& displays, X11PanelWindow& panel) {
+    if (tracking == X11WindowSystem::Tracking::rawMotion)
+        return std::make_unique<RawMotionPointerSource>();
+    return std::make_unique<TriggerWindowPointerSource>(displays, panel.view().winId());
+}
+
+} // namespace
+
+X11WindowSystem::X11WindowSystem(NotificationCenter& localCenter, Tracking tracking)
+    : screens_(localCenter), window_(tracking == Tracking::triggerWindow),
+      source_(pointerSource(tracking, screens_, window_)) {}
 
 void X11WindowSystem::setPanelOutline(const QRectF& rect, double topRadius, double bottomRadius) {
     window_.setOutline(rect, topRadius, bottomRadius);
 }
 
 void X11WindowSystem::startPointerReports(PointerHandler handler) {
-    handler_ = std::move(handler);
-    monitor_.start();
+    source_->start(std::move(handler));
 }
 
-// Moves elsewhere stay on the monitor's thread.
 void X11WindowSystem::setPointerInterest(const PointerInterest& interest) {
-    PointerEventMonitor::Interest rootInterest{.everywhere = interest.everywhere, .regions = {}};
-    for (const Rect& region : interest.regions)
-        rootInterest.regions.push_back(rootRectFromCore(region));
-    monitor_.setInterest(std::move(rootInterest));
+    source_->setInterest(interest);
 }
 
 } // namespace tidewell

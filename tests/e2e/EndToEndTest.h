@@ -5,6 +5,8 @@
 #include "support/PrivateSessionBus.h"
 #include "support/TemporaryDirectory.h"
 
+#include <chrono>
+#include <functional>
 #include <gtest/gtest.h>
 #include <optional>
 #include <string>
@@ -44,6 +46,9 @@ protected:
     std::vector<NotchItem> storedItems() const;
 
     static std::optional<std::string> readFile(const std::string& path);
+    // Polls the condition until it holds or the timeout passes; returns the condition.
+    static bool waitUntil(const std::function<bool()>& condition,
+                          std::chrono::milliseconds timeout = std::chrono::seconds(5));
     // The names in a folder, sorted.
     static std::vector<std::string> entries(const std::string& folder);
     // The text with each key replaced by its value, slashes written "\/" as the items file

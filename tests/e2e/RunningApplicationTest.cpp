@@ -111,15 +111,4 @@ std::pair<int, int> RunningApplicationTest::tileCentre(int index) {
     return {window.x + shadowMargin + 14 + 66 * index + 30, topInset + 8 + 31};
 }
 
-bool RunningApplicationTest::waitUntil(const std::function<bool()>& condition,
-                                       std::chrono::milliseconds timeout) {
-    const auto deadline = std::chrono::steady_clock::now() + timeout;
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > deadline)
-            return false;
-        std::this_thread::sleep_for(10ms);
-    }
-    return true;
-}
-
 } // namespace tidewell::testing

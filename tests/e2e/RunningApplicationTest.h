@@ -56,10 +56,6 @@ protected:
     // Moves the pointer onto the tile and clicks it with the button.
     void clickTile(int index, unsigned button);
 
-    // Polls the condition until it holds or the timeout passes; returns the condition.
-    static bool waitUntil(const std::function<bool()>& condition,
-                          std::chrono::milliseconds timeout = std::chrono::seconds(5));
-
     std::unique_ptr<VirtualDisplay> ownDisplay;
     VirtualDisplay& display = *ownDisplay;
     X11TestClient hand;

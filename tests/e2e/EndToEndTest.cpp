@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <limits>
 #include <sstream>
 #include <stdexcept>
 #include <thread>
@@ -57,6 +58,31 @@ void EndToEndTest::expectResult(const ProcessResult& result, const std::string& 
 
 std::string EndToEndTest::project(const std::string& name) const {
     return root.makeFolder("projects/" + name);
+}
+
+std::string EndToEndTest::addProject(const std::string& name,
+                                     const std::vector<std::string>& options) {
+    const std::string folder = project(name);
+    std::vector<std::string> arguments = {"add", folder};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    const ProcessResult result = tide(arguments, home);
+    EXPECT_EQ(result.status, 0) << result.standardError;
+    return folder;
+}
+
+std::vector<std::string> EndToEndTest::pinnedFolders() const {
+    std::vector<NotchItem> pinned;
+    for (const NotchItem& item : storedItems())
+        if (item.isFavorite)
+            pinned.push_back(item);
+    std::ranges::stable_sort(pinned, {}, [](const NotchItem& item) {
+        return std::pair(item.sortOrder.value_or(std::numeric_limits<std::int64_t>::max()),
+                         item.createdAt);
+    });
+    std::vector<std::string> folders;
+    for (const NotchItem& item : pinned)
+        folders.push_back(item.path);
+    return folders;
 }
 
 void EndToEndTest::writeItemsFile(const std::string& bytes) const {

@@ -38,6 +38,10 @@ protected:
 
     // A new folder below the test's projects folder.
     std::string project(const std::string& name) const;
+    // Pins a new project folder of this name through the command line.
+    std::string addProject(const std::string& name, const std::vector<std::string>& options = {});
+    // The pinned folders as the shelf orders them: placed ones first, by their place.
+    std::vector<std::string> pinnedFolders() const;
     std::string dataFolder() const { return dataHome + "/Tidewell"; }
     std::string itemsFile() const { return dataFolder() + "/items.json"; }
     std::string itemsFileBytes() const { return readFile(itemsFile()).value_or(""); }

@@ -11,8 +11,8 @@ class WaylandDesktopTest : public WaylandTest {};
 
 TEST_F(WaylandDesktopTest, ThePointersClicksAndDragsReachTheWindowsTheScreenshotsShow) {
     const std::string folder = project("dragged");
-    const auto target = startWindow(std::pair(1000, 200));
-    const auto source = startWindow(std::pair(200, 300), {folder});
+    const auto target = startWindow(1000, 200, 120, 80);
+    const auto source = startWindow(200, 300, 120, 80, {folder});
 
     // Each window's corners inside it, and the background just outside them.
     ASSERT_TRUE(waitUntil([&] {

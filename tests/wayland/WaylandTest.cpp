@@ -16,7 +16,7 @@ std::map<std::string, std::string> WaylandTest::sessionEnvironment() const {
     return variables;
 }
 
-std::unique_ptr<ChildProcess> WaylandTest::startWindow(std::optional<std::pair<int, int>> at,
+std::unique_ptr<ChildProcess> WaylandTest::startWindow(int x, int y, int width, int height,
                                                        const std::vector<std::string>& paths) {
     std::vector<std::string> arguments = {buildFolder() + "/tests/tidewell_drag_source_probe",
                                           "--at", "0,0"};
@@ -26,8 +26,7 @@ std::unique_ptr<ChildProcess> WaylandTest::startWindow(std::optional<std::pair<i
     auto window = std::make_unique<ChildProcess>(ChildProcess::Launch{
         .arguments = arguments, .workingDirectory = home, .environment = variables});
     EXPECT_TRUE(waitForLine(*window, "ready")) << window->standardError();
-    if (at)
-        desktop.place(window->pid(), at->first, at->second, 120, 80);
+    desktop.place(window->pid(), x, y, width, height);
     return window;
 }
 

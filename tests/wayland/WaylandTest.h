@@ -5,8 +5,6 @@
 #include "support/VirtualPointer.h"
 
 #include <memory>
-#include <optional>
-#include <utility>
 
 namespace tidewell::testing {
 
@@ -22,9 +20,9 @@ protected:
 
     // What a program of the user's Wayland session has: no X server.
     std::map<std::string, std::string> sessionEnvironment() const;
-    // Another client's window offering the paths as a file drag and reporting presses and
-    // drops: floating with its top-left corner at the point, else filling the output.
-    std::unique_ptr<ChildProcess> startWindow(std::optional<std::pair<int, int>> at,
+    // Another client's window over that area of the layout, offering the paths as a file drag
+    // and reporting presses and drops.
+    std::unique_ptr<ChildProcess> startWindow(int x, int y, int width, int height,
                                               const std::vector<std::string>& paths = {});
     // Waits until the window's client has written the line.
     static bool waitForLine(const ChildProcess& client, const std::string& line);

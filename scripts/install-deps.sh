@@ -12,11 +12,11 @@ packages=(
   $(grep -v '^#' "$(dirname "$0")/../packaging/runtime-packages")
   # test, fuzz and benchmark
   libgtest-dev libgmock-dev dbus-daemon dbus-bin clang-14 libclang-rt-14-dev zoxide
-  xvfb openbox x11-utils xterm xdotool xcompmgr imagemagick
-  xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils
   # the Wayland end-to-end tests: a compositor, its screenshots, a Wayland terminal, the
   # virtual pointer client's build and Qt's Wayland platform for the test windows
   sway grim foot libwayland-dev libwayland-bin qt6-wayland
+  xvfb openbox x11-utils xterm xdotool xcompmgr imagemagick
+  xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils
 )
 
 missing=()

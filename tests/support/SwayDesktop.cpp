@@ -68,14 +68,12 @@ SwayDesktop::~SwayDesktop() {
 }
 
 void SwayDesktop::waitUntilReady() {
-    const std::string ipc = runtimeFolder_ + "/sway-ipc." + std::to_string(::getuid()) + "." +
-                            std::to_string(sway_->pid()) + ".sock";
     waitFor(
         [&] {
             for (const auto& entry : std::filesystem::directory_iterator(runtimeFolder_))
                 if (entry.is_socket() && entry.path().filename().string().starts_with("wayland-"))
                     socket_ = entry.path().filename();
-            return !socket_.empty() && std::filesystem::exists(ipc);
+            return !socket_.empty() && std::filesystem::exists(ipcSocket());
         },
         *sway_, "its sockets never appeared");
     // Ready once it answers and the background is drawn on every output.
@@ -100,8 +98,12 @@ void SwayDesktop::waitUntilReady() {
 std::map<std::string, std::string> SwayDesktop::environment() const {
     return {{"WAYLAND_DISPLAY", socket_},
             {"XDG_RUNTIME_DIR", runtimeFolder_},
-            {"SWAYSOCK", runtimeFolder_ + "/sway-ipc." + std::to_string(::getuid()) + "." +
-                             std::to_string(sway_->pid()) + ".sock"}};
+            {"SWAYSOCK", ipcSocket()}};
+}
+
+std::string SwayDesktop::ipcSocket() const {
+    return runtimeFolder_ + "/sway-ipc." + std::to_string(::getuid()) + "." +
+           std::to_string(sway_->pid()) + ".sock";
 }
 
 ProcessResult SwayDesktop::run(const std::vector<std::string>& arguments) const {

@@ -39,6 +39,8 @@ public:
 
 private:
     void waitUntilReady();
+    // Where sway takes commands.
+    std::string ipcSocket() const;
     ProcessResult run(const std::vector<std::string>& arguments) const;
 
     std::string runtimeFolder_;

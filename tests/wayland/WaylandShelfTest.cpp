@@ -63,6 +63,8 @@ protected:
         })) << "no menu appeared";
         const Screenshot menu = desktop.screenshot();
         std::set<int> first;
+        // As a hand moves: the menu follows the pointer once it has moved over it.
+        hand.moveTo(x + 149, y + 9);
         hand.moveTo(x + 150, y + 10);
         ASSERT_TRUE(waitUntil([&] {
             return !(first = changedRows(menu, desktop.screenshot(), menuTop, 60)).empty();

@@ -2,6 +2,7 @@
 
 #include "wayland/WaylandTest.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tidewell::testing {

@@ -54,8 +54,8 @@ protected:
     void chooseSecondMenuEntry(int x, int y) {
         hand.moveTo(x, y);
         hand.click(VirtualPointer::Button::right);
-        const RowSpan menuTop{y, x + 30,
-                              x + 130}; // clear of the pointer, before and while it hovers
+        // Clear of the pointer, both before and while it hovers the menu.
+        const RowSpan menuTop{y, x + 30, x + 130};
         ASSERT_TRUE(waitUntil([&] {
             const Screenshot shot = desktop.screenshot();
             return shot.pixel(x + 100, topInset + 100) != backgroundColour &&

@@ -15,7 +15,9 @@ packages=(
   libgtest-dev libgmock-dev dbus-daemon dbus-bin clang-14 libclang-rt-14-dev zoxide
   xvfb openbox x11-utils xterm xdotool xcompmgr imagemagick
   xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils
-  sway grim weston xwayland
+  # the Wayland end-to-end tests: compositors with and without layer shell, screenshots, a
+  # Wayland terminal
+  sway grim foot weston
 )
 # Qt's private Wayland client headers, which the layer-shell plugin builds against, are in
 # Debian 12's backports suite only; the rest of Qt Wayland (qt6-wayland*) must then come from

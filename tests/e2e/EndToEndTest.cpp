@@ -6,8 +6,10 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <limits>
 #include <sstream>
 #include <stdexcept>
+#include <thread>
 
 namespace tidewell::testing {
 
@@ -58,6 +60,31 @@ std::string EndToEndTest::project(const std::string& name) const {
     return root.makeFolder("projects/" + name);
 }
 
+std::string EndToEndTest::addProject(const std::string& name,
+                                     const std::vector<std::string>& options) {
+    const std::string folder = project(name);
+    std::vector<std::string> arguments = {"add", folder};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    const ProcessResult result = tide(arguments, home);
+    EXPECT_EQ(result.status, 0) << result.standardError;
+    return folder;
+}
+
+std::vector<std::string> EndToEndTest::pinnedFolders() const {
+    std::vector<NotchItem> pinned;
+    for (const NotchItem& item : storedItems())
+        if (item.isFavorite)
+            pinned.push_back(item);
+    std::ranges::stable_sort(pinned, {}, [](const NotchItem& item) {
+        return std::pair(item.sortOrder.value_or(std::numeric_limits<std::int64_t>::max()),
+                         item.createdAt);
+    });
+    std::vector<std::string> folders;
+    for (const NotchItem& item : pinned)
+        folders.push_back(item.path);
+    return folders;
+}
+
 void EndToEndTest::writeItemsFile(const std::string& bytes) const {
     std::filesystem::create_directories(dataFolder());
     std::ofstream(itemsFile(), std::ios::binary) << bytes;
@@ -74,6 +101,17 @@ std::optional<std::string> EndToEndTest::readFile(const std::string& path) {
     std::ostringstream bytes;
     bytes << file.rdbuf();
     return bytes.str();
+}
+
+bool EndToEndTest::waitUntil(const std::function<bool()>& condition,
+                             std::chrono::milliseconds timeout) {
+    const auto deadline = std::chrono::steady_clock::now() + timeout;
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > deadline)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return true;
 }
 
 std::vector<std::string> EndToEndTest::entries(const std::string& folder) {

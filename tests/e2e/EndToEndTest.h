@@ -5,6 +5,8 @@
 #include "support/PrivateSessionBus.h"
 #include "support/TemporaryDirectory.h"
 
+#include <chrono>
+#include <functional>
 #include <gtest/gtest.h>
 #include <optional>
 #include <string>
@@ -36,6 +38,10 @@ protected:
 
     // A new folder below the test's projects folder.
     std::string project(const std::string& name) const;
+    // Pins a new project folder of this name through the command line.
+    std::string addProject(const std::string& name, const std::vector<std::string>& options = {});
+    // The pinned folders as the shelf orders them: placed ones first, by their place.
+    std::vector<std::string> pinnedFolders() const;
     std::string dataFolder() const { return dataHome + "/Tidewell"; }
     std::string itemsFile() const { return dataFolder() + "/items.json"; }
     std::string itemsFileBytes() const { return readFile(itemsFile()).value_or(""); }
@@ -44,6 +50,9 @@ protected:
     std::vector<NotchItem> storedItems() const;
 
     static std::optional<std::string> readFile(const std::string& path);
+    // Polls the condition until it holds or the timeout passes; returns the condition.
+    static bool waitUntil(const std::function<bool()>& condition,
+                          std::chrono::milliseconds timeout = std::chrono::seconds(5));
     // The names in a folder, sorted.
     static std::vector<std::string> entries(const std::string& folder);
     // The text with each key replaced by its value, slashes written "\/" as the items file

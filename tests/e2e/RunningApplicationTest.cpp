@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <thread>
 
 namespace tidewell::testing {
@@ -31,31 +30,6 @@ void RunningApplicationTest::startApplication(const std::map<std::string, std::s
         [&] { return (window = inspector.findWindow("Tidewell Shelf")).has_value(); }, 15s))
         << "the panel window did not appear";
     panel = *window;
-}
-
-std::string RunningApplicationTest::addProject(const std::string& name,
-                                               const std::vector<std::string>& options) {
-    const std::string folder = project(name);
-    std::vector<std::string> arguments = {"add", folder};
-    arguments.insert(arguments.end(), options.begin(), options.end());
-    const ProcessResult result = tide(arguments, home);
-    EXPECT_EQ(result.status, 0) << result.standardError;
-    return folder;
-}
-
-std::vector<std::string> RunningApplicationTest::pinnedFolders() const {
-    std::vector<NotchItem> pinned;
-    for (const NotchItem& item : storedItems())
-        if (item.isFavorite)
-            pinned.push_back(item);
-    std::ranges::stable_sort(pinned, {}, [](const NotchItem& item) {
-        return std::pair(item.sortOrder.value_or(std::numeric_limits<std::int64_t>::max()),
-                         item.createdAt);
-    });
-    std::vector<std::string> folders;
-    for (const NotchItem& item : pinned)
-        folders.push_back(item.path);
-    return folders;
 }
 
 WindowRect RunningApplicationTest::panelGeometry(int tiles, const WindowRect& screen, int scale) {
@@ -109,17 +83,6 @@ void RunningApplicationTest::clickTile(int index, unsigned button) {
 std::pair<int, int> RunningApplicationTest::tileCentre(int index) {
     const WindowRect window = inspector.rootGeometry(panel);
     return {window.x + shadowMargin + 14 + 66 * index + 30, topInset + 8 + 31};
-}
-
-bool RunningApplicationTest::waitUntil(const std::function<bool()>& condition,
-                                       std::chrono::milliseconds timeout) {
-    const auto deadline = std::chrono::steady_clock::now() + timeout;
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > deadline)
-            return false;
-        std::this_thread::sleep_for(10ms);
-    }
-    return true;
 }
 
 } // namespace tidewell::testing

@@ -31,11 +31,6 @@ protected:
     // Starts the application, with these variables added to its environment, and waits until
     // its panel window exists; fails the test if not.
     void startApplication(const std::map<std::string, std::string>& variables = {});
-    // Pins a new project folder of this name through the command line.
-    std::string addProject(const std::string& name, const std::vector<std::string>& options = {});
-
-    // The pinned folders as the shelf orders them: placed ones first, by their place.
-    std::vector<std::string> pinnedFolders() const;
 
     // Where the panel window lies while it shows that many tiles on the screen, whose
     // device pixels are `scale` times its points.
@@ -55,10 +50,6 @@ protected:
     std::pair<int, int> tileCentre(int index);
     // Moves the pointer onto the tile and clicks it with the button.
     void clickTile(int index, unsigned button);
-
-    // Polls the condition until it holds or the timeout passes; returns the condition.
-    static bool waitUntil(const std::function<bool()>& condition,
-                          std::chrono::milliseconds timeout = std::chrono::seconds(5));
 
     std::unique_ptr<VirtualDisplay> ownDisplay;
     VirtualDisplay& display = *ownDisplay;

@@ -129,7 +129,7 @@ TEST_F(PointerDragTest, TheTargetHearsEachStopAndGetsTheProbesPathsInOrder) {
                            QUrl::fromLocalFile(QString::fromStdString(notes))}));
     EXPECT_EQ(target.droppedText.toStdString(), beta + "\n" + alpha + "\n" + notes);
     EXPECT_TRUE(pumpEventsUntil([&] {
-        return source->standardOutput() == "ready\nfinished copy\n";
+        return source->standardOutput() == "ready\npressed 60,40\nfinished copy\n";
     })) << source->standardOutput();
 }
 

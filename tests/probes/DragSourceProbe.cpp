@@ -1,15 +1,18 @@
 // Another application that drags files, for the end-to-end tests: a small orange window whose
 // contents can be dragged away as a file manager's selection would be.
 //
-//   tidewell_drag_source_probe --at X,Y PATH...
+//   tidewell_drag_source_probe --at X,Y [PATH...]
 //
-// The window (120 x 80) lies at X,Y on the screen. A press of the primary button and a move
-// past the start distance start a drag offering the paths as file URLs (text/uri-list, in the
-// given order) and as text/plain, one per line, to be copied or moved. It prints "ready" once
-// the window is shown and "finished copy", "finished move" or "finished ignore" when a drag
-// ends; it stays until it is ended.
+// The window (120 x 80) lies at X,Y on the screen where the window system lets a client place
+// its windows. A press of the primary button and a move past the start distance start a drag
+// offering the paths as file URLs (text/uri-list, in the given order) and as text/plain, one
+// per line, to be copied or moved. It prints "ready" once the window is shown, "pressed X,Y"
+// (in the window) for each press of a button, "finished copy", "finished move" or "finished
+// ignore" when a drag ends, and "dropped URL..." when files are dropped onto it; it stays
+// until it is ended.
 
 #include <QDrag>
+#include <QDropEvent>
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -57,8 +60,28 @@ protected:
     }
 
     void mousePressEvent(QMouseEvent* event) override {
-        if (event->button() == Qt::LeftButton)
+        const QPoint point = event->position().toPoint();
+        std::cout << "pressed " << point.x() << "," << point.y() << std::endl;
+        if (event->button() == Qt::LeftButton && !paths_.isEmpty())
             pressedAt_ = event->position();
+    }
+
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove) {
+            auto* drag = static_cast<QDragMoveEvent*>(event);
+            drag->setAccepted(drag->mimeData()->hasUrls());
+            return true;
+        }
+        if (event->type() == QEvent::Drop) {
+            auto* drop = static_cast<QDropEvent*>(event);
+            std::cout << "dropped";
+            for (const QUrl& url : drop->mimeData()->urls())
+                std::cout << ' ' << url.toString().toStdString();
+            std::cout << std::endl;
+            drop->acceptProposedAction();
+            return true;
+        }
+        return QRasterWindow::event(event);
     }
 
     void mouseReleaseEvent(QMouseEvent*) override { pressedAt_.reset(); }
@@ -110,9 +133,9 @@ int main(int argc, char** argv) {
     QGuiApplication application(argc, argv);
     const QStringList arguments = application.arguments();
     const std::optional<QPoint> origin =
-        arguments.size() > 3 && arguments[1] == "--at" ? parsePoint(arguments[2]) : std::nullopt;
+        arguments.size() > 2 && arguments[1] == "--at" ? parsePoint(arguments[2]) : std::nullopt;
     if (!origin) {
-        std::cerr << "usage: tidewell_drag_source_probe --at X,Y PATH...\n";
+        std::cerr << "usage: tidewell_drag_source_probe --at X,Y [PATH...]\n";
         return 2;
     }
     DragSourceWindow window(arguments.mid(3));

@@ -1,5 +1,6 @@
 #include "support/ChildProcess.h"
 
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
@@ -8,6 +9,7 @@
 #include <spawn.h>
 #include <stdexcept>
 #include <sys/mman.h>
+#include <sys/socket.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 
@@ -43,10 +45,14 @@ std::vector<char*> pointersTo(std::vector<std::string>& strings) {
     return pointers;
 }
 
-pid_t spawn(const ChildProcess::Launch& launch, int output, int errors) {
+// The program's standard input: its end of the input channel, else /dev/null.
+pid_t spawn(const ChildProcess::Launch& launch, int input, int output, int errors) {
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    if (input >= 0)
+        posix_spawn_file_actions_adddup2(&actions, input, STDIN_FILENO);
+    else
+        posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
     posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
     posix_spawn_file_actions_adddup2(&actions, errors, STDERR_FILENO);
     if (!launch.workingDirectory.empty())
@@ -59,6 +65,8 @@ pid_t spawn(const ChildProcess::Launch& launch, int output, int errors) {
     const int error = posix_spawnp(&pid, arguments.at(0).c_str(), &actions, nullptr,
                                    pointersTo(arguments).data(), pointersTo(environment).data());
     posix_spawn_file_actions_destroy(&actions);
+    if (input >= 0)
+        ::close(input); // the program's own now
     if (error != 0)
         fail("Cannot start " + arguments.front(), error);
     return pid;
@@ -76,11 +84,34 @@ int pidfdOf(pid_t pid) {
     return descriptor;
 }
 
+// A channel to the program's standard input, or none: a socket, so that writing to a program
+// that has ended fails instead of raising SIGPIPE.
+std::array<int, 2> inputChannel(bool isWanted) {
+    std::array<int, 2> ends = {-1, -1};
+    if (isWanted && ::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0)
+        fail("socketpair", errno);
+    return ends;
+}
+
 } // namespace
 
 ChildProcess::ChildProcess(const Launch& launch)
-    : output_(memoryFile("stdout")), errors_(memoryFile("stderr")),
-      pid_(spawn(launch, output_.get(), errors_.get())), exit_(pidfdOf(pid_)) {}
+    : ChildProcess(launch, inputChannel(launch.takesInput)) {}
+
+ChildProcess::ChildProcess(const Launch& launch, std::array<int, 2> input)
+    : output_(memoryFile("stdout")), errors_(memoryFile("stderr")), input_(input[1]),
+      pid_(spawn(launch, input[0], output_.get(), errors_.get())), exit_(pidfdOf(pid_)) {}
+
+void ChildProcess::writeInput(const std::string& text) {
+    std::size_t written = 0;
+    while (written < text.size()) {
+        const ssize_t done =
+            ::send(input_.get(), text.data() + written, text.size() - written, MSG_NOSIGNAL);
+        if (done < 0 && errno != EINTR)
+            fail("Cannot write to " + std::to_string(pid_), errno);
+        written += done > 0 ? static_cast<std::size_t>(done) : 0;
+    }
+}
 
 ChildProcess::~ChildProcess() {
     if (!isReaped_) {

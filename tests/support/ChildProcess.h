@@ -2,6 +2,7 @@
 
 #include "linux/FileDescriptor.h"
 
+#include <array>
 #include <chrono>
 #include <map>
 #include <string>
@@ -19,8 +20,9 @@ struct ProcessResult {
 };
 
 // A program run as a process of its own, with exactly the given arguments, working folder and
-// environment. Its standard input reads /dev/null; its output and errors go to files in
-// memory, so nothing it writes can block it. A process still running at the end is killed.
+// environment. Its standard input reads /dev/null, or what the test writes to it; its output
+// and errors go to files in memory, so nothing it writes can block it. A process still
+// running at the end is killed.
 class ChildProcess {
 public:
     struct Launch {
@@ -29,6 +31,8 @@ public:
         std::string workingDirectory;
         // The whole environment of the program; nothing is inherited.
         std::map<std::string, std::string> environment;
+        // Standard input reads what `writeInput` writes.
+        bool takesInput = false;
     };
 
     explicit ChildProcess(const Launch& launch);
@@ -43,14 +47,18 @@ public:
     // What the program has written so far.
     std::string standardOutput() const;
     std::string standardError() const;
+    // Writes the text to the program's standard input, which must have been asked for.
+    void writeInput(const std::string& text);
     // Waits until the program ends, killing it once the timeout has passed.
     ProcessResult wait(std::chrono::milliseconds timeout = std::chrono::seconds(10));
 
 private:
+    ChildProcess(const Launch& launch, std::array<int, 2> input);
     int reap();
 
     FileDescriptor output_;
     FileDescriptor errors_;
+    FileDescriptor input_; // writes to the program's standard input; -1 without
     pid_t pid_;
     FileDescriptor exit_; // a pidfd: readable once the process has ended
     bool isReaped_ = false;

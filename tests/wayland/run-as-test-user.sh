@@ -21,8 +21,8 @@ if ! reachable "$1"; then
     chmod o+x "$folder"
   done
 fi
-if ! reachable "$1"; then -u "$user" -- test -x "$1" -a -r "$build" -a -x "$build"; then
-  echo "$(basename "$0"): the user $user cannot read $build; let every user read and enter it and the folders above it" >&2
+if ! reachable "$1"; then
+  echo "$(basename "$0"): the user $user cannot read $build; let every user read and enter it" >&2
   exit 1
 fi
 exec runuser -u "$user" -- env -i PATH="$PATH" TIDEWELL_BUILD_DIR="$build" "$@"

@@ -1,6 +1,7 @@
 #include "gui/windowsystem/wayland/WaylandPointer.h"
 
 #include "gui/windowsystem/wayland/WaylandDragPasteboard.h"
+#include "support/FakeDisplays.h"
 
 #include <QCoreApplication>
 #include <QDropEvent>
@@ -117,7 +118,9 @@ TEST(WaylandPointer, FollowsThePointerAndDragsOverItsSurfacesAndRestsOffThemOnce
          }) {
         QWindow window;
         window.resize(200, 60);
-        WaylandPointer pointer;
+        testing::FakeDisplays displays;
+        displays.displays = {Display{.frame = {{0, 0}, {1920, 1080}}}};
+        WaylandPointer pointer(displays);
         WaylandDragPasteboard pasteboard;
         pointer.watch(window);
         pasteboard.watch(window);

@@ -1,11 +1,11 @@
 #include "gui/windowsystem/wayland/WaylandPointer.h"
 
+#include "core/platform/Display.h"
 #include "gui/windowsystem/QtScreens.h"
 #include "gui/windowsystem/ScreenCoordinates.h"
 
 #include <QDropEvent>
 #include <QEnterEvent>
-#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QScreen>
 #include <QWindow>
@@ -25,13 +25,14 @@ QPointF globalPosition(const QWindow& window, QPointF local) {
 
 } // namespace
 
+WaylandPointer::WaylandPointer(const Displays& displays)
+    : displays_(displays), crossings_(displays) {}
+
 Point WaylandPointer::location() const {
-    if (location_)
-        return *location_;
-    const QScreen* screen = lastScreen_ ? lastScreen_.data() : QGuiApplication::primaryScreen();
-    if (!screen)
-        return {};
-    return coreRect(screen->geometry(), primaryScreenGeometry()).origin;
+    if (const std::optional<Point> location = crossings_.location())
+        return *location;
+    const std::vector<Display> displays = displays_.all();
+    return displays.empty() ? Point{} : displays.front().frame.origin;
 }
 
 unsigned WaylandPointer::pressedButtons() const {
@@ -67,7 +68,7 @@ bool WaylandPointer::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::Leave:
     case QEvent::DragLeave:
         isDragOver_ = false;
-        left();
+        crossings_.left();
         break;
     default:
         break;
@@ -76,21 +77,8 @@ bool WaylandPointer::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void WaylandPointer::seen(const QWindow& window, QPointF local) {
-    if (!window.screen())
-        return;
-    lastScreen_ = window.screen();
-    location_ = corePoint(globalPosition(window, local), primaryScreenGeometry());
-    report();
-}
-
-void WaylandPointer::left() {
-    location_.reset();
-    report();
-}
-
-void WaylandPointer::report() const {
-    if (handler_)
-        handler_(location());
+    if (window.screen())
+        crossings_.moved(corePoint(globalPosition(window, local), primaryScreenGeometry()));
 }
 
 } // namespace tidewell

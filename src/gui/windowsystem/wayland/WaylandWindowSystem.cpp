@@ -3,7 +3,8 @@
 namespace tidewell {
 
 WaylandWindowSystem::WaylandWindowSystem(NotificationCenter& localCenter)
-    : screens_(localCenter), triggers_([this](QWindow& window) { watch(window); }) {
+    : screens_(localCenter), pointer_(screens_),
+      triggers_([this](QWindow& window) { watch(window); }) {
     watch(window_.view());
 }
 

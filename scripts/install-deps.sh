@@ -17,7 +17,7 @@ packages=(
   xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils
   # the Wayland end-to-end tests: compositors with and without layer shell, screenshots, a
   # Wayland terminal
-  sway grim foot weston
+  sway swaybg grim foot weston
 )
 # Qt's private Wayland client headers, which the layer-shell plugin builds against, are in
 # Debian 12's backports suite only; the rest of Qt Wayland (qt6-wayland*) must then come from

@@ -4,6 +4,7 @@
 # the wheel, and the settings window on light and dark desktops with three projects. Runs
 # the built program on a virtual display of its own with a home folder of its own; writes
 # docs/shelf-<appearance>-<scheme>-<count>[-scrolled].png and docs/settings-<scheme>.png.
+# Then the open shelf under sway: docs/shelf-wayland-sway.png (see screenshot-sway.sh).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 build=${BUILD:-build}
@@ -149,3 +150,12 @@ shoot warmGlass light 40 scrolled
 for scheme in light dark; do
   shoot_settings "$scheme"
 done
+
+# A home that sway's user, unprivileged when this runs as root, may enter and write.
+home="$work/home-wayland"
+make_home "$home" notchBlack light 5
+chmod -R a+rwX "$work"
+TIDEWELL_BUILD_DIR=$(realpath "$build") tests/wayland/run-as-test-user.sh \
+  "$PWD/scripts/screenshot-sway.sh" "$home" >"$work/sway.png"
+mv "$work/sway.png" "$out/shelf-wayland-sway.png"
+echo "$out/shelf-wayland-sway.png"

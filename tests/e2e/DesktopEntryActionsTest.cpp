@@ -1,10 +1,11 @@
 #include "e2e/RunningApplicationTest.h"
 #include "support/ScopedEnvironment.h"
 
+#include <cstdlib>
 #include <filesystem>
 #include <gio/gdesktopappinfo.h>
 #include <memory>
-#include <sys/wait.h>
+#include <unistd.h>
 
 namespace tidewell::testing {
 namespace {
@@ -56,6 +57,7 @@ TEST_F(DesktopEntryActionsTest, TheEntryOffersEveryStatusMenuActionThatNeedsNoWi
 // The data folder is made first, as the menu makes it, and then opened with the desktop's
 // folder handler.
 TEST_F(DesktopEntryActionsTest, RevealDataMakesTheDataFolderAndOpensIt) {
+    ASSERT_FALSE(std::filesystem::exists(dataFolder()));
     const ChildProcess::Launch reveal = {.arguments = command("reveal-data"),
                                          .workingDirectory = home,
                                          .environment = applicationEnvironment()};

@@ -20,11 +20,17 @@ std::map<std::string, std::string> RunningApplicationTest::applicationEnvironmen
     return variables;
 }
 
-void RunningApplicationTest::startApplication(const std::map<std::string, std::string>& variables) {
+void RunningApplicationTest::startApplication(const std::map<std::string, std::string>& variables,
+                                              const std::vector<std::string>& launcher) {
     auto environment = applicationEnvironment();
     environment.insert(variables.begin(), variables.end());
-    application = std::make_unique<ChildProcess>(ChildProcess::Launch{
-        .arguments = {tidewellPath()}, .workingDirectory = home, .environment = environment});
+    std::vector<std::string> arguments = launcher;
+    arguments.push_back(tidewellPath());
+    application =
+        std::make_unique<ChildProcess>(ChildProcess::Launch{.arguments = arguments,
+                                                            .workingDirectory = home,
+                                                            .environment = environment,
+                                                            .takesInput = !launcher.empty()});
     std::optional<unsigned long> window;
     ASSERT_TRUE(waitUntil(
         [&] { return (window = inspector.findWindow("Tidewell Shelf")).has_value(); }, 15s))

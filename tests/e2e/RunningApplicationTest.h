@@ -29,8 +29,10 @@ protected:
 
     std::map<std::string, std::string> applicationEnvironment() const;
     // Starts the application, with these variables added to its environment, and waits until
-    // its panel window exists; fails the test if not.
-    void startApplication(const std::map<std::string, std::string>& variables = {});
+    // its panel window exists; fails the test if not. A launcher given runs the program, which
+    // it takes as its last argument, and reads what the test writes to its input.
+    void startApplication(const std::map<std::string, std::string>& variables = {},
+                          const std::vector<std::string>& launcher = {});
 
     // Where the panel window lies while it shows that many tiles on the screen, whose
     // device pixels are `scale` times its points.

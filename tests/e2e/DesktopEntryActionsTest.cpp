@@ -1,0 +1,104 @@
+#include "e2e/RunningApplicationTest.h"
+#include "support/ScopedEnvironment.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <gio/gdesktopappinfo.h>
+#include <memory>
+#include <unistd.h>
+
+namespace tidewell::testing {
+namespace {
+
+using namespace std::chrono_literals;
+
+// The desktop entry's actions, read as a launcher reads them: the entry through GIO, each
+// command through GLib's unescaping and quoting rules.
+class DesktopEntryActionsTest : public RunningApplicationTest {
+protected:
+    // The programs are found as if installed (GIO takes an entry only then).
+    DesktopEntryActionsTest() { installed.set("PATH", buildFolder() + ":" + std::getenv("PATH")); }
+
+    static std::vector<std::string> command(const std::string& action) {
+        const std::unique_ptr<GKeyFile, void (*)(GKeyFile*)> entry(g_key_file_new(),
+                                                                   g_key_file_free);
+        EXPECT_TRUE(g_key_file_load_from_file(entry.get(), TIDEWELL_DESKTOP_ENTRY, G_KEY_FILE_NONE,
+                                              nullptr));
+        const std::unique_ptr<char, void (*)(void*)> line(
+            g_key_file_get_string(entry.get(), ("Desktop Action " + action).c_str(), "Exec",
+                                  nullptr),
+            g_free);
+        char** words = nullptr;
+        if (!line || !g_shell_parse_argv(line.get(), nullptr, &words, nullptr))
+            return {};
+        std::vector<std::string> arguments(words, words + g_strv_length(words));
+        g_strfreev(words);
+        return arguments;
+    }
+
+    ScopedEnvironment installed;
+};
+
+TEST_F(DesktopEntryActionsTest, TheEntryOffersEveryStatusMenuActionThatNeedsNoWindow) {
+    const std::unique_ptr<GDesktopAppInfo, void (*)(void*)> entry(
+        g_desktop_app_info_new_from_filename(TIDEWELL_DESKTOP_ENTRY), g_object_unref);
+    ASSERT_TRUE(entry);
+    std::vector<std::pair<std::string, std::string>> actions;
+    for (const char* const* id = g_desktop_app_info_list_actions(entry.get()); *id; ++id) {
+        char* name = g_desktop_app_info_get_action_name(entry.get(), *id);
+        actions.emplace_back(*id, name);
+        g_free(name);
+    }
+    const std::vector<std::pair<std::string, std::string>> expected = {
+        {"show-shelf", "Show shelf"}, {"reveal-data", "Reveal data"}, {"quit", "Quit Tidewell"}};
+    EXPECT_EQ(actions, expected);
+}
+
+// The data folder is made first, as the menu makes it, and then opened with the desktop's
+// folder handler.
+TEST_F(DesktopEntryActionsTest, RevealDataMakesTheDataFolderAndOpensIt) {
+    ASSERT_FALSE(std::filesystem::exists(dataFolder()));
+    const ChildProcess::Launch reveal = {.arguments = command("reveal-data"),
+                                         .workingDirectory = home,
+                                         .environment = applicationEnvironment()};
+    expectResult(ChildProcess::run(reveal), "", "", 0);
+    const auto opened = handlers.waitForLaunch(TestHandlers::folderHandlerId);
+    ASSERT_TRUE(opened) << "the folder handler was not started";
+    EXPECT_TRUE(opened->arguments.back() == dataFolder() ||
+                opened->arguments.back() == "file://" + dataFolder())
+        << opened->arguments.back();
+    EXPECT_TRUE(std::filesystem::is_directory(dataFolder()));
+}
+
+// Run in a process namespace of its own, the quit action can reach no other application of
+// this user, such as one of another test run; it ends the application as the menu's quit does.
+TEST_F(DesktopEntryActionsTest, ShowShelfShowsItAndQuitEndsTheApplicationAsTheMenuDoes) {
+    std::vector<std::string> namespaced = {"unshare", "--pid", "--fork", "--mount-proc"};
+    if (::geteuid() != 0)
+        namespaced.insert(namespaced.begin() + 1, "--map-root-user");
+    ChildProcess::Launch probe = launch("true", {}, home);
+    probe.arguments.insert(probe.arguments.begin(), namespaced.begin(), namespaced.end());
+    if (ChildProcess::run(probe).status != 0)
+        GTEST_SKIP() << "this machine allows no process namespace";
+    // The program comes last; the action runs once the test writes a line.
+    const std::vector<std::string> quit = command("quit");
+    ASSERT_FALSE(quit.empty());
+    namespaced.insert(
+        namespaced.end(),
+        {"bash", "-c", R"(app=${!#}; "$app" & read -r _; "${@:1:$#-1}"; wait $!)", "bash"});
+    namespaced.insert(namespaced.end(), quit.begin(), quit.end());
+    startApplication({}, namespaced);
+
+    expectResult(ChildProcess::run({.arguments = command("show-shelf"),
+                                    .workingDirectory = home,
+                                    .environment = applicationEnvironment()}),
+                 "", "", 0);
+    EXPECT_TRUE(waitUntil([&] { return isShelfShown(); }));
+    application->writeInput("\n");
+    const ProcessResult ended = application->wait(10s);
+    EXPECT_FALSE(ended.timedOut);
+    EXPECT_EQ(ended.status, 0) << ended.standardError;
+}
+
+} // namespace
+} // namespace tidewell::testing

@@ -20,14 +20,21 @@ packages=(
   sway swaybg grim foot weston
 )
 # Qt's private Wayland client headers, which the layer-shell plugin builds against, are in
-# Debian 12's backports suite only; the rest of Qt Wayland (qt6-wayland*) must then come from
-# there too.
-backports=(qt6-wayland-dev qt6-wayland-private-dev qt6-wayland-dev-tools)
+# Debian 12's backports suite only, and pin the rest of Qt Wayland to the same version: the
+# whole set comes from there, named one by one so that nothing else does.
+backports=(qt6-wayland qt6-wayland-dev qt6-wayland-private-dev qt6-wayland-dev-tools
+  libqt6waylandclient6 libqt6waylandcompositor6 libqt6waylandeglclienthwintegration6
+  libqt6waylandeglcompositorhwintegration6 libqt6wlshellintegration6)
 
+installed() {
+  [[ $(dpkg-query -W -f='${Status}' "$1" 2>/dev/null || true) == "install ok installed" ]]
+}
 missing=()
-for package in "${packages[@]}" "${backports[@]}"; do
-  status=$(dpkg-query -W -f='${Status}' "$package" 2>/dev/null || true)
-  [[ $status == "install ok installed" ]] || missing+=("$package")
+for package in "${packages[@]}"; do
+  [[ " ${backports[*]} " == *" $package "* ]] || installed "$package" || missing+=("$package")
+done
+for package in "${backports[@]}"; do
+  installed "$package" || { missing+=("${backports[@]/%//bookworm-backports}"); break; }
 done
 [[ ${#missing[@]} -eq 0 ]] && exit 0
 
@@ -54,7 +61,4 @@ echo "Installing: ${missing[*]}"
 export DEBIAN_FRONTEND=noninteractive
 enable_backports
 "${sudo[@]}" apt-get update -qq
-for i in "${!missing[@]}"; do
-  [[ ${missing[i]} == qt6-wayland* ]] && missing[i]+=/bookworm-backports
-done
 "${sudo[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}"

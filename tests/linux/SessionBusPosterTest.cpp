@@ -52,6 +52,9 @@ TEST(SessionBusPoster, UsesTheRuntimeFolderBusAndGivesUpQuietlyWhenItHangsUp) {
 
     environment.set("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + runtime.path() + "/missing");
     SessionBusPoster().post("Tidewell.itemsChanged"); // nothing to connect to: no effect
+    environment.unset("DBUS_SESSION_BUS_ADDRESS");
+    environment.unset("XDG_RUNTIME_DIR");
+    SessionBusPoster().post("Tidewell.itemsChanged"); // no bus anywhere: no effect
 }
 
 } // namespace

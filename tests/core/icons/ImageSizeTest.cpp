@@ -198,6 +198,7 @@ std::vector<Sample> samples() {
         {"svg viewBox with commas", R"(<svg viewBox="-5,-5, 30,10"/>)", {{30, 10}}},
         {"svg percent", R"(<svg width="100%" height="100%" viewBox="0 0 64 32"/>)", {{64, 32}}},
         {"svg width only", R"(<svg width="128" viewBox="0 0 64 32"/>)", {{128, 64}}},
+        {"svg infinite width", R"(<svg width="inf" viewBox="0 0 64 32"/>)", {{64, 32}}},
         {"svg after prolog, comment and doctype",
          "\xEF\xBB\xBF<?xml version=\"1.0\"?>\n<!-- <svg width=\"1\" height=\"9\"> -->\n"
          "<!DOCTYPE svg PUBLIC \"-//W3C//DTD SVG 1.1//EN\" [ <!ENTITY a \"b\"> ]>\n"

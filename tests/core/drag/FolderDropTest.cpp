@@ -39,6 +39,14 @@ TEST_F(FolderDropTest, FoldersOfTheUriListAreAddedAtOnceInDragOrder) {
     EXPECT_FALSE(ShelfGapDrop(context()).performDrop(folderAt(30), {}));
     EXPECT_EQ(favoriteNames(), (Names{"A", "X", "Y", "B", "C"}));
     expectGapClosed();
+
+    // Only drags that offer file locations, as a list or as text, are taken.
+    for (const auto& [format, taken] :
+         std::vector<std::pair<std::string, bool>>{{"text/uri-list", true},
+                                                   {"text/plain", true},
+                                                   {"text/plain;charset=utf-8", true},
+                                                   {"image/png", false}})
+        EXPECT_EQ(ShelfGapDrop(context()).validateDrop({{30, 30}, {format}}), taken) << format;
 }
 
 TEST_F(FolderDropTest, DecodedFoldersKeepDragOrderWhateverOrderDecodingFinishesIn) {

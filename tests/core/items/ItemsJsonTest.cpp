@@ -142,6 +142,8 @@ TEST(ItemsJson, AnyBadRecordOrDocumentFailsTheWholeDecode) {
         recordWith("isFavorite", "truex"),
         recordWith("colour", "1."),
         "42",
+        "{",
+        R"({"id"})",
     };
     for (const std::string& record : spoiledRecords)
         EXPECT_FALSE(ItemsJson::decode("[" + validRecord + "," + record + "]")) << record;

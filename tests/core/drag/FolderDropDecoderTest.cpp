@@ -32,12 +32,15 @@ protected:
     const std::string folder = root.makeFolder("my project");
     const std::string other = root.makeFolder("other");
     const std::string escaped = root.path() + "/my%20project";
+    const std::string odd = root.makeFolder("a?\u00e9");
 };
 
 TEST_F(FolderDropDecoderTest, UriListFileUrlsNamingFoldersFormThePasteboard) {
     const std::vector<std::string> lines = {
         "# dragged from the file manager",
         "file://" + escaped,
+        "file://" + root.path() + "/a%3f%C3%A9",
+        "file://" + root.path() + "/a%3F%c3%a9",
         "file://localhost" + root.path() + "/./other/",
         "file://LOCALHOST" + other + "\n", // a bare LF ends a line too
         "file://example.org" + other,
@@ -51,7 +54,7 @@ TEST_F(FolderDropDecoderTest, UriListFileUrlsNamingFoldersFormThePasteboard) {
     for (const std::string& line : lines)
         uriList += line + "\r\n";
     EXPECT_EQ(FolderDropDecoder::directoryPathsFromDragPasteboard({.uriList = uriList}, files),
-              (Paths{folder, other, other, folder}));
+              (Paths{folder, odd, odd, other, other, folder}));
 }
 
 TEST_F(FolderDropDecoderTest, DataIsTrimmedOfNulsThenBlanksButStringsAreTakenAsTheyAre) {

@@ -26,6 +26,7 @@ TEST(Color, ReadsTheLeadingNumberOfTheText) {
         {"\u2192 5E7CE2 \u2190", blue}, // arrows are trimmed
         {"\xff#5E7CE2", blue},          // a stray byte is no letter
         {"#ABC", bytes(0x00, 0x0A, 0xBC)},
+        {"#abc", bytes(0x00, 0x0A, 0xBC)},
         {"#FF5E7CE2", blue},
         // Seventeen significant digits overflow 64 bits, which saturates to all ones.
         {"#10000000000000000", white},

@@ -7,6 +7,8 @@ using tidewell::NotchItem;
 TEST(NotchItem, InitialsAreTheFirstLettersOfTwoWordsOrTheStartOfOne) {
     const std::pair<std::string, std::string> cases[] = {
         {"myProject", "MP"},
+        {"jazzFest", "JF"},
+        {"caf\u00e9Bar", "CA"},
         {"iOS", "IO"},
         {"  spaced_out  ", "SO"},
         {"Studio", "ST"},

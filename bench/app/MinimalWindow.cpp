@@ -1,6 +1,6 @@
 // The yardstick for the application benchmark: the least a Qt Quick program needs to show a
-// black bar at the top centre of the screen when the pointer gets there, with the same
-// pointer monitor as the application.
+// black bar of twenty named tiles at the top centre of the screen when the pointer gets
+// there, with the same pointer monitor as the application.
 #include "gui/windowsystem/x11/PointerEventMonitor.h"
 
 #include <QGuiApplication>
@@ -15,7 +15,7 @@ int main(int argc, char** argv) {
     view.setColor(Qt::transparent);
     view.setSource(QUrl("qrc:/bench/MinimalBar.qml"));
     const QRect screen = application.primaryScreen()->geometry();
-    view.setGeometry(screen.center().x() - 100, 0, 200, 32);
+    view.setGeometry(screen.center().x() - 500, 0, 1000, 72);
     tidewell::PointerEventMonitor monitor([&](double x, double y, unsigned) {
         const bool atTop = y < 32 && std::abs(x - screen.center().x()) < 100;
         if (atTop && !view.isVisible())

@@ -48,20 +48,33 @@ protected:
             [&] { return (window.geometry().center() - centre).manhattanLength() <= 2; });
     }
 
-    SettingsWindowController controller{{.store = store,
-                                         .appearance = settings,
-                                         .launchAtLogin = launchAtLogin,
-                                         .defaults = defaults,
-                                         .localCenter = localCenter,
-                                         .folders = folders,
-                                         .images = images,
-                                         .files = files,
-                                         .iconCache = iconCache,
-                                         .terminal = terminal,
-                                         .codex = codex,
-                                         .canHideFromScreenCapture = false}};
+    SettingsWindowController::Services services() {
+        return {.store = store,
+                .appearance = settings,
+                .launchAtLogin = launchAtLogin,
+                .defaults = defaults,
+                .localCenter = localCenter,
+                .folders = folders,
+                .images = images,
+                .files = files,
+                .iconCache = iconCache,
+                .terminal = terminal,
+                .codex = codex,
+                .canHideFromScreenCapture = false};
+    }
+
+    SettingsWindowController controller{services()};
     QQuickView& window = controller.window();
 };
+
+// Few sessions open the settings: until then they cost no window, engine or models.
+TEST_F(SettingsWindowControllerTest, MakesItsWindowOnFirstUse) {
+    const qsizetype windows = QGuiApplication::allWindows().size();
+    SettingsWindowController unused(services());
+    EXPECT_EQ(QGuiApplication::allWindows().size(), windows);
+    unused.window();
+    EXPECT_EQ(QGuiApplication::allWindows().size(), windows + 1);
+}
 
 TEST_F(SettingsWindowControllerTest, ShowsOneWindowCentredOnThePointersScreenWithoutWarnings) {
     pin("alpha");

@@ -87,13 +87,12 @@ struct SettingsWindowController::Parts {
     QQuickView window;
 };
 
-SettingsWindowController::SettingsWindowController(Services services)
-    : parts_(std::make_unique<Parts>(services)) {}
+SettingsWindowController::SettingsWindowController(Services services) : services_(services) {}
 
 SettingsWindowController::~SettingsWindowController() = default;
 
 void SettingsWindowController::show() {
-    QQuickView& window = parts_->window;
+    QQuickView& window = this->window();
     if (window.source().isEmpty())
         parts_->loadContents();
     parts_->view.refreshCaptions();
@@ -110,6 +109,8 @@ void SettingsWindowController::show() {
 }
 
 QQuickView& SettingsWindowController::window() {
+    if (!parts_)
+        parts_ = std::make_unique<Parts>(services_);
     return parts_->window;
 }
 

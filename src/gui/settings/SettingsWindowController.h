@@ -20,7 +20,8 @@ class LaunchAgentManager;
 class NotificationCenter;
 class TerminalLauncher;
 
-// The settings window: made once with the application, its contents on first showing.
+// The settings window: made on first use (few users open it in a session; its window,
+// engine and models are not kept before), its contents on first showing.
 // Closing it only hides it; showing it again brings back the same window. Escape and
 // Ctrl+W close it, Ctrl+N adds a folder.
 class SettingsWindowController : public SettingsWindow {
@@ -49,10 +50,12 @@ public:
     // Centred on the screen under the pointer (where it is when the pointer is on none),
     // in front and active.
     void show() override;
+    // Made if it was not yet.
     QQuickView& window();
 
 private:
     struct Parts;
+    const Services services_;
     std::unique_ptr<Parts> parts_;
 };
 

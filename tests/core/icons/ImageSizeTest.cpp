@@ -146,6 +146,9 @@ std::vector<Sample> samples() {
     cursor[2] = 2;
     std::string icoDataInsideDirectory = ico({{32, 32}});
     icoDataInsideDirectory[6 + 12] = 5;
+    // Bit count 0, as entries holding PNG data have.
+    std::string icoPngEntry = ico({{48, 48}});
+    icoPngEntry.replace(6 + 6, 2, littleEndian(0, 2));
     std::string icnsZeroLength = icns({"ic08", "ic10"});
     icnsZeroLength.replace(8 + 4, 4, bigEndian(0, 4));
     std::string tiffDirectoryOutside = tiff(false, 10, 10, 3);
@@ -179,6 +182,7 @@ std::vector<Sample> samples() {
         {"riff but no webp", "RIFF" + littleEndian(4, 4) + "WAVEfmt "},
         {"ico: the largest entry, 0 meaning 256", ico({{16, 16}, {0, 0}, {32, 32}}), {{256, 256}}},
         {"ico without entries", ico({})},
+        {"ico entry of bit count 0", icoPngEntry, {{48, 48}}},
         {"cursor", cursor},
         {"ico data inside the directory", icoDataInsideDirectory},
         {"icns: the largest known type", icns({"is32", "s8mk", "ic10", "ic07"}), {{1024, 1024}}},
@@ -186,8 +190,11 @@ std::vector<Sample> samples() {
         {"icns cut short: what the bytes reach", icns({"ic11", "ic09"}).substr(0, 24), {{32, 32}}},
         {"icns table of contents", icnsWithTableOfContents({"ic12", "ic13", "ic14"}), {{512, 512}}},
         {"icns zero-length element", icnsZeroLength},
+        {"icns, 16-point type", icns({"ic04"}), {{16, 16}}},
+        {"icns, 32-point PNG type", icns({"icp5"}), {{32, 32}}},
         {"tiff, little-endian short", tiff(true, 100, 60, 3), {{100, 60}}},
         {"tiff, big-endian long", tiff(false, 5, 70000, 4), {{5, 70000}}},
+        {"tiff, big-endian short", tiff(false, 100, 60, 3), {{100, 60}}},
         {"tiff, ASCII is no size", tiff(true, 100, 60, 2)},
         {"tiff directory outside the file", tiffDirectoryOutside},
         {"tiff directory at the end", tiffDirectoryAtTheEnd, {{100, 60}}},

@@ -51,6 +51,8 @@ TEST_F(PosixFileSystemTest, AWriteReplacesTheFileWholeOrNotAtAllAndLeavesNothing
     files.writeFileAtomically(file, "new contents");
     EXPECT_EQ(files.readFile(file), "new contents");
     EXPECT_EQ(files.readAt(file, 4, 5), "conte");
+    EXPECT_EQ(files.fileVersion(file)->size, 12);
+    EXPECT_EQ(files.fileVersion(root.path() + "/data/none"), std::nullopt);
     EXPECT_EQ(fs::directory_iterator(root.path() + "/data")->path(), file);
     EXPECT_EQ(std::distance(fs::directory_iterator(root.path() + "/data"), {}), 1);
     try {

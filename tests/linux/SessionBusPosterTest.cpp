@@ -1,15 +1,12 @@
 #include "linux/SessionBusPoster.h"
 
-#include "support/ScopedEnvironment.h"
+#include "support/PrivateSessionBus.h"
+#include "support/ServeBus.h"
 #include "support/TemporaryDirectory.h"
 
+#include <filesystem>
 #include <gtest/gtest.h>
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <thread>
-#include <unistd.h>
 
-// What the posts look like on a real bus is checked end to end, with a listener of its own.
 namespace tidewell::testing {
 namespace {
 
@@ -22,39 +19,40 @@ TEST(SessionBusPoster, FindsTheSocketInAnyAddressForm) {
     EXPECT_EQ(SessionBusPoster::socketPath(""), "");
 }
 
-// Without an address the bus is the runtime folder's. Here a socket there takes one
-// connection, keeps what the client sent first and hangs up without answering, as a bus
-// that goes away would.
-TEST(SessionBusPoster, UsesTheRuntimeFolderBusAndGivesUpQuietlyWhenItHangsUp) {
-    TemporaryDirectory runtime;
-    const int server = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_un address{.sun_family = AF_UNIX};
-    const std::string path = runtime.path() + "/bus";
-    std::copy(path.begin(), path.end(), address.sun_path);
-    ASSERT_EQ(::bind(server, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-    ASSERT_EQ(::listen(server, 1), 0);
-    std::string firstBytes;
-    std::thread peer([&] {
-        const int client = ::accept(server, nullptr, nullptr);
-        char bytes[64];
-        const ssize_t got = ::recv(client, bytes, sizeof bytes, 0);
-        firstBytes.assign(bytes, got > 0 ? static_cast<std::size_t>(got) : 0);
-        ::close(client);
-    });
-
+// Posts go through a real daemon, by its address and, without one, by the runtime folder's
+// "bus" socket; a bus that is not there is not looked for elsewhere.
+TEST(SessionBusPoster, PostsReachTheBusByItsAddressOrTheRuntimeFolder) {
+    PrivateSessionBus bus;
+    SdBusNotificationCenter receiver;
+    int changes = 0;
+    bool shown = false;
+    receiver.addObserver("Tidewell.itemsChanged", [&] { ++changes; });
+    receiver.addObserver("Tidewell.showShelf", [&] { shown = true; });
     ScopedEnvironment environment;
+
+    SessionBusPoster().post("Tidewell.itemsChanged");
+    ASSERT_TRUE(serveUntil(receiver, [&] { return changes == 1; }));
+
+    TemporaryDirectory runtime;
+    std::filesystem::create_symlink(SessionBusPoster::socketPath(bus.address()),
+                                    runtime.path() + "/bus");
     environment.unset("DBUS_SESSION_BUS_ADDRESS");
     environment.set("XDG_RUNTIME_DIR", runtime.path());
     SessionBusPoster().post("Tidewell.itemsChanged");
-    peer.join();
-    ::close(server);
-    EXPECT_TRUE(firstBytes.starts_with(std::string(1, '\0') + "AUTH EXTERNAL ")) << firstBytes;
+    ASSERT_TRUE(serveUntil(receiver, [&] { return changes == 2; }));
 
     environment.set("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + runtime.path() + "/missing");
-    SessionBusPoster().post("Tidewell.itemsChanged"); // nothing to connect to: no effect
+    SessionBusPoster().post("Tidewell.itemsChanged");
     environment.unset("DBUS_SESSION_BUS_ADDRESS");
+    environment.set("XDG_RUNTIME_DIR", "relative");
+    SessionBusPoster().post("Tidewell.itemsChanged");
     environment.unset("XDG_RUNTIME_DIR");
-    SessionBusPoster().post("Tidewell.itemsChanged"); // no bus anywhere: no effect
+    SessionBusPoster().post("Tidewell.itemsChanged");
+    // Each post ends before the next starts, so this one arrives after any stray one.
+    environment.set("DBUS_SESSION_BUS_ADDRESS", bus.address());
+    SessionBusPoster().post("Tidewell.showShelf");
+    ASSERT_TRUE(serveUntil(receiver, [&] { return shown; }));
+    EXPECT_EQ(changes, 2);
 }
 
 } // namespace

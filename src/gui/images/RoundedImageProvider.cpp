@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QUrl>
+#include <algorithm>
 
 namespace tidewell {
 

@@ -325,13 +325,12 @@ int main(int argc, char** argv) {
         std::printf(
             "(%d pinned projects. The application draws with the software renderer unless "
             "QT_QUICK_BACKEND says otherwise. The minimal window draws 20 rounded tiles with "
-            "names and nothing else; the application's difference is mostly its heap: the "
-            "tiles' QML objects, bindings and menus made at the first opening, the pictures "
-            "of the icons' and outline's shadows and the outline's layer, the status icon and "
-            "its menu, the settings' and bus's state; then the arenas and stacks of its "
-            "threads (pointer monitor, bus, image loading) and the widgets library the status "
-            "menu and dialogs need. Budgets: no wake-ups at rest, under 64 MiB resident, "
-            "private dirty within 1.5x, first frame within 16 ms)\n",
+            "names and nothing else; most of the application's difference is heap made at the "
+            "first opening: the tiles' QML objects and bindings, the pictures of the painted "
+            "shadows and of the outline's layer; then the arenas and stacks of its threads "
+            "(pointer monitor, bus, image loading) and the widgets library its status menu "
+            "needs. Budgets: no wake-ups at rest, under 64 MiB resident, private dirty within "
+            "1.5x, first frame within 16 ms)\n",
             projectCount);
         return 0;
     } catch (const std::exception& error) {

@@ -4,6 +4,8 @@
 #include "support/HeadlessWeston.h"
 
 #include <algorithm>
+#include <fstream>
+#include <iterator>
 
 namespace tidewell::testing {
 namespace {
@@ -133,6 +135,10 @@ TEST_F(ShelfWindowTest, HoverOpensTheDrawnOutlineWhichLetsClicksThroughWithAndWi
     expectDrawnOutlineAndClickThrough();
     hand.movePointerTo(screenWidth / 2, 600);
     EXPECT_TRUE(waitUntil([&] { return !isShelfShown(); }));
+    // Drawn by the processor: an OpenGL driver would be most of the process's memory.
+    std::ifstream maps("/proc/" + std::to_string(application->pid()) + "/maps");
+    const std::string mapped{std::istreambuf_iterator<char>(maps), {}};
+    EXPECT_EQ(mapped.find("/dri/"), std::string::npos) << "an OpenGL driver is loaded";
 }
 
 // In a Wayland session whose compositor has no layer shell, with XWayland's display beside it

@@ -152,14 +152,15 @@ TEST_F(TwoDisplaysTest, AtScaleTwoTheShelfKeepsItsSizesInPointsAndItsTrigger) {
     const int whiteAtOne = expectDrawnAtScale(primary, 1);
     ASSERT_GT(whiteAtOne, 0) << "no initials drawn";
     const int whiteAtTwo = expectDrawnAtScale(left, 2);
+    // About four times the pixels; hinting thins the strokes at one pixel a point.
     EXPECT_GT(whiteAtTwo, 3 * whiteAtOne) << "initials of " << whiteAtOne << " pixels at 1";
-    EXPECT_LT(whiteAtTwo, 5 * whiteAtOne) << "initials of " << whiteAtOne << " pixels at 1";
+    EXPECT_LT(whiteAtTwo, 6 * whiteAtOne) << "initials of " << whiteAtOne << " pixels at 1";
 
     application.reset();
     startApplication({{"QT_SCALE_FACTOR", "2"}});
     const int whiteScaled = expectDrawnAtScale(primary, 2);
     EXPECT_GT(whiteScaled, 3 * whiteAtOne);
-    EXPECT_LT(whiteScaled, 5 * whiteAtOne);
+    EXPECT_LT(whiteScaled, 6 * whiteAtOne);
     hand.movePointerTo(centreX(primary), 700);
     ASSERT_TRUE(waitUntil([&] { return !isShelfShown(); }));
     openAndCloseFromTopRow(primary, centreX(primary) + 2 * 90 - 1, 3, 2); // its last column

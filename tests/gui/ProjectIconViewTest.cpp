@@ -1,4 +1,6 @@
 #include "gui/EventLoopWait.h"
+#include "gui/images/RoundedImageProvider.h"
+#include "gui/images/SoftShadow.h"
 #include "linux/QtPluginImageFormats.h"
 #include "support/TemporaryDirectory.h"
 
@@ -19,6 +21,8 @@ TEST(ProjectIconView, DrawsEveryFormatThatDiscoveryMayPick) {
     const QtPluginImageFormats formats = QtPluginImageFormats::installed();
     const testing::TemporaryDirectory folder;
     QQmlEngine engine;
+    registerSoftShadow();
+    engine.addImageProvider(QStringLiteral("rounded"), new RoundedImageProvider);
     QQmlComponent component(&engine, QUrl(QStringLiteral("qrc:/qml/ProjectIconView.qml")));
     QImage red(64, 64, QImage::Format_ARGB32);
     red.fill(Qt::red);

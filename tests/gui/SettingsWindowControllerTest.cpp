@@ -152,7 +152,9 @@ TEST_F(SettingsWindowControllerTest, TabReachesEveryControlAndShowsIt) {
     auto* rows = window.rootContext()->contextProperty("projects").value<ItemSettingsModel*>();
     ASSERT_NE(rows, nullptr);
     int frames = 0;
-    QObject::connect(&window, &QQuickWindow::frameSwapped, [&] { ++frames; });
+    // Counted on this thread, and no longer once the test's frame is gone.
+    const QObject counter;
+    QObject::connect(&window, &QQuickWindow::frameSwapped, &counter, [&] { ++frames; });
     rows->toggleDetails(2);
     ASSERT_TRUE(processEventsUntil([&] { return frames > 0; })) << "the details were not laid out";
 

@@ -1,4 +1,5 @@
 #include "gui/TestDesktop.h"
+#include "gui/app/SceneGraphBackend.h"
 #include "support/X11TestClient.h"
 
 #include <QApplication>
@@ -14,6 +15,7 @@ int main(int argc, char** argv) {
         return RUN_ALL_TESTS();
     const tidewell::testing::DesktopDisplay display;
     qputenv("QT_QPA_PLATFORM", "xcb");
+    tidewell::chooseSceneGraphBackend();
     QApplication application(argc, argv);
     ::testing::AddGlobalTestEnvironment(tidewell::testing::TestDesktop::installation());
     return RUN_ALL_TESTS();

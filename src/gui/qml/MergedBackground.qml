@@ -1,6 +1,6 @@
 import QtQuick
 import QtQuick.Shapes
-import Qt5Compat.GraphicalEffects
+import Tidewell
 
 // The black or glass body that grows out of the notch, centred at the top of the shelf's
 // frame. Its size and corner radii move with the shelf's transitions, and every step of
@@ -34,11 +34,18 @@ Item {
     SystemPalette {
         id: system
     }
+    SoftShadow {
+        anchors.fill: parent
+        anchors.margins: -margin
+        visible: shelf.hasShadow
+        color: Qt.rgba(0, 0, 0, shelf.shadowOpacity)
+        blur: shelf.shadowBlur
+        offset: shelf.shadowOffset
+        steps: background.steps
+    }
     Shape {
         id: outline
         anchors.fill: parent
-        // With a shadow the effect below draws the shape.
-        visible: !shelf.hasShadow
         layer.enabled: true
         layer.samples: 4
 
@@ -88,16 +95,5 @@ Item {
                 controlY: background.steps[7].controlY
             }
         }
-    }
-    DropShadow {
-        anchors.fill: outline
-        source: outline
-        visible: shelf.hasShadow
-        color: Qt.rgba(0, 0, 0, shelf.shadowOpacity)
-        radius: shelf.shadowBlur
-        samples: 2 * shelf.shadowBlur + 1
-        horizontalOffset: shelf.shadowOffset.x
-        verticalOffset: shelf.shadowOffset.y
-        transparentBorder: true
     }
 }

@@ -1,6 +1,6 @@
 import QtQuick
 import QtQuick.Window
-import Qt5Compat.GraphicalEffects
+import Tidewell
 import "TypeSize.js" as TypeSize
 
 // A project's icon: its image filling a rounded square, or its initials on its tint colour.
@@ -12,43 +12,35 @@ Item {
     property string initials
     property url imageSource // empty when the initials are drawn
 
-    readonly property real radius: size * 0.24
+    readonly property real cornerShare: 0.24
+    readonly property real radius: size * cornerShare
     readonly property bool showsImage: image.status === Image.Ready
 
     width: size
     height: size
 
+    // The tinted square with its shadow below it; a picture covers the square.
+    SoftShadow {
+        anchors.fill: parent
+        anchors.margins: -margin
+        color: Qt.rgba(0, 0, 0, 0.18)
+        blur: 5
+        offset: Qt.point(0, 2)
+        cornerRadius: icon.radius
+    }
     Rectangle {
-        id: silhouette
         anchors.fill: parent
         radius: icon.radius
         color: icon.tint
-        visible: false
-    }
-    // Draws the tinted square with its shadow below it.
-    DropShadow {
-        anchors.fill: silhouette
-        source: silhouette
-        color: Qt.rgba(0, 0, 0, 0.18)
-        radius: 5
-        samples: 11
-        verticalOffset: 2
-        transparentBorder: true
     }
     Image {
         id: image
         anchors.fill: parent
-        source: icon.imageSource
-        fillMode: Image.PreserveAspectCrop
+        source: icon.imageSource.toString() === "" ? ""
+                : "image://rounded/" + icon.cornerShare + "/" + icon.imageSource
         sourceSize: Qt.size(Math.ceil(icon.size * Screen.devicePixelRatio),
                             Math.ceil(icon.size * Screen.devicePixelRatio))
         cache: false // a project's cached copy may be replaced under the same name
-        visible: false
-    }
-    OpacityMask {
-        anchors.fill: parent
-        source: image
-        maskSource: silhouette
         visible: icon.showsImage
     }
     // The initials at a third of the icon's size, shrunk to fit between the paddings down to

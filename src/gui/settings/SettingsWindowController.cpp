@@ -1,6 +1,8 @@
 #include "gui/settings/SettingsWindowController.h"
 
 #include "core/settings/SettingsView.h"
+#include "gui/images/RoundedImageProvider.h"
+#include "gui/images/SoftShadow.h"
 #include "gui/images/SymbolImageProvider.h"
 #include "gui/settings/ColorPicker.h"
 #include "gui/settings/ItemSettingsModel.h"
@@ -70,7 +72,9 @@ struct SettingsWindowController::Parts {
     // The QML reads the bridges: it is loaded once they exist, the first time it is shown.
     void loadContents() {
         registerSettingsTypes();
+        registerSoftShadow();
         window.engine()->addImageProvider(QStringLiteral("symbol"), new SymbolImageProvider);
+        window.engine()->addImageProvider(QStringLiteral("rounded"), new RoundedImageProvider);
         QQmlContext& context = *window.rootContext();
         context.setContextProperty(QStringLiteral("settings"), &bridge);
         context.setContextProperty(QStringLiteral("projects"), &projects);

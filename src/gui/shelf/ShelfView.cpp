@@ -3,6 +3,8 @@
 #include "core/drag/ShelfDragReset.h"
 #include "core/drag/ShelfDragState.h"
 #include "core/drag/ShelfDropContext.h"
+#include "gui/images/RoundedImageProvider.h"
+#include "gui/images/SoftShadow.h"
 #include "gui/images/SymbolImageProvider.h"
 #include "gui/shelf/FavoritesModel.h"
 #include "gui/shelf/ShelfActions.h"
@@ -71,8 +73,10 @@ ShelfView::ShelfView(QQuickView& view, Services services)
     bridges_->view = &view;
     connect(&bridges_->shelf, &ShelfBridge::outlineReported, this, &ShelfView::outlineChanged);
     registerShelfTypes();
+    registerSoftShadow();
     QQmlEngine& engine = *view.engine();
     engine.addImageProvider(QStringLiteral("symbol"), new SymbolImageProvider);
+    engine.addImageProvider(QStringLiteral("rounded"), new RoundedImageProvider);
     QQmlContext& context = *view.rootContext();
     context.setContextProperty(QStringLiteral("shelf"), &bridges_->shelf);
     context.setContextProperty(QStringLiteral("favorites"), &bridges_->favorites);
@@ -89,6 +93,7 @@ ShelfView::ShelfView(QQuickView& view, Services services)
 ShelfView::~ShelfView() {
     bridges_->view->setSource({});
     bridges_->view->engine()->removeImageProvider(QStringLiteral("symbol"));
+    bridges_->view->engine()->removeImageProvider(QStringLiteral("rounded"));
 }
 
 void ShelfView::pointerMoved(Point screenPoint) {

@@ -9,10 +9,8 @@ class QQuickView;
 namespace tidewell {
 
 // Readies the view that carries the shelf, before its window is made: frameless, above other
-// windows, never focused, out of taskbars, with a transparent, alpha-blended surface. Qt
-// Quick draws it with OpenGL where there is any and with its software renderer otherwise
-// (QT_QUICK_BACKEND=software); both keep the alpha channel of this format, so the process
-// need not choose a backend.
+// windows, never focused, out of taskbars, with a transparent, alpha-blended surface. Both
+// of Qt Quick's renderers, software and OpenGL, keep the alpha channel of this format.
 void setUpPanelView(QQuickView& view);
 // Where the panel's window goes for the shelf's frame, in Qt's logical pixels: the frame and
 // the shadow margins around it.

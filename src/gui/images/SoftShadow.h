@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QColor>
+#include <QPointF>
+#include <QQuickPaintedItem>
+#include <QVariantList>
+
+namespace tidewell {
+
+// The blurred shadow of a rounded rectangle or of an outline, drawn by the processor so that
+// it looks the same on every scene-graph backend. It covers its shape's area grown by
+// `margin` on each side, where the blur and the offset reach; QML places it so.
+class SoftShadow : public QQuickPaintedItem {
+    Q_OBJECT
+    Q_PROPERTY(QColor color MEMBER color_ NOTIFY shapeChanged)
+    Q_PROPERTY(qreal blur MEMBER blur_ NOTIFY shapeChanged)
+    Q_PROPERTY(QPointF offset MEMBER offset_ NOTIFY shapeChanged)
+    Q_PROPERTY(qreal cornerRadius MEMBER cornerRadius_ NOTIFY shapeChanged)
+    // The outline's steps as the shelf's outline path gives them: a start, then curves and
+    // lines in turn. Without steps the shape is the rounded rectangle.
+    Q_PROPERTY(QVariantList steps MEMBER steps_ NOTIFY shapeChanged)
+    Q_PROPERTY(qreal margin READ margin NOTIFY shapeChanged)
+
+public:
+    explicit SoftShadow(QQuickItem* parent = nullptr);
+    void paint(QPainter* painter) override;
+    qreal margin() const;
+
+signals:
+    void shapeChanged();
+
+private:
+    QColor color_;
+    qreal blur_ = 0;
+    QPointF offset_;
+    qreal cornerRadius_ = 0;
+    QVariantList steps_;
+};
+
+// Registers the item for QML once per process.
+void registerSoftShadow();
+
+} // namespace tidewell

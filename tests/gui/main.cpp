@@ -15,6 +15,6 @@ int main(int argc, char** argv) {
     const tidewell::testing::DesktopDisplay display;
     qputenv("QT_QPA_PLATFORM", "xcb");
     QApplication application(argc, argv);
-    ::testing::AddGlobalTestEnvironment(tidewell::testing::TestDesktop::installation());
+    ::testing::AddGlobalTestEnvironment(new tidewell::testing::TestDesktop);
     return RUN_ALL_TESTS();
 }

@@ -13,9 +13,6 @@ protected:
     SettingsBridgeTest() {
         QObject::connect(&bridge, &SettingsBridge::changed, [this] { ++changes; });
     }
-    static QUrl fileUrl(const std::string& path) {
-        return QUrl::fromLocalFile(QString::fromStdString(path));
-    }
 
     SettingsView view{{.store = store,
                        .appearance = settings,
@@ -59,17 +56,6 @@ TEST_F(SettingsBridgeTest, PickersListTheCasesByNameAndWriteThePreferenceOfThePi
     bridge.setShelfAppearanceIndex(-1);
     EXPECT_EQ(bridge.terminalAppIndex(), 3);
     EXPECT_EQ(bridge.shelfAppearanceIndex(), 1);
-}
-
-TEST_F(SettingsBridgeTest, DroppedLocalFoldersArePinnedInOrderAndOtherAddressesIgnored) {
-    const std::string first = root.makeFolder("first é");
-    const std::string second = root.makeFolder("second");
-    EXPECT_FALSE(bridge.handleDrop({QUrl("https://example.com/")}));
-    EXPECT_TRUE(bridge.handleDrop({fileUrl(first), QUrl("https://example.com/"), fileUrl(second)}));
-    queue.runUntilIdle();
-    ASSERT_EQ(store.favorites().size(), 2u);
-    EXPECT_EQ(store.favorites()[0].path, first);
-    EXPECT_EQ(store.favorites()[1].path, second);
 }
 
 } // namespace

@@ -1,12 +1,12 @@
 #include "gui/platform/GioWorkspace.h"
 
-#include "gui/EventLoopWait.h"
-#include "gui/FakeFileManager.h"
 #include "gui/TestDesktop.h"
-#include "support/ScopedEnvironment.h"
 
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <optional>
+#include <stdexcept>
+#include <systemd/sd-bus.h>
 #include <unistd.h>
 
 namespace tidewell {
@@ -14,12 +14,8 @@ namespace {
 
 using testing::TestDesktop;
 
-const TestDesktop& desktop() {
-    return TestDesktop::current();
-}
-
 std::string fileUriInTestFolder(const std::string& escapedRelativePath) {
-    return "file://" + desktop().files().path() + "/" + escapedRelativePath;
+    return "file://" + TestDesktop::files().path() + "/" + escapedRelativePath;
 }
 
 void expectDetached(const testing::HandlerLaunch& launch) {
@@ -28,53 +24,96 @@ void expectDetached(const testing::HandlerLaunch& launch) {
     EXPECT_NE(launch.sessionId, std::to_string(::getsid(0)));
 }
 
-TEST(GioWorkspace, OpenFolderStartsTheDefaultHandlerDetachedWithTheFolderURI) {
-    const std::string folder = desktop().files().makeFolder("projects/Tide \"well\" é");
+// A file manager on the session bus, served by this thread while the test waits, that
+// records the items asked for and answers at once, with an error, or only as it goes away
+// (like one that takes long to start).
+class FakeFileManager {
+public:
+    enum class Answer { atOnce, late, withError };
+
+    explicit FakeFileManager(Answer answer) : answer_(answer) {
+        if (sd_bus_open_user(&bus_) < 0 ||
+            sd_bus_add_object(bus_, nullptr, "/org/freedesktop/FileManager1", &handle, this) < 0 ||
+            sd_bus_request_name(bus_, "org.freedesktop.FileManager1", 0) < 0)
+            throw std::runtime_error("cannot serve the file manager");
+    }
+    ~FakeFileManager() {
+        for (sd_bus_message* call : unanswered_) {
+            sd_bus_reply_method_return(call, "");
+            sd_bus_message_unref(call);
+        }
+        sd_bus_flush_close_unref(bus_);
+    }
+    // Serves the bus until the file manager was asked once.
+    std::vector<std::string> waitForCall() {
+        testing::processEventsUntil([&] {
+            while (sd_bus_process(bus_, nullptr) > 0) {
+            }
+            return !uris_.empty();
+        });
+        return uris_;
+    }
+
+private:
+    static int handle(sd_bus_message* message, void* self, sd_bus_error*) {
+        auto& manager = *static_cast<FakeFileManager*>(self);
+        char** uris = nullptr;
+        if (!sd_bus_message_is_method_call(message, nullptr, "ShowItems") ||
+            sd_bus_message_read_strv(message, &uris) < 0)
+            return 0;
+        for (char** uri = uris; uri && *uri; ++uri) {
+            manager.uris_.push_back(*uri);
+            std::free(*uri);
+        }
+        std::free(uris);
+        if (manager.answer_ == Answer::late) {
+            manager.unanswered_.push_back(sd_bus_message_ref(message));
+            return 1;
+        }
+        if (manager.answer_ == Answer::withError)
+            return sd_bus_reply_method_errorf(message, SD_BUS_ERROR_FAILED, "Cannot show them");
+        return sd_bus_reply_method_return(message, "");
+    }
+
+    Answer answer_;
+    sd_bus* bus_ = nullptr;
+    std::vector<std::string> uris_;
+    std::vector<sd_bus_message*> unanswered_;
+};
+
+// Opened in the default handler or the named application: detached, without the start-up
+// tokens of this process, with the folder's URI.
+TEST(GioWorkspace, OpeningStartsTheHandlerDetachedWithTheFolderURI) {
+    const std::string folder = TestDesktop::files().makeFolder("projects/Tide \"well\" é");
     testing::ScopedEnvironment environment;
-    environment.set("DESKTOP_AUTOSTART_ID", "autostart-token");
-    environment.set("DESKTOP_STARTUP_ID", "startup-token");
-    environment.set("XDG_ACTIVATION_TOKEN", "activation-token");
+    for (const char* token : {"DESKTOP_AUTOSTART_ID", "DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN"})
+        environment.set(token, "token");
     environment.set("TIDEWELL_TEST_MARK", "kept");
-
-    GioWorkspace().openFolder(folder);
-    const auto launch = desktop().waitForLaunch(TestDesktop::folderHandlerId);
-
-    ASSERT_TRUE(launch);
-    EXPECT_EQ(launch->arguments,
-              std::vector{fileUriInTestFolder("projects/Tide%20%22well%22%20%C3%A9")});
-    expectDetached(*launch);
-    EXPECT_TRUE(launch->hasVariable("TIDEWELL_TEST_MARK"));
-    EXPECT_FALSE(launch->hasVariable("DESKTOP_AUTOSTART_ID"));
-    EXPECT_FALSE(launch->hasVariable("DESKTOP_STARTUP_ID"));
-    EXPECT_FALSE(launch->hasVariable("XDG_ACTIVATION_TOKEN"));
-}
-
-TEST(GioWorkspace, ApplicationsAreFoundByTheirDesktopEntryId) {
-    const GioWorkspace workspace;
-    EXPECT_TRUE(workspace.isApplicationInstalled(TestDesktop::codexId));
-    EXPECT_TRUE(workspace.isApplicationInstalled(TestDesktop::folderHandlerId));
-    EXPECT_FALSE(workspace.isApplicationInstalled("com.openai.codex.desktop"));
-    EXPECT_FALSE(workspace.isApplicationInstalled("tidewell-no-such-application"));
-}
-
-TEST(GioWorkspace, OpenWithApplicationStartsThatApplicationDetached) {
-    const std::string folder = desktop().files().makeFolder("projects/for codex");
     GioWorkspace workspace;
-
+    EXPECT_TRUE(workspace.isApplicationInstalled(TestDesktop::codexId));
+    EXPECT_FALSE(workspace.isApplicationInstalled("com.openai.codex.desktop"));
     EXPECT_FALSE(workspace.openWithApplication("tidewell-no-such-application", folder));
-    EXPECT_TRUE(workspace.openWithApplication(TestDesktop::codexId, folder));
-    const auto launch = desktop().waitForLaunch(TestDesktop::codexId);
 
-    ASSERT_TRUE(launch);
-    EXPECT_EQ(launch->arguments, std::vector{fileUriInTestFolder("projects/for%20codex")});
-    expectDetached(*launch);
+    workspace.openFolder(folder);
+    EXPECT_TRUE(workspace.openWithApplication(TestDesktop::codexId, folder));
+    for (const char* handler : {TestDesktop::folderHandlerId, TestDesktop::codexId}) {
+        const auto launch = TestDesktop::waitForLaunch(handler);
+        ASSERT_TRUE(launch) << handler;
+        EXPECT_EQ(launch->arguments,
+                  std::vector{fileUriInTestFolder("projects/Tide%20%22well%22%20%C3%A9")});
+        expectDetached(*launch);
+        EXPECT_TRUE(launch->hasVariable("TIDEWELL_TEST_MARK"));
+        for (const char* token :
+             {"DESKTOP_AUTOSTART_ID", "DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN"})
+            EXPECT_FALSE(launch->hasVariable(token)) << token;
+    }
 }
 
 // The call returns before the file manager answers. The enclosing folder opens only when
 // the file manager fails; after any other answer the next folder opened is that of a
 // reveal without a file manager, so a second window for the first would show up first.
 TEST(GioWorkspace, RevealShowsTheFolderInOneWindowWithoutWaitingForTheFileManager) {
-    using Answer = testing::FakeFileManager::Answer;
+    using Answer = FakeFileManager::Answer;
     const struct {
         std::string name;
         std::optional<Answer> fileManager;
@@ -85,25 +124,22 @@ TEST(GioWorkspace, RevealShowsTheFolderInOneWindowWithoutWaitingForTheFileManage
     for (const auto& row : cases) {
         SCOPED_TRACE(row.name);
         const std::string enclosing = "reveal/" + row.name;
-        const std::string folder = desktop().files().makeFolder(enclosing + "/shown folder");
-        std::optional<testing::FakeFileManager> fileManager;
+        const std::string folder = TestDesktop::files().makeFolder(enclosing + "/shown folder");
+        std::optional<FakeFileManager> fileManager;
         if (row.fileManager)
             fileManager.emplace(*row.fileManager);
 
         GioWorkspace().reveal(folder + "/");
         if (fileManager) {
-            ASSERT_TRUE(
-                testing::processEventsUntil([&] { return fileManager->calls().size() == 1; }));
-            EXPECT_EQ(fileManager->calls()[0].uris,
+            EXPECT_EQ(fileManager->waitForCall(),
                       std::vector{fileUriInTestFolder(enclosing + "/shown%20folder/")});
-            EXPECT_EQ(fileManager->calls()[0].startupId, "");
             fileManager.reset(); // the slow one answers now
         }
         const bool fails = row.fileManager.value_or(Answer::withError) == Answer::withError;
         const std::string opened = fails ? enclosing : enclosing + "/then";
         if (!fails)
-            GioWorkspace().reveal(desktop().files().makeFolder(opened + "/revealed"));
-        const auto launch = desktop().waitForLaunch(TestDesktop::folderHandlerId);
+            GioWorkspace().reveal(TestDesktop::files().makeFolder(opened + "/revealed"));
+        const auto launch = TestDesktop::waitForLaunch(TestDesktop::folderHandlerId);
         ASSERT_TRUE(launch);
         EXPECT_EQ(launch->arguments, std::vector{fileUriInTestFolder(opened)});
     }

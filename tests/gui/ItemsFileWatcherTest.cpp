@@ -11,8 +11,8 @@
 namespace tidewell {
 namespace {
 
+using testing::processEventsUntil;
 using testing::pumpEventsFor;
-using testing::pumpEventsUntil;
 using namespace std::chrono_literals;
 
 void appendTo(const std::string& path) {
@@ -30,13 +30,13 @@ TEST(ItemsFileWatcher, PostsForEachNewVersionOfTheItemsFileWrittenInPlaceOrRepla
     PosixFileSystem files;
 
     files.writeFileAtomically(folder.itemsFile(), "[]");
-    EXPECT_TRUE(pumpEventsUntil([&] { return posts == 1; })) << "created by a rename";
+    EXPECT_TRUE(processEventsUntil([&] { return posts == 1; })) << "created by a rename";
     appendTo(folder.itemsFile());
-    EXPECT_TRUE(pumpEventsUntil([&] { return posts == 2; })) << "written in place";
+    EXPECT_TRUE(processEventsUntil([&] { return posts == 2; })) << "written in place";
     files.writeFileAtomically(folder.itemsFile(), "[ ]");
-    EXPECT_TRUE(pumpEventsUntil([&] { return posts == 3; })) << "replaced by a rename";
+    EXPECT_TRUE(processEventsUntil([&] { return posts == 3; })) << "replaced by a rename";
     appendTo(folder.itemsFile());
-    EXPECT_TRUE(pumpEventsUntil([&] { return posts == 4; })) << "the new file is watched";
+    EXPECT_TRUE(processEventsUntil([&] { return posts == 4; })) << "the new file is watched";
 
     files.writeFileAtomically(folder.itemsLock(), "");
     files.createDirectories(folder.iconsFolder());

@@ -1,6 +1,7 @@
 #include "gui/windowsystem/x11/PointerEventMonitor.h"
 
 #include "gui/EventLoopWait.h"
+#include "support/ScopedEnvironment.h"
 #include "support/X11TestClient.h"
 
 #include <fstream>
@@ -11,31 +12,15 @@
 namespace tidewell {
 namespace {
 
-using testing::DesktopDisplay;
+using testing::processEventsUntil;
 using testing::pumpEventsFor;
-using testing::pumpEventsUntil;
-using testing::X11TestClient;
 using namespace std::chrono_literals;
 
 struct PointerReport {
     double x;
     double y;
     unsigned buttonMask;
-};
-
-class PointerReports {
-public:
-    PointerEventMonitor::Handler handler() {
-        return [this](double x, double y, unsigned mask) { reports_.push_back({x, y, mask}); };
-    }
-    std::size_t count() const { return reports_.size(); }
-    const PointerReport& last() const { return reports_.back(); }
-    bool reachedCount(std::size_t count) {
-        return pumpEventsUntil([&] { return reports_.size() >= count; });
-    }
-
-private:
-    std::vector<PointerReport> reports_;
+    bool isPressed() const { return (buttonMask & PointerEventMonitor::primaryButtonMask) != 0; }
 };
 
 long voluntaryContextSwitches() {
@@ -50,104 +35,85 @@ long voluntaryContextSwitches() {
 // A virtual desktop, a client that moves the pointer, and a monitor not yet started.
 class PointerEventMonitorTest : public ::testing::Test {
 protected:
-    DesktopDisplay display;
-    X11TestClient client;
-    PointerReports reports;
-    PointerEventMonitor monitor{reports.handler()};
+    bool reportArrives(const std::function<bool(const PointerReport&)>& expected) {
+        return processEventsUntil([&] { return !reports.empty() && expected(reports.back()); });
+    }
+    // Nothing comes for a while after everything in flight arrived.
+    bool staysQuiet() {
+        pumpEventsFor(100ms);
+        const std::size_t before = reports.size();
+        pumpEventsFor(200ms);
+        return reports.size() == before;
+    }
+
+    testing::DesktopDisplay display;
+    testing::X11TestClient client;
+    std::vector<PointerReport> reports;
+    PointerEventMonitor monitor{[this](double x, double y, unsigned mask) {
+        reports.push_back({x, y, mask});
+    }};
 };
-
-TEST_F(PointerEventMonitorTest, ReportsMovesAndButtonsOverAnotherClientsWindow) {
-    const unsigned long window = client.createWindow(100, 100, 400, 300);
-    ASSERT_TRUE(monitor.start());
-
-    client.movePointerTo(250, 180);
-    ASSERT_TRUE(reports.reachedCount(1));
-    EXPECT_EQ(client.windowUnderPointer(), window);
-    EXPECT_EQ(reports.last().x, 250);
-    EXPECT_EQ(reports.last().y, 180);
-    EXPECT_EQ(reports.last().buttonMask & PointerEventMonitor::primaryButtonMask, 0u);
-
-    const std::size_t beforePress = reports.count();
-    client.setPrimaryButton(true);
-    ASSERT_TRUE(reports.reachedCount(beforePress + 1));
-    EXPECT_NE(reports.last().buttonMask & PointerEventMonitor::primaryButtonMask, 0u);
-    client.movePointerBy(0, 1);
-    ASSERT_TRUE(pumpEventsUntil([&] { return reports.last().y == 181; }));
-    EXPECT_EQ(reports.last().x, 250);
-    EXPECT_NE(reports.last().buttonMask & PointerEventMonitor::primaryButtonMask, 0u);
-    client.setPrimaryButton(false);
-    ASSERT_TRUE(pumpEventsUntil(
-        [&] { return (reports.last().buttonMask & PointerEventMonitor::primaryButtonMask) == 0; }));
-}
-
-TEST_F(PointerEventMonitorTest, StartingTwiceReportsEachMoveOnceAndStoppingEndsReports) {
-    monitor.stop(); // never started: nothing happens
-    ASSERT_TRUE(monitor.start());
-    ASSERT_TRUE(monitor.start());
-
-    client.movePointerBy(1, 0);
-    ASSERT_TRUE(reports.reachedCount(1));
-    client.movePointerBy(1, 0);
-    ASSERT_TRUE(reports.reachedCount(2));
-    pumpEventsFor(200ms);
-    EXPECT_EQ(reports.count(), 2u);
-
-    monitor.stop();
-    client.movePointerBy(1, 0);
-    pumpEventsFor(200ms);
-    EXPECT_EQ(reports.count(), 2u);
-}
 
 // Raw events tell how far the pointer went, not where it is: a walk into the region from far
 // away must still be noticed, and a held button makes every move count.
-TEST_F(PointerEventMonitorTest, ReportsMovesInsideTheRegionsOfInterestTheFirstOneOutAndDrags) {
+TEST_F(PointerEventMonitorTest, ReportsMovesButtonsTheRegionsOfInterestTheFirstOneOutAndDrags) {
+    monitor.stop(); // never started: nothing happens
     ASSERT_TRUE(monitor.start());
+    ASSERT_TRUE(monitor.start()); // one monitor still, reporting each move once
+    const unsigned long window = client.createWindow(100, 100, 400, 300);
+    client.movePointerTo(250, 180);
+    ASSERT_TRUE(reportArrives([](auto& r) { return r.x == 250 && r.y == 180 && !r.isPressed(); }));
+    EXPECT_EQ(client.windowUnderPointer(), window);
+    client.setPrimaryButton(true);
+    ASSERT_TRUE(reportArrives([](auto& r) { return r.isPressed(); }));
+    client.setPrimaryButton(false);
+    ASSERT_TRUE(reportArrives([](auto& r) { return !r.isPressed(); }));
+
     monitor.setInterest({.everywhere = false, .regions = {QRect(400, 0, 100, 20)}});
     client.movePointerTo(450, 400);
     for (int i = 0; i < 120; ++i)
         client.movePointerBy(0, -4); // the last ones push against the top edge
-    ASSERT_TRUE(pumpEventsUntil([&] { return reports.count() > 0 && reports.last().y == 0; }));
-    EXPECT_EQ(reports.last().x, 450);
-
-    const std::size_t inside = reports.count();
+    ASSERT_TRUE(reportArrives([](auto& r) { return r.x == 450 && r.y == 0; }));
+    ASSERT_TRUE(staysQuiet());
+    const std::size_t inside = reports.size();
     client.movePointerBy(0, 100);
-    ASSERT_TRUE(pumpEventsUntil([&] { return reports.last().y > 20; })); // the first move out
+    ASSERT_TRUE(reportArrives([](auto& r) { return r.y > 20; })); // the first move out
     client.movePointerBy(0, 100);
-    pumpEventsFor(200ms);
-    EXPECT_EQ(reports.count(), inside + 1);
+    EXPECT_TRUE(staysQuiet());
+    EXPECT_EQ(reports.size(), inside + 1);
 
     client.setPrimaryButton(true);
     client.movePointerBy(1, 0);
-    ASSERT_TRUE(pumpEventsUntil([&] { return reports.last().x == 451; }));
+    ASSERT_TRUE(reportArrives([](auto& r) { return r.x == 451 && r.isPressed(); }));
     client.setPrimaryButton(false);
-    ASSERT_TRUE(pumpEventsUntil(
-        [&] { return (reports.last().buttonMask & PointerEventMonitor::primaryButtonMask) == 0; }));
-    const std::size_t released = reports.count();
+    ASSERT_TRUE(reportArrives([](auto& r) { return !r.isPressed(); }));
+    const std::size_t released = reports.size();
     client.movePointerBy(1, 0);
-    pumpEventsFor(200ms);
-    EXPECT_EQ(reports.count(), released);
+    EXPECT_TRUE(staysQuiet());
+    EXPECT_EQ(reports.size(), released);
+
+    monitor.stop();
+    monitor.setInterest({.everywhere = true, .regions = {}});
+    client.movePointerBy(1, 0);
+    EXPECT_TRUE(staysQuiet());
+    EXPECT_EQ(reports.size(), released);
+    testing::ScopedEnvironment environment;
+    environment.set("DISPLAY", ":999");
+    EXPECT_FALSE(monitor.start());
 }
 
 TEST_F(PointerEventMonitorTest, PointerAtRestCausesNoWakeUps) {
     ASSERT_TRUE(monitor.start());
     client.movePointerBy(1, 1);
-    ASSERT_TRUE(reports.reachedCount(1));
+    ASSERT_TRUE(processEventsUntil([&] { return !reports.empty(); }));
     pumpEventsFor(100ms); // anything still in flight arrives first
 
-    const std::size_t reportsBefore = reports.count();
+    const std::size_t reportsBefore = reports.size();
     const long switchesBefore = voluntaryContextSwitches();
     pumpEventsFor(5s);
-    EXPECT_EQ(reports.count(), reportsBefore);
+    EXPECT_EQ(reports.size(), reportsBefore);
     // The loop's own timer wakes it once; a polling monitor would wake it many times.
     EXPECT_LE(voluntaryContextSwitches() - switchesBefore, 3);
-}
-
-TEST(PointerEventMonitor, StartFailsWithoutDisplay) {
-    PointerReports reports;
-    PointerEventMonitor monitor(reports.handler());
-    testing::ScopedEnvironment environment;
-    environment.set("DISPLAY", ":999");
-    EXPECT_FALSE(monitor.start());
 }
 
 } // namespace

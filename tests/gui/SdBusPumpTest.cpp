@@ -11,7 +11,7 @@
 namespace tidewell {
 namespace {
 
-using testing::pumpEventsUntil;
+using testing::processEventsUntil;
 
 // The program's test desktop provides the private session bus.
 TEST(SdBusPump, SignalsPostedByOthersAndByItselfReachTheObserversThroughTheQtLoop) {
@@ -24,10 +24,10 @@ TEST(SdBusPump, SignalsPostedByOthersAndByItselfReachTheObserversThroughTheQtLoo
     SdBusNotificationCenter sender;
     sender.post(notchItemsChanged);
     sender.post(notchShowShelf);
-    ASSERT_TRUE(pumpEventsUntil([&] { return heard.size() >= 2; }));
+    ASSERT_TRUE(processEventsUntil([&] { return heard.size() >= 2; }));
 
     receiver.post(notchShowShelf);
-    ASSERT_TRUE(pumpEventsUntil([&] { return heard.size() >= 3; }));
+    ASSERT_TRUE(processEventsUntil([&] { return heard.size() >= 3; }));
     EXPECT_EQ(heard, (std::vector<std::string>{notchItemsChanged, notchShowShelf, notchShowShelf}));
 }
 

@@ -1,6 +1,6 @@
 #include "gui/settings/SettingsBridge.h"
 
-#include "gui/SettingsFixture.h"
+#include "gui/ShelfFixture.h"
 
 #include <QStringList>
 #include <gtest/gtest.h>
@@ -8,23 +8,22 @@
 namespace tidewell {
 namespace {
 
-class SettingsBridgeTest : public testing::SettingsFixture {
+class SettingsBridgeTest : public testing::ShelfFixture {
 protected:
     SettingsBridgeTest() {
         QObject::connect(&bridge, &SettingsBridge::changed, [this] { ++changes; });
     }
 
-    std::vector<std::string> pinnedPaths() const {
-        std::vector<std::string> paths;
-        for (const NotchItem& item : store.favorites())
-            paths.push_back(item.path);
-        return paths;
-    }
-    static QUrl fileUrl(const std::string& path) {
-        return QUrl::fromLocalFile(QString::fromStdString(path));
-    }
-
-    SettingsView view{viewServices};
+    SettingsView view{{.store = store,
+                       .appearance = settings,
+                       .launchAtLogin = launchAtLogin,
+                       .defaults = defaults,
+                       .localCenter = localCenter,
+                       .folders = folders,
+                       .files = files,
+                       .terminal = terminal,
+                       .codex = codex,
+                       .canHideFromScreenCapture = false}};
     SettingsBridge bridge{view, settings, store};
     int changes = 0;
 };
@@ -49,6 +48,7 @@ TEST_F(SettingsBridgeTest, PickersListTheCasesByNameAndWriteThePreferenceOfThePi
     EXPECT_EQ(bridge.terminalAppIndex(), 3);
     EXPECT_EQ(bridge.codexLaunchModeIndex(), 1);
     EXPECT_TRUE(bridge.hideFromScreenCapture());
+    EXPECT_EQ(bridge.terminalCaption(), "Konsole not found — using Terminal instead.");
     EXPECT_GE(changes, 4);
 
     // A place outside the list changes nothing.
@@ -56,72 +56,6 @@ TEST_F(SettingsBridgeTest, PickersListTheCasesByNameAndWriteThePreferenceOfThePi
     bridge.setShelfAppearanceIndex(-1);
     EXPECT_EQ(bridge.terminalAppIndex(), 3);
     EXPECT_EQ(bridge.shelfAppearanceIndex(), 1);
-}
-
-TEST_F(SettingsBridgeTest, CaptionsFollowThePreferencesAndTheDesktop) {
-    EXPECT_EQ(bridge.terminalCaption(), "");
-    EXPECT_EQ(bridge.codexCaption(), "");
-    EXPECT_FALSE(bridge.screenCaptureCaption().isEmpty()) << "X11 cannot hide the shelf";
-
-    bridge.setTerminalAppIndex(3); // Konsole, not installed
-    EXPECT_EQ(bridge.terminalCaption(), "Konsole not found — using Terminal instead.");
-    bridge.setCodexLaunchModeIndex(1);
-    EXPECT_EQ(bridge.codexCaption(), "Codex app not found — using the CLI instead.");
-
-    // Neither reading the captions nor a change of the items looks for programs again; the
-    // window's showing does, and sees one installed meanwhile.
-    const int lookups = executables.lookups;
-    pin("project");
-    bridge.terminalCaption();
-    EXPECT_EQ(executables.lookups, lookups);
-    executables.installed.insert("konsole");
-    const int before = changes;
-    view.refreshCaptions();
-    EXPECT_GT(changes, before);
-    EXPECT_EQ(bridge.terminalCaption(), "");
-}
-
-TEST_F(SettingsBridgeTest, TheLoginSwitchFallsBackWhenTheInstallFails) {
-    // Refused, with no installed copy for a launch agent to start.
-    loginItems.registerFailure = "denied";
-    ASSERT_FALSE(bridge.startsAtLogin());
-
-    bridge.setStartsAtLogin(true);
-    queue.runUntilIdle();
-    EXPECT_EQ(loginItems.registerCount, 1);
-    EXPECT_FALSE(bridge.startsAtLogin());
-    EXPECT_GE(changes, 1) << "the switch was not told to read the state again";
-
-    loginItems.registerFailure.reset();
-    bridge.setStartsAtLogin(true);
-    queue.runUntilIdle();
-    EXPECT_TRUE(bridge.startsAtLogin());
-    EXPECT_EQ(loginItems.registerCount, 2);
-}
-
-TEST_F(SettingsBridgeTest, DroppedFoldersArePinnedInOrderAndEverythingElseIsIgnored) {
-    const std::string first = root.makeFolder("first");
-    const std::string file = root.write("notes.txt", "text");
-    const std::string second = root.makeFolder("second");
-
-    EXPECT_FALSE(bridge.handleDrop({fileUrl(file), QUrl("https://example.com/")}));
-    EXPECT_TRUE(store.items().empty());
-
-    bridge.setIsDropTargeted(true);
-    EXPECT_TRUE(bridge.isDropTargeted());
-    EXPECT_TRUE(bridge.handleDrop(
-        {fileUrl(first), fileUrl(file), QUrl("https://example.com/"), fileUrl(second)}));
-    queue.runUntilIdle();
-    EXPECT_EQ(pinnedPaths(), (std::vector<std::string>{first, second}));
-    EXPECT_EQ(store.items().size(), 2u);
-}
-
-TEST_F(SettingsBridgeTest, AddingAFolderAsksForOneAndPinsIt) {
-    folders.choice = root.makeFolder("chosen");
-    bridge.chooseNewFolder();
-    queue.runUntilIdle();
-    EXPECT_EQ(folders.prompts, (std::vector<std::string>{"Add"}));
-    EXPECT_EQ(pinnedPaths(), (std::vector<std::string>{*folders.choice}));
 }
 
 } // namespace

@@ -10,7 +10,7 @@
 namespace tidewell {
 namespace {
 
-using testing::pumpEventsUntil;
+using testing::processEventsUntil;
 using testing::WindowRect;
 using testing::X11WindowInspector;
 
@@ -36,7 +36,7 @@ TEST(ShelfToolTip, ShowsInAWindowOfItsOwnBelowTheTileAndOnTheScreen) {
         owner.setFlags(Qt::FramelessWindowHint | Qt::BypassWindowManagerHint);
         owner.setGeometry(QRect(row.tile, tileSize));
         owner.show();
-        ASSERT_TRUE(pumpEventsUntil([&] { return owner.isExposed(); }));
+        ASSERT_TRUE(processEventsUntil([&] { return owner.isExposed(); }));
         QQuickItem tile(owner.contentItem());
         tile.setSize(tileSize);
         const auto before = inspector.viewableOverrideRedirectWindows();
@@ -46,7 +46,7 @@ TEST(ShelfToolTip, ShowsInAWindowOfItsOwnBelowTheTileAndOnTheScreen) {
         toolTip.setProperty("text", "/home/someone/Projects/a project with a long name");
         toolTip.setShown(true);
         unsigned long shown = 0;
-        ASSERT_TRUE(pumpEventsUntil([&] {
+        ASSERT_TRUE(processEventsUntil([&] {
             for (const unsigned long window : inspector.viewableOverrideRedirectWindows())
                 if (std::find(before.begin(), before.end(), window) == before.end())
                     shown = window;
@@ -70,7 +70,7 @@ TEST(ShelfToolTip, ShowsInAWindowOfItsOwnBelowTheTileAndOnTheScreen) {
         EXPECT_TRUE(inspector.inputShape(shown).isEmpty()) << "the tooltip takes the pointer";
 
         owner.hide();
-        EXPECT_TRUE(pumpEventsUntil([&] { return !inspector.isViewable(shown); }))
+        EXPECT_TRUE(processEventsUntil([&] { return !inspector.isViewable(shown); }))
             << "the tooltip stayed after its tile's window";
     }
 }

@@ -7,6 +7,7 @@
 #include "support/TestHandlers.h"
 
 #include <gtest/gtest.h>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -15,34 +16,42 @@ namespace tidewell::testing {
 // A desktop of the tests' own: XDG folders in a temporary folder where the only
 // applications are two test handlers (the default for folders, and an entry with the Codex
 // application's id), and a private session bus. GIO and QSettings read these folders once
-// per process, so the desktop is installed for the whole program, before any test.
-class TestDesktop {
+// per process, so main() installs the desktop for the whole program, before any test.
+class TestDesktop : public ::testing::Environment {
 public:
     static constexpr const char* folderHandlerId = TestHandlers::folderHandlerId;
     static constexpr const char* codexId = "com.openai.codex";
 
-    TestDesktop();
+    void SetUp() override { current_ = std::make_unique<World>(); }
+    void TearDown() override { current_.reset(); }
 
-    // The gtest environment that installs the desktop and removes it after the last test.
-    static ::testing::Environment* installation();
-    static const TestDesktop& current();
-
-    const std::string& configHome() const { return configHome_; }
+    static const std::string& configHome() { return current_->configHome; }
     // A folder for the tests' projects.
-    const TemporaryDirectory& files() const { return root_; }
-    // Serves the event loop until the handler's next report, which it writes once started,
-    // and consumes it; none when no report came within ten seconds.
-    std::optional<HandlerLaunch> waitForLaunch(const std::string& handlerId) const {
-        processEventsUntil([&] { return handlers_.hasReport(handlerId); }, 10000);
-        return handlers_.waitForLaunch(handlerId);
+    static const TemporaryDirectory& files() { return current_->root; }
+    // Serves the event loop until the handler's next report and consumes it; none when no
+    // report came within ten seconds.
+    static std::optional<HandlerLaunch> waitForLaunch(const std::string& handlerId) {
+        processEventsUntil([&] { return current_->handlers.hasReport(handlerId); },
+                           std::chrono::seconds(10));
+        return current_->handlers.waitForLaunch(handlerId);
     }
 
 private:
-    TemporaryDirectory root_;
-    std::string configHome_;
-    TestHandlers handlers_;
-    ScopedEnvironment environment_;
-    PrivateSessionBus bus_;
+    struct World {
+        World() {
+            environment.set("XDG_CONFIG_HOME", configHome);
+            environment.set("XDG_DATA_HOME", root.path() + "/data");
+            environment.set("XDG_CONFIG_DIRS", root.makeFolder("empty-config"));
+            environment.set("XDG_DATA_DIRS", root.makeFolder("empty-data"));
+            handlers.install(codexId, "");
+        }
+        TemporaryDirectory root;
+        std::string configHome = root.makeFolder("config");
+        TestHandlers handlers{root.path(), root.makeFolder("data"), configHome};
+        ScopedEnvironment environment;
+        PrivateSessionBus bus;
+    };
+    static inline std::unique_ptr<World> current_;
 };
 
 } // namespace tidewell::testing

@@ -14,51 +14,30 @@
 namespace tidewell {
 namespace {
 
-using namespace std::chrono_literals;
-
 class TileMenuTest : public testing::ShelfFixture {
 protected:
-    TileMenuTest() {
-        localCenter.addObserver(menuDidBeginTracking, [this] { tracking.push_back("begin"); });
-        localCenter.addObserver(menuDidEndTracking, [this] { tracking.push_back("end"); });
-    }
-
     QMenu* menuFor(const NotchItem& item) {
         return TileMenu::build(item, {store, actions, localCenter, settings});
     }
-    static std::vector<std::string> lines(const QMenu& menu) {
-        std::vector<std::string> titles;
-        for (const QAction* action : menu.actions())
-            titles.push_back(action->isSeparator() ? "---" : action->text().toStdString());
-        return titles;
-    }
-    static QAction* entry(const QMenu& menu, const QString& title) {
-        for (QAction* action : menu.actions())
-            if (action->text() == title)
-                return action;
-        return nullptr;
-    }
-    Date storedLastOpenedAt() { return database.load().at(0).lastOpenedAt; }
-
-    std::vector<std::string> tracking;
 };
 
-TEST_F(TileMenuTest, ListsTheEntriesInOrderWithTheStartCommandOnlyWhenThereIsOne) {
-    NotchItem item = pin("project");
-    const std::vector<std::string> withoutCommand = {
-        "Open folder", "Open in Terminal",     "---",      "Start Codex", "Start Claude Code",
-        "---",         "Show in File Manager", "Configure"};
-    std::vector<std::string> withCommand = withoutCommand;
-    withCommand.insert(withCommand.begin() + 5, "Run start command");
-
-    const std::unique_ptr<QMenu> plain(menuFor(item));
-    EXPECT_EQ(lines(*plain), withoutCommand);
-    item.launchCommand = "  ";
-    const std::unique_ptr<QMenu> blanks(menuFor(item));
-    EXPECT_EQ(lines(*blanks), withCommand);
-    for (const QAction* action : blanks->actions())
-        EXPECT_TRUE(action->isSeparator() || !action->icon().isNull())
-            << action->text().toStdString();
+// Every entry has its symbol and runs its action on the item as stored now.
+TEST_F(TileMenuTest, ListsTheEntriesInOrderWithTheirSymbolsAndRunsThem) {
+    const NotchItem item = pin("project");
+    const std::unique_ptr<QMenu> menu(menuFor(item));
+    std::vector<std::string> titles;
+    for (const QAction* action : menu->actions()) {
+        titles.push_back(action->isSeparator() ? "---" : action->text().toStdString());
+        EXPECT_TRUE(action->isSeparator() || !action->icon().isNull()) << titles.back();
+    }
+    EXPECT_EQ(titles, (std::vector<std::string>{"Open folder", "Open in Terminal", "---",
+                                                "Start Codex", "Start Claude Code", "---",
+                                                "Show in File Manager", "Configure"}));
+    store.update(item.id, [&](NotchItem& stored) { stored.path = root.makeFolder("moved"); });
+    menu->actions().at(6)->trigger();
+    EXPECT_EQ(workspace.calls,
+              (std::vector<testing::FakeWorkspace::Call>{
+                  {testing::FakeWorkspace::Operation::reveal, root.path() + "/moved"}}));
 }
 
 TEST_F(TileMenuTest, IsDarkInTheBlackLookOnALightDesktopAndLightInGlass) {
@@ -79,36 +58,20 @@ TEST_F(TileMenuTest, IsDarkInTheBlackLookOnALightDesktopAndLightInGlass) {
     EXPECT_GT(meanLightness(ShelfAppearance::warmGlass), 128);
 }
 
-TEST_F(TileMenuTest, OpenFolderRecordsTheOpeningWhileShowInFileManagerDoesNot) {
-    const NotchItem item = pin("project");
-    const Date before = storedLastOpenedAt();
-    clock.advance(60s);
-
-    const std::unique_ptr<QMenu> menu(menuFor(item));
-    entry(*menu, "Show in File Manager")->trigger();
-    EXPECT_EQ(storedLastOpenedAt(), before);
-    entry(*menu, "Open folder")->trigger();
-    EXPECT_GT(storedLastOpenedAt(), before);
-
-    using Operation = testing::FakeWorkspace::Operation;
-    EXPECT_EQ(workspace.calls,
-              (std::vector<testing::FakeWorkspace::Call>{{Operation::reveal, item.path},
-                                                         {Operation::openFolder, item.path}}));
-}
-
+// While a menu is open the shelf stays open; a hidden menu deletes itself.
 TEST_F(TileMenuTest, AnOpenMenuPostsMenuTrackingAndGoesAwayWhenHidden) {
-    const NotchItem item = pin("project");
-    QPointer<QMenu> menu = menuFor(item);
+    std::vector<std::string> tracking;
+    localCenter.addObserver(menuDidBeginTracking, [&] { tracking.push_back("begin"); });
+    localCenter.addObserver(menuDidEndTracking, [&] { tracking.push_back("end"); });
+    QPointer<QMenu> menu = menuFor(pin("project"));
     menu->popup(QPoint(100, 100));
     ASSERT_TRUE(testing::processEventsUntil([&] { return menu->isVisible(); }));
     queue.runUntilIdle();
     EXPECT_EQ(tracking, (std::vector<std::string>{"begin"}));
-
     menu->hide();
     queue.runUntilIdle();
     EXPECT_EQ(tracking, (std::vector<std::string>{"begin", "end"}));
-    EXPECT_TRUE(testing::processEventsUntil([&] { return menu.isNull(); }))
-        << "a hidden menu deletes itself";
+    EXPECT_TRUE(testing::processEventsUntil([&] { return menu.isNull(); }));
 }
 
 } // namespace

@@ -17,6 +17,6 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "xcb");
     tidewell::chooseSceneGraphBackend();
     QApplication application(argc, argv);
-    ::testing::AddGlobalTestEnvironment(tidewell::testing::TestDesktop::installation());
+    ::testing::AddGlobalTestEnvironment(new tidewell::testing::TestDesktop);
     return RUN_ALL_TESTS();
 }

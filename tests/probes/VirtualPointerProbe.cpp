@@ -68,16 +68,13 @@ int main(int argc, char** argv) {
         return 1;
     }
     auto* pointer = zwlr_virtual_pointer_manager_v1_create_virtual_pointer(manager, nullptr);
-    // Each answer goes out once the compositor has handled what came before it.
-    for (std::string line = "ready"; wl_display_roundtrip(display) >= 0;) {
-        std::cout << line << std::endl;
-        if (!std::getline(std::cin, line))
-            return 0;
-        if (!perform(pointer, line, width, height)) {
-            std::cerr << "tidewell_virtual_pointer_probe: no command: " << line << "\n";
-            return 2;
+    if (wl_display_roundtrip(display) < 0)
+        return 1;
+    std::cout << "ready" << std::endl;
+    for (std::string line; std::getline(std::cin, line); std::cout << "ok" << std::endl)
+        if (!perform(pointer, line, width, height) || wl_display_roundtrip(display) < 0) {
+            std::cerr << "tidewell_virtual_pointer_probe: cannot " << line << "\n";
+            return 1;
         }
-        line = "ok";
-    }
-    return 1;
+    return 0;
 }

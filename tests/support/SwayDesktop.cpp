@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
@@ -15,18 +14,13 @@ namespace {
 
 using namespace std::chrono_literals;
 
-std::string configuration(unsigned long background) {
-    char colour[8];
-    std::snprintf(colour, sizeof colour, "#%06lX", background);
-    // Windows float, at the size they ask for until a test puts them elsewhere.
-    std::string text =
-        "xwayland disable\ndefault_border none\nfor_window [app_id=\".*\"] floating enable\n";
-    for (const int output : {0, 1})
-        text += "output HEADLESS-" + std::to_string(output + 1) + " mode 1920x1080 position " +
-                std::to_string(output * SwayDesktop::outputWidth) + " 0 bg " + colour +
-                " solid_color\n";
-    return text;
-}
+// Windows float, at the size they ask for until a test puts them elsewhere.
+constexpr const char* configuration = R"(xwayland disable
+default_border none
+for_window [app_id=".*"] floating enable
+output HEADLESS-1 mode 1920x1080 position 0 0 bg #33AA55 solid_color
+output HEADLESS-2 mode 1920x1080 position 1920 0 bg #33AA55 solid_color
+)";
 
 void waitFor(const std::function<bool()>& condition, const ChildProcess& process,
              const std::string& what) {
@@ -46,11 +40,10 @@ std::string path() {
 
 } // namespace
 
-SwayDesktop::SwayDesktop(const std::string& runtimeFolder, const std::string& pointerProgram,
-                         unsigned long background)
+SwayDesktop::SwayDesktop(const std::string& runtimeFolder, const std::string& pointerProgram)
     : runtimeFolder_(runtimeFolder),
       sway_(std::make_unique<ChildProcess>(ChildProcess::Launch{
-          .arguments = {"sway", "--config", folder_.write("config", configuration(background))},
+          .arguments = {"sway", "--config", folder_.write("config", configuration)},
           .workingDirectory = folder_.path(),
           .environment = {{"PATH", path()},
                           {"HOME", folder_.path()},
@@ -127,9 +120,8 @@ void SwayDesktop::place(pid_t client, int x, int y, int width, int height) const
                                 "] floating enable, resize set " + std::to_string(width) + " " +
                                 std::to_string(height) + ", move absolute position " +
                                 std::to_string(x) + " " + std::to_string(y);
-    const ProcessResult result = run({"swaymsg", command});
-    if (result.status != 0)
-        throw std::runtime_error("swaymsg " + command + ": " + result.standardOutput);
+    if (run({"swaymsg", command}).status != 0)
+        throw std::runtime_error("sway refused " + command);
 }
 
 // An empty command only waits for the pointer's first answer, "ready".
@@ -154,8 +146,7 @@ void SwayDesktop::moveTo(int x, int y) {
 // Steps of 8 pixels at most, each left to the programs for a moment: a drag's exchanges
 // between source, compositor and target run at their own pace.
 void SwayDesktop::dragTo(int x, int y) {
-    const int fromX = x_;
-    const int fromY = y_;
+    const auto [fromX, fromY] = std::pair(x_, y_);
     const int steps = std::max(1, static_cast<int>(std::hypot(x - fromX, y - fromY) / 8));
     for (int step = 1; step <= steps; ++step) {
         moveTo(fromX + (x - fromX) * step / steps, fromY + (y - fromY) * step / steps);

@@ -6,22 +6,21 @@
 #include <map>
 #include <memory>
 #include <string>
-#include <sys/types.h>
 #include <vector>
 
 namespace tidewell::testing {
 
 // A Wayland desktop of the test's own: sway on wlroots' headless backend, drawing in software,
-// with no bar and no XWayland. Its two outputs, 1920 x 1080 each, lie side by side from the
-// layout's origin over a background of one colour; windows float. It has no input devices:
-// the user's hand is a virtual pointer client, which the compositor draws into screenshots.
-// Clients find it through `environment()`; its sockets live in the runtime folder given.
+// without bar or XWayland, its two outputs side by side over a background of one colour;
+// windows float. It has no input devices: the user's hand is a virtual pointer client (the
+// `pointerProgram`), drawn into screenshots. Its sockets live in the runtime folder given.
 // sway refuses to run as root: the tests run as an unprivileged user.
 class SwayDesktop {
 public:
     static constexpr int outputWidth = 1920;
     static constexpr int outputHeight = 1080;
     static constexpr int layoutWidth = 2 * outputWidth;
+    static constexpr unsigned long background = 0x33AA55;
 
     // The top rows of the layout, all that the tests look at, as colours 0xRRGGBB.
     struct Screenshot {
@@ -33,9 +32,7 @@ public:
         int runThrough(int x, int y, unsigned long colour) const;
     };
 
-    // `pointerProgram` is the virtual pointer client.
-    SwayDesktop(const std::string& runtimeFolder, const std::string& pointerProgram,
-                unsigned long background);
+    SwayDesktop(const std::string& runtimeFolder, const std::string& pointerProgram);
 
     // WAYLAND_DISPLAY, XDG_RUNTIME_DIR and SWAYSOCK, as a client of the desktop has them.
     std::map<std::string, std::string> environment() const;

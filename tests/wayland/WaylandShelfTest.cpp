@@ -1,14 +1,39 @@
-#include "wayland/WaylandTest.h"
+#include "e2e/EndToEndTest.h"
+#include "support/SwayDesktop.h"
 
+#include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <set>
+#include <thread>
 
 namespace tidewell::testing {
 namespace {
 
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
+using Screenshot = SwayDesktop::Screenshot;
+
+constexpr unsigned long windowColour = 0xFF8800;
+// Without a menu bar the shelf hangs this far below the top edge before its tiles begin.
+constexpr int topInset = 28;
+
+int centreX(int output) {
+    return output * SwayDesktop::outputWidth + SwayDesktop::outputWidth / 2;
+}
+
+// The width of the body of the shelf showing that many tiles.
+int bodyWidth(int tiles) {
+    return std::max(200, 66 * tiles + 59) - 16;
+}
+
+// Where the tile's centre lies while the shelf shows that many tiles (three or more).
+std::pair<int, int> tileCentre(int output, int tiles, int index) {
+    const int shelfLeft = output * SwayDesktop::outputWidth +
+                          static_cast<int>(std::lround((1920 - bodyWidth(tiles) - 16) / 2.0));
+    return {shelfLeft + 14 + 66 * index + 30, topInset + 8 + 31};
+}
 
 // Whether a terminal runs a shell in the folder: a process working there, started by foot.
 bool terminalRunsIn(const std::string& folder) {
@@ -26,12 +51,101 @@ bool terminalRunsIn(const std::string& folder) {
     return false;
 }
 
-class WaylandShelfTest : public WaylandTest {
+// The application started as its user starts it in a Wayland session (WAYLAND_DISPLAY set, no
+// X server at all) on a desktop of the test's own. What it shows is read from screenshots: the
+// shelf hangs from the top centre of an output, a black body with one tile per pinned
+// project. Other clients are the drag source probe's orange windows.
+class WaylandShelfTest : public EndToEndTest {
 protected:
+    ChildProcess::Launch session(const std::string& program,
+                                 const std::vector<std::string>& arguments = {}) const {
+        auto session = launch(program, arguments, home);
+        session.environment.merge(desktop.environment());
+        session.environment["XDG_SESSION_TYPE"] = "wayland";
+        return session;
+    }
+
+    // Another client's window over that area of the layout, offering the paths as a file drag
+    // and reporting presses and drops.
+    std::unique_ptr<ChildProcess> startWindow(int x, int y, int width, int height,
+                                              std::vector<std::string> paths = {}) {
+        paths.insert(paths.begin(), {"--at", "0,0"});
+        auto window = session(buildFolder() + "/tests/tidewell_drag_source_probe", paths);
+        window.environment["QT_QPA_PLATFORM"] = "wayland";
+        auto client = std::make_unique<ChildProcess>(window);
+        EXPECT_TRUE(waitForLine(*client, "ready")) << client->standardError();
+        desktop.place(client->pid(), x, y, width, height);
+        return client;
+    }
+
+    static bool waitForLine(const ChildProcess& client, const std::string& line) {
+        return waitUntil(
+            [&] { return client.standardOutput().find(line + "\n") != std::string::npos; }, 10s);
+    }
+
+    // The application's surfaces appear a while after it started; until then the pointer at
+    // the top does nothing. Moves the pointer to the point until the shelf opens.
+    bool startApplicationAndOpen(int x, int y, int tiles) {
+        auto launch = session(tidewellPath());
+        launch.environment["XDG_DATA_DIRS"] = root.makeFolder("desktop-data");
+        launch.environment["XDG_CONFIG_DIRS"] = root.makeFolder("desktop-config");
+        application = std::make_unique<ChildProcess>(launch);
+        const int output = x / SwayDesktop::outputWidth;
+        return waitUntil(
+            [&] {
+                desktop.moveTo(x, 600);
+                desktop.moveTo(x, y);
+                return waitUntil([&] { return drawnBodyWidth(output) > 0; }, 1s) &&
+                       waitUntilOpen(output, tiles);
+            },
+            20s);
+    }
+
+    // The width of the black body in the output's row above the tiles, through the point dx
+    // from its centre; 0 without one.
+    int drawnBodyWidth(int output, int dx = 0) const {
+        return desktop.screenshot().runThrough(centreX(output) + dx, topInset + 4, 0x000000);
+    }
+
+    // Its sides may be drawn a pixel in or out of the body's edges.
+    bool showsTiles(int output, int tiles, int dx = 0) const {
+        return std::abs(drawnBodyWidth(output, dx) - bodyWidth(tiles)) <= 2;
+    }
+
+    bool waitUntilOpen(int output, int tiles) {
+        return waitUntil([&] { return showsTiles(output, tiles); });
+    }
+
+    // Waits until nothing is drawn at the top of the output but what lies below the shelf.
+    bool waitUntilClosed(int output, unsigned long below = SwayDesktop::background) {
+        return waitUntil([&] {
+            const Screenshot shot = desktop.screenshot();
+            for (int y = 0; y < topInset + 100; ++y)
+                for (int x = centreX(output) - 960; x < centreX(output) + 960; ++x)
+                    if (shot.pixel(x, y) != below)
+                        return false;
+            return true;
+        });
+    }
+
+    // Waits until the first tile's icon has faded in and stays as it is: only then does the
+    // open shelf follow changes and take clicks.
+    bool waitUntilSettled(int output, int tiles) {
+        const auto [x, y] = tileCentre(output, tiles, 0);
+        unsigned long previous = 0x000000;
+        return waitUntilOpen(output, tiles) && waitUntil([&] {
+                   const unsigned long current = desktop.screenshot().pixel(x, y);
+                   const bool settled = current != 0x000000 && current == previous;
+                   previous = current;
+                   std::this_thread::sleep_for(100ms);
+                   return settled;
+               });
+    }
+
     // The rows from y down that many, between x + 30 and x + 130 (clear of the pointer at x and
     // at x + 150), whose pixels differ from those of the screenshot.
-    std::set<int> changedRows(const SwayDesktop::Screenshot& before, int x, int y, int rows) {
-        const SwayDesktop::Screenshot after = desktop.screenshot();
+    std::set<int> changedRows(const Screenshot& before, int x, int y, int rows) const {
+        const Screenshot after = desktop.screenshot();
         std::set<int> changed;
         for (int row = y; row < y + rows; ++row)
             for (int column = x + 30; column < x + 130; ++column)
@@ -41,30 +155,27 @@ protected:
     }
 
     // Right-clicks the tile, waits for its menu and clicks its second entry. The menu opens
-    // right of and below the pointer; hovering an entry highlights it, so the second entry is
-    // the highlighted band that follows the first.
+    // right of and below the pointer; hovering an entry highlights it, and the second entry
+    // lies one entry's height below the first.
     void chooseSecondMenuEntry(int x, int y) {
-        const SwayDesktop::Screenshot shelf = desktop.screenshot();
+        const Screenshot shelf = desktop.screenshot();
         desktop.moveTo(x, y);
         desktop.click("right");
         ASSERT_TRUE(waitUntil([&] { return changedRows(shelf, x, y + 30, 30).size() == 30; }))
             << "no menu appeared";
-        const SwayDesktop::Screenshot menu = desktop.screenshot();
+        const Screenshot menu = desktop.screenshot();
         std::set<int> first;
-        std::set<int> second;
         // As a hand moves: the menu follows the pointer once it has moved over it.
         desktop.moveTo(x + 149, y + 9);
         desktop.moveTo(x + 150, y + 10);
         ASSERT_TRUE(waitUntil([&] { return !(first = changedRows(menu, x, y, 60)).empty(); }))
             << "hovering the menu highlighted nothing";
-        desktop.moveTo(x + 150, *first.rbegin() + 6);
-        ASSERT_TRUE(waitUntil([&] {
-            second = changedRows(menu, x, y, 120);
-            return !second.empty() && *second.begin() > *first.begin() + 4;
-        })) << "no second entry below the first";
-        desktop.moveTo(x + 150, (*second.begin() + *second.rbegin()) / 2);
+        desktop.moveTo(x + 150, y + 11 + *first.rbegin() - *first.begin());
         desktop.click();
     }
+
+    SwayDesktop desktop{runtimeFolder, buildFolder() + "/tests/tidewell_virtual_pointer_probe"};
+    std::unique_ptr<ChildProcess> application;
 };
 
 // The top pixel row of an output and the rows just below it open the shelf there, over other
@@ -75,8 +186,7 @@ TEST_F(WaylandShelfTest, TheTopCentreOfEachOutputOpensTheShelfWhereATilesMenuOpe
     addProject("beta");
     addProject("gamma");
     const auto below = startWindow(0, 0, SwayDesktop::outputWidth, SwayDesktop::outputHeight);
-    startApplication();
-    ASSERT_TRUE(openOnceStarted(centreX(1), 0, 3)) << application->standardError();
+    ASSERT_TRUE(startApplicationAndOpen(centreX(1), 0, 3)) << application->standardError();
     EXPECT_EQ(drawnBodyWidth(0), 0) << "drawn on the other output too";
     desktop.moveTo(centreX(1), 600);
     EXPECT_TRUE(waitUntilClosed(1));
@@ -112,8 +222,7 @@ TEST_F(WaylandShelfTest, FoldersDroppedFromAnotherClientArePinnedAndATileDragged
     const std::string gamma = addProject("gamma");
     const std::string dropped = project("dropped");
     const auto source = startWindow(200, 400, 120, 80, {dropped});
-    startApplication();
-    ASSERT_TRUE(openOnceStarted(centreX(0), 3, 3)) << application->standardError();
+    ASSERT_TRUE(startApplicationAndOpen(centreX(0), 3, 3)) << application->standardError();
     desktop.moveTo(centreX(0), 600);
     ASSERT_TRUE(waitUntilClosed(0));
 

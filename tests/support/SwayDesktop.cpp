@@ -1,8 +1,8 @@
 #include "support/SwayDesktop.h"
 
+#include <algorithm>
 #include <chrono>
-#include <csignal>
-#include <cstdio>
+#include <cmath>
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
@@ -14,124 +14,144 @@ namespace {
 
 using namespace std::chrono_literals;
 
-std::string hexColour(unsigned long colour) {
-    char text[8];
-    std::snprintf(text, sizeof text, "#%06lX", colour);
-    return text;
-}
+// Windows float, at the size they ask for until a test puts them elsewhere.
+constexpr const char* configuration = R"(xwayland disable
+default_border none
+for_window [app_id=".*"] floating enable
+output HEADLESS-1 mode 1920x1080 position 0 0 bg #33AA55 solid_color
+output HEADLESS-2 mode 1920x1080 position 1920 0 bg #33AA55 solid_color
+)";
 
-std::string configuration(int outputs, unsigned long background) {
-    // Windows float, at the size they ask for until a test puts them elsewhere.
-    std::string text =
-        "xwayland disable\ndefault_border none\nfor_window [app_id=\".*\"] floating enable\n";
-    for (int output = 1; output <= outputs; ++output)
-        text += "output HEADLESS-" + std::to_string(output) + " mode " +
-                std::to_string(SwayDesktop::outputWidth) + "x" +
-                std::to_string(SwayDesktop::outputHeight) + " position " +
-                std::to_string((output - 1) * SwayDesktop::outputWidth) + " 0 bg " +
-                hexColour(background) + " solid_color\n";
-    return text;
-}
-
-void waitFor(const std::function<bool()>& condition, const ChildProcess& sway,
+void waitFor(const std::function<bool()>& condition, const ChildProcess& process,
              const std::string& what) {
     const auto deadline = std::chrono::steady_clock::now() + 15s;
     while (!condition()) {
         if (std::chrono::steady_clock::now() > deadline)
-            throw std::runtime_error("sway: " + what + "; it said: " + sway.standardError());
-        std::this_thread::sleep_for(20ms);
+            throw std::runtime_error(what + ": " + process.standardOutput() +
+                                     process.standardError());
+        std::this_thread::sleep_for(5ms);
     }
+}
+
+std::string path() {
+    const char* path = std::getenv("PATH");
+    return path ? path : "/usr/bin:/bin";
 }
 
 } // namespace
 
-SwayDesktop::SwayDesktop(const std::string& runtimeFolder, int outputs, unsigned long background)
-    : runtimeFolder_(runtimeFolder), outputs_(outputs), background_(background) {
-    const char* path = std::getenv("PATH");
-    sway_ = std::make_unique<ChildProcess>(ChildProcess::Launch{
-        .arguments = {"sway", "--config",
-                      folder_.write("config", configuration(outputs, background))},
-        .workingDirectory = folder_.path(),
-        .environment = {{"PATH", path ? path : "/usr/bin:/bin"},
-                        {"HOME", folder_.path()},
-                        {"XDG_RUNTIME_DIR", runtimeFolder},
-                        {"WLR_BACKENDS", "headless"},
-                        {"WLR_LIBINPUT_NO_DEVICES", "1"},
-                        {"WLR_RENDERER", "pixman"},
-                        {"WLR_HEADLESS_OUTPUTS", std::to_string(outputs)}}});
-    waitUntilReady();
-}
-
-SwayDesktop::~SwayDesktop() {
-    ::kill(sway_->pid(), SIGTERM);
-    sway_->wait(5s);
-}
-
-void SwayDesktop::waitUntilReady() {
+SwayDesktop::SwayDesktop(const std::string& runtimeFolder, const std::string& pointerProgram)
+    : runtimeFolder_(runtimeFolder),
+      sway_(std::make_unique<ChildProcess>(ChildProcess::Launch{
+          .arguments = {"sway", "--config", folder_.write("config", configuration)},
+          .workingDirectory = folder_.path(),
+          .environment = {{"PATH", path()},
+                          {"HOME", folder_.path()},
+                          {"XDG_RUNTIME_DIR", runtimeFolder},
+                          {"SWAYSOCK", runtimeFolder + "/sway.sock"},
+                          {"WLR_BACKENDS", "headless"},
+                          {"WLR_LIBINPUT_NO_DEVICES", "1"},
+                          {"WLR_RENDERER", "pixman"},
+                          {"WLR_HEADLESS_OUTPUTS", "2"}}})) {
+    // Ready once the background is drawn on both outputs.
     waitFor(
         [&] {
-            for (const auto& entry : std::filesystem::directory_iterator(runtimeFolder_))
+            for (const auto& entry : std::filesystem::directory_iterator(runtimeFolder))
                 if (entry.is_socket() && entry.path().filename().string().starts_with("wayland-"))
                     socket_ = entry.path().filename();
-            return !socket_.empty() && std::filesystem::exists(ipcSocket());
-        },
-        *sway_, "its sockets never appeared");
-    // Ready once it answers and the background is drawn on every output.
-    waitFor(
-        [&] {
-            if (run({"swaymsg", "-t", "get_outputs"}).status != 0)
-                return false;
             try {
                 const Screenshot shot = screenshot();
-                for (int output = 0; output < outputs_; ++output)
-                    if (shot.pixel(output * outputWidth + outputWidth / 2, outputHeight / 2) !=
-                        background_)
-                        return false;
-                return shot.width() == layoutWidth();
+                return shot.pixel(outputWidth / 2, 100) == background &&
+                       shot.pixel(outputWidth * 3 / 2, 100) == background;
             } catch (const std::runtime_error&) {
                 return false;
             }
         },
-        *sway_, "the background was never drawn");
+        *sway_, "sway never drew its background");
+    pointer_ = std::make_unique<ChildProcess>(ChildProcess::Launch{
+        .arguments = {pointerProgram, std::to_string(layoutWidth), std::to_string(outputHeight)},
+        .workingDirectory = "/",
+        .environment = environment(),
+        .takesInput = true});
+    send("");
 }
 
 std::map<std::string, std::string> SwayDesktop::environment() const {
     return {{"WAYLAND_DISPLAY", socket_},
             {"XDG_RUNTIME_DIR", runtimeFolder_},
-            {"SWAYSOCK", ipcSocket()}};
-}
-
-std::string SwayDesktop::ipcSocket() const {
-    return runtimeFolder_ + "/sway-ipc." + std::to_string(::getuid()) + "." +
-           std::to_string(sway_->pid()) + ".sock";
+            {"SWAYSOCK", runtimeFolder_ + "/sway.sock"}};
 }
 
 ProcessResult SwayDesktop::run(const std::vector<std::string>& arguments) const {
-    auto environment = this->environment();
-    const char* path = std::getenv("PATH");
-    environment["PATH"] = path ? path : "/usr/bin:/bin";
+    auto variables = environment();
+    variables["PATH"] = path();
     return ChildProcess::run(
-        {.arguments = arguments, .workingDirectory = folder_.path(), .environment = environment});
+        {.arguments = arguments, .workingDirectory = folder_.path(), .environment = variables});
 }
 
-Screenshot SwayDesktop::screenshot() const {
-    const ProcessResult grim = run({"grim", "-t", "ppm", "-"});
-    if (grim.status != 0)
+SwayDesktop::Screenshot SwayDesktop::screenshot() const {
+    const std::string area =
+        "0,0 " + std::to_string(layoutWidth) + "x" + std::to_string(Screenshot::height);
+    const ProcessResult grim = run({"grim", "-g", area, "-t", "ppm", "-"});
+    // The samples, 8 bits each, end the picture after its header.
+    const std::size_t size = std::size_t{3} * layoutWidth * Screenshot::height;
+    if (grim.status != 0 || grim.standardOutput.size() < size)
         throw std::runtime_error("grim: " + grim.standardError);
-    return Screenshot::fromPpm(grim.standardOutput);
+    const auto* sample = reinterpret_cast<const unsigned char*>(grim.standardOutput.data() +
+                                                                grim.standardOutput.size() - size);
+    Screenshot shot;
+    for (std::size_t at = 0; at < size; at += 3)
+        shot.pixels.push_back(sample[at] << 16 | sample[at + 1] << 8 | sample[at + 2]);
+    return shot;
 }
 
-void SwayDesktop::command(const std::string& text) const {
-    const ProcessResult result = run({"swaymsg", text});
-    if (result.status != 0)
-        throw std::runtime_error("swaymsg " + text + ": " + result.standardOutput +
-                                 result.standardError);
+int SwayDesktop::Screenshot::runThrough(int x, int y, unsigned long colour) const {
+    int left = x;
+    int right = x; // one past the run
+    while (right < layoutWidth && pixel(right, y) == colour)
+        ++right;
+    while (left > 0 && right > x && pixel(left - 1, y) == colour)
+        --left;
+    return right - left;
 }
 
 void SwayDesktop::place(pid_t client, int x, int y, int width, int height) const {
-    command("[pid=" + std::to_string(client) + "] floating enable, resize set " +
-            std::to_string(width) + " " + std::to_string(height) + ", move absolute position " +
-            std::to_string(x) + " " + std::to_string(y));
+    const std::string command = "[pid=" + std::to_string(client) +
+                                "] floating enable, resize set " + std::to_string(width) + " " +
+                                std::to_string(height) + ", move absolute position " +
+                                std::to_string(x) + " " + std::to_string(y);
+    if (run({"swaymsg", command}).status != 0)
+        throw std::runtime_error("sway refused " + command);
+}
+
+// An empty command only waits for the pointer's first answer, "ready".
+void SwayDesktop::send(const std::string& command) {
+    if (!command.empty())
+        pointer_->writeInput(command + "\n");
+    const int answer = answers_++;
+    waitFor(
+        [&] {
+            const std::string said = pointer_->standardOutput();
+            return std::count(said.begin(), said.end(), '\n') > answer;
+        },
+        *pointer_, "the virtual pointer did not answer " + command);
+}
+
+void SwayDesktop::moveTo(int x, int y) {
+    send("move " + std::to_string(x) + " " + std::to_string(y));
+    x_ = x;
+    y_ = y;
+}
+
+// Steps of 8 pixels at most, each left to the programs for a moment: a drag's exchanges
+// between source, compositor and target run at their own pace.
+void SwayDesktop::dragTo(int x, int y) {
+    const auto [fromX, fromY] = std::pair(x_, y_);
+    const int steps = std::max(1, static_cast<int>(std::hypot(x - fromX, y - fromY) / 8));
+    for (int step = 1; step <= steps; ++step) {
+        moveTo(fromX + (x - fromX) * step / steps, fromY + (y - fromY) * step / steps);
+        std::this_thread::sleep_for(5ms);
+    }
 }
 
 } // namespace tidewell::testing

@@ -1,54 +1,69 @@
 #pragma once
 
 #include "support/ChildProcess.h"
-#include "support/Screenshot.h"
 #include "support/TemporaryDirectory.h"
 
 #include <map>
 #include <memory>
 #include <string>
-#include <sys/types.h>
+#include <vector>
 
 namespace tidewell::testing {
 
 // A Wayland desktop of the test's own: sway on wlroots' headless backend, drawing in software,
-// with no input devices (a virtual pointer client is the hand), no bar and no XWayland. Its
-// outputs, 1920 x 1080 each, lie side by side from the layout's origin over a background of
-// one colour; windows float. The compositor draws the pointer into its screenshots. Clients find it
-// through `environment()`; its socket lives in the runtime folder given. sway refuses to run as
-// root: the tests run as an unprivileged user.
+// without bar or XWayland, its two outputs side by side over a background of one colour;
+// windows float. It has no input devices: the user's hand is a virtual pointer client (the
+// `pointerProgram`), drawn into screenshots. Its sockets live in the runtime folder given.
+// sway refuses to run as root: the tests run as an unprivileged user.
 class SwayDesktop {
 public:
     static constexpr int outputWidth = 1920;
     static constexpr int outputHeight = 1080;
+    static constexpr int layoutWidth = 2 * outputWidth;
+    static constexpr unsigned long background = 0x33AA55;
 
-    SwayDesktop(const std::string& runtimeFolder, int outputs, unsigned long background);
-    ~SwayDesktop();
-    SwayDesktop(const SwayDesktop&) = delete;
-    SwayDesktop& operator=(const SwayDesktop&) = delete;
+    // The top rows of the layout, all that the tests look at, as colours 0xRRGGBB.
+    struct Screenshot {
+        static constexpr int height = 256;
+        std::vector<unsigned long> pixels;
 
-    int layoutWidth() const { return outputs_ * outputWidth; }
+        unsigned long pixel(int x, int y) const { return pixels.at(y * layoutWidth + x); }
+        // How wide the unbroken run of the colour through the pixel is, along its row.
+        int runThrough(int x, int y, unsigned long colour) const;
+    };
+
+    SwayDesktop(const std::string& runtimeFolder, const std::string& pointerProgram);
+
     // WAYLAND_DISPLAY, XDG_RUNTIME_DIR and SWAYSOCK, as a client of the desktop has them.
     std::map<std::string, std::string> environment() const;
-    // The whole layout as the compositor shows it now.
     Screenshot screenshot() const;
-    // Runs a sway command ("[pid=42] floating enable"); throws when sway refuses it.
-    void command(const std::string& text) const;
     // Floats the window of the process at the point of the layout, with that size.
     void place(pid_t client, int x, int y, int width, int height) const;
 
+    // The hand, each move returning once the compositor has handled it. Buttons: left, right.
+    void moveTo(int x, int y);
+    void press(const std::string& button = "left") { send("press " + button); }
+    void release(const std::string& button = "left") { send("release " + button); }
+    void click(const std::string& button = "left") {
+        press(button);
+        release(button);
+    }
+    // With the button held, from the pointer's place to the point in small steps, as a hand
+    // drags, so that the programs on both ends see the drag go by.
+    void dragTo(int x, int y);
+
 private:
-    void waitUntilReady();
-    // Where sway takes commands.
-    std::string ipcSocket() const;
     ProcessResult run(const std::vector<std::string>& arguments) const;
+    void send(const std::string& command);
 
     std::string runtimeFolder_;
-    int outputs_;
-    unsigned long background_;
     TemporaryDirectory folder_;
-    std::unique_ptr<ChildProcess> sway_;
     std::string socket_;
+    std::unique_ptr<ChildProcess> sway_;
+    std::unique_ptr<ChildProcess> pointer_;
+    int answers_ = 0;
+    int x_ = 0;
+    int y_ = 0;
 };
 
 } // namespace tidewell::testing

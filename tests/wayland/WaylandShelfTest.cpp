@@ -1,32 +1,38 @@
-#include "wayland/WaylandApplicationTest.h"
+#include "e2e/EndToEndTest.h"
+#include "support/SwayDesktop.h"
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <set>
+#include <thread>
 
 namespace tidewell::testing {
 namespace {
 
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
+using Screenshot = SwayDesktop::Screenshot;
 
-// A row of the screen between two columns.
-struct RowSpan {
-    int y;
-    int fromX;
-    int toX; // one past the end
-};
+constexpr unsigned long windowColour = 0xFF8800;
+// Without a menu bar the shelf hangs this far below the top edge before its tiles begin.
+constexpr int topInset = 28;
 
-// The rows of the span's height whose pixels differ between the two screenshots.
-std::set<int> changedRows(const Screenshot& before, const Screenshot& after, const RowSpan& top,
-                          int height) {
-    std::set<int> rows;
-    for (int y = top.y; y < top.y + height; ++y)
-        for (int x = top.fromX; x < top.toX; ++x)
-            if (before.pixel(x, y) != after.pixel(x, y))
-                rows.insert(y);
-    return rows;
+int centreX(int output) {
+    return output * SwayDesktop::outputWidth + SwayDesktop::outputWidth / 2;
+}
+
+// The width of the body of the shelf showing that many tiles.
+int bodyWidth(int tiles) {
+    return std::max(200, 66 * tiles + 59) - 16;
+}
+
+// Where the tile's centre lies while the shelf shows that many tiles (three or more).
+std::pair<int, int> tileCentre(int output, int tiles, int index) {
+    const int shelfLeft = output * SwayDesktop::outputWidth +
+                          static_cast<int>(std::lround((1920 - bodyWidth(tiles) - 16) / 2.0));
+    return {shelfLeft + 14 + 66 * index + 30, topInset + 8 + 31};
 }
 
 // Whether a terminal runs a shell in the folder: a process working there, started by foot.
@@ -35,11 +41,9 @@ bool terminalRunsIn(const std::string& folder) {
         std::error_code unreadable;
         if (fs::read_symlink(process.path() / "cwd", unreadable) != folder)
             continue;
-        std::ifstream stat(process.path() / "stat");
-        std::string pid, name, state;
+        std::string pid, name, state, parentName;
         int parent = 0;
-        stat >> pid >> name >> state >> parent;
-        std::string parentName;
+        std::ifstream(process.path() / "stat") >> pid >> name >> state >> parent;
         std::ifstream("/proc/" + std::to_string(parent) + "/comm") >> parentName;
         if (parentName == "foot")
             return true;
@@ -47,67 +51,169 @@ bool terminalRunsIn(const std::string& folder) {
     return false;
 }
 
-class WaylandShelfTest : public WaylandApplicationTest {
+// The application started as its user starts it in a Wayland session (WAYLAND_DISPLAY set, no
+// X server at all) on a desktop of the test's own. What it shows is read from screenshots: the
+// shelf hangs from the top centre of an output, a black body with one tile per pinned
+// project. Other clients are the drag source probe's orange windows.
+class WaylandShelfTest : public EndToEndTest {
 protected:
-    // Right-clicks the tile, waits for its menu and clicks its second entry. The menu opens
-    // right of and below the pointer; hovering an entry highlights it, so the second entry is
-    // the highlighted band that follows the first.
-    void chooseSecondMenuEntry(int x, int y) {
-        hand.moveTo(x, y);
-        hand.click(VirtualPointer::Button::right);
-        // Clear of the pointer, both before and while it hovers the menu.
-        const RowSpan menuTop{y, x + 30, x + 130};
-        ASSERT_TRUE(waitUntil([&] {
+    ChildProcess::Launch session(const std::string& program,
+                                 const std::vector<std::string>& arguments = {}) const {
+        auto session = launch(program, arguments, home);
+        session.environment.merge(desktop.environment());
+        session.environment["XDG_SESSION_TYPE"] = "wayland";
+        return session;
+    }
+
+    // Another client's window over that area of the layout, offering the paths as a file drag
+    // and reporting presses and drops.
+    std::unique_ptr<ChildProcess> startWindow(int x, int y, int width, int height,
+                                              std::vector<std::string> paths = {}) {
+        paths.insert(paths.begin(), {"--at", "0,0"});
+        auto window = session(buildFolder() + "/tests/tidewell_drag_source_probe", paths);
+        window.environment["QT_QPA_PLATFORM"] = "wayland";
+        auto client = std::make_unique<ChildProcess>(window);
+        EXPECT_TRUE(waitForLine(*client, "ready")) << client->standardError();
+        desktop.place(client->pid(), x, y, width, height);
+        return client;
+    }
+
+    static bool waitForLine(const ChildProcess& client, const std::string& line) {
+        return waitUntil(
+            [&] { return client.standardOutput().find(line + "\n") != std::string::npos; }, 10s);
+    }
+
+    // The application's surfaces appear a while after it started; until then the pointer at
+    // the top does nothing. Moves the pointer to the point until the shelf opens.
+    bool startApplicationAndOpen(int x, int y, int tiles) {
+        auto launch = session(tidewellPath());
+        launch.environment["XDG_DATA_DIRS"] = root.makeFolder("desktop-data");
+        launch.environment["XDG_CONFIG_DIRS"] = root.makeFolder("desktop-config");
+        application = std::make_unique<ChildProcess>(launch);
+        const int output = x / SwayDesktop::outputWidth;
+        return waitUntil(
+            [&] {
+                desktop.moveTo(x, 600);
+                desktop.moveTo(x, y);
+                return waitUntil([&] { return drawnBodyWidth(output) > 0; }, 1s) &&
+                       waitUntilOpen(output, tiles);
+            },
+            20s);
+    }
+
+    // The width of the black body in the output's row above the tiles, through the point dx
+    // from its centre; 0 without one.
+    int drawnBodyWidth(int output, int dx = 0) const {
+        return desktop.screenshot().runThrough(centreX(output) + dx, topInset + 4, 0x000000);
+    }
+
+    // Its sides may be drawn a pixel in or out of the body's edges.
+    bool showsTiles(int output, int tiles, int dx = 0) const {
+        return std::abs(drawnBodyWidth(output, dx) - bodyWidth(tiles)) <= 2;
+    }
+
+    bool waitUntilOpen(int output, int tiles) {
+        return waitUntil([&] { return showsTiles(output, tiles); });
+    }
+
+    // Waits until nothing is drawn at the top of the output but what lies below the shelf.
+    bool waitUntilClosed(int output, unsigned long below = SwayDesktop::background) {
+        return waitUntil([&] {
             const Screenshot shot = desktop.screenshot();
-            return shot.pixel(x + 100, topInset + 100) != backgroundColour &&
-                   shot.pixel(x + 100, topInset + 120) != backgroundColour;
-        })) << "no menu appeared";
+            for (int y = 0; y < topInset + 100; ++y)
+                for (int x = centreX(output) - 960; x < centreX(output) + 960; ++x)
+                    if (shot.pixel(x, y) != below)
+                        return false;
+            return true;
+        });
+    }
+
+    // Waits until the first tile's icon has faded in and stays as it is: only then does the
+    // open shelf follow changes and take clicks.
+    bool waitUntilSettled(int output, int tiles) {
+        const auto [x, y] = tileCentre(output, tiles, 0);
+        unsigned long previous = 0x000000;
+        return waitUntilOpen(output, tiles) && waitUntil([&] {
+                   const unsigned long current = desktop.screenshot().pixel(x, y);
+                   const bool settled = current != 0x000000 && current == previous;
+                   previous = current;
+                   std::this_thread::sleep_for(100ms);
+                   return settled;
+               });
+    }
+
+    // The rows from y down that many, between x + 30 and x + 130 (clear of the pointer at x and
+    // at x + 150), whose pixels differ from those of the screenshot.
+    std::set<int> changedRows(const Screenshot& before, int x, int y, int rows) const {
+        const Screenshot after = desktop.screenshot();
+        std::set<int> changed;
+        for (int row = y; row < y + rows; ++row)
+            for (int column = x + 30; column < x + 130; ++column)
+                if (before.pixel(column, row) != after.pixel(column, row))
+                    changed.insert(row);
+        return changed;
+    }
+
+    // Right-clicks the tile, waits for its menu and clicks its second entry. The menu opens
+    // right of and below the pointer; hovering an entry highlights it, and the second entry
+    // lies one entry's height below the first.
+    void chooseSecondMenuEntry(int x, int y) {
+        const Screenshot shelf = desktop.screenshot();
+        desktop.moveTo(x, y);
+        desktop.click("right");
+        ASSERT_TRUE(waitUntil([&] { return changedRows(shelf, x, y + 30, 30).size() == 30; }))
+            << "no menu appeared";
         const Screenshot menu = desktop.screenshot();
         std::set<int> first;
         // As a hand moves: the menu follows the pointer once it has moved over it.
-        hand.moveTo(x + 149, y + 9);
-        hand.moveTo(x + 150, y + 10);
-        ASSERT_TRUE(waitUntil([&] {
-            return !(first = changedRows(menu, desktop.screenshot(), menuTop, 60)).empty();
-        })) << "hovering the menu highlighted nothing";
-        std::set<int> second;
-        hand.moveTo(x + 150, *first.rbegin() + 6);
-        ASSERT_TRUE(waitUntil([&] {
-            second = changedRows(menu, desktop.screenshot(), menuTop, 120);
-            return !second.empty() && *second.begin() > *first.begin() + 4;
-        })) << "no second entry below the first";
-        hand.moveTo(x + 150, (*second.begin() + *second.rbegin()) / 2);
-        hand.click();
+        desktop.moveTo(x + 149, y + 9);
+        desktop.moveTo(x + 150, y + 10);
+        ASSERT_TRUE(waitUntil([&] { return !(first = changedRows(menu, x, y, 60)).empty(); }))
+            << "hovering the menu highlighted nothing";
+        desktop.moveTo(x + 150, y + 11 + *first.rbegin() - *first.begin());
+        desktop.click();
     }
+
+    SwayDesktop desktop{runtimeFolder, buildFolder() + "/tests/tidewell_virtual_pointer_probe"};
+    std::unique_ptr<ChildProcess> application;
 };
 
-TEST_F(WaylandShelfTest, WithoutAnXServerTheTopCentreOpensTheShelfAndClicksBesideItPassThrough) {
-    for (const char* name : {"alpha", "beta", "gamma"})
-        addProject(name);
+// The top pixel row of an output and the rows just below it open the shelf there, over other
+// windows, and on that output only.
+TEST_F(WaylandShelfTest, TheTopCentreOfEachOutputOpensTheShelfWhereATilesMenuOpensATerminal) {
+    root.write("config/Tidewell/Tidewell.conf", "[General]\npreferredTerminalApp=foot\n");
+    const std::string alpha = addProject("alpha");
+    addProject("beta");
+    addProject("gamma");
     const auto below = startWindow(0, 0, SwayDesktop::outputWidth, SwayDesktop::outputHeight);
-    startApplication();
-    ASSERT_TRUE(openOnceStarted(centreX(0), 3, 3)) << application->standardError();
-
-    // Leaving closes it; at rest nothing is drawn over the window below.
-    hand.moveTo(centreX(0), 600);
-    EXPECT_TRUE(waitUntilClosed(0, windowColour));
-    // The top pixel row opens it too.
-    hand.moveTo(centreX(0), 0);
+    ASSERT_TRUE(startApplicationAndOpen(centreX(1), 0, 3)) << application->standardError();
+    EXPECT_EQ(drawnBodyWidth(0), 0) << "drawn on the other output too";
+    desktop.moveTo(centreX(1), 600);
+    EXPECT_TRUE(waitUntilClosed(1));
+    desktop.moveTo(centreX(0), 3);
     EXPECT_TRUE(waitUntilOpen(0, 3));
-    hand.moveTo(centreX(0), 600);
+    EXPECT_EQ(drawnBodyWidth(1), 0) << "drawn on the other output too";
+    // Leaving closes it; at rest nothing is drawn over the window below.
+    desktop.moveTo(centreX(0), 600);
     EXPECT_TRUE(waitUntilClosed(0, windowColour));
 
     // A click on the top edge beside the trigger reaches the window below, and opens nothing.
-    hand.moveTo(400, 0);
-    hand.click();
+    desktop.moveTo(400, 0);
+    desktop.click();
     EXPECT_TRUE(waitForLine(*below, "pressed 400,0")) << below->standardOutput();
-    EXPECT_EQ(drawnBodyWidth(desktop.screenshot(), 0), 0);
+    EXPECT_EQ(drawnBodyWidth(0), 0);
 
     // A project pinned while the shelf is open widens it by one tile.
-    hand.moveTo(centreX(0), 3);
+    desktop.moveTo(centreX(0), 3);
     ASSERT_TRUE(waitUntilSettled(0, 3));
     addProject("delta");
-    EXPECT_TRUE(waitUntilOpen(0, 4)) << drawnBodyWidth(desktop.screenshot(), 0);
+    ASSERT_TRUE(waitUntilSettled(0, 4)) << drawnBodyWidth(0);
+
+    // The first tile's menu: its second entry opens a terminal in the folder.
+    const auto [x, y] = tileCentre(0, 4, 0);
+    chooseSecondMenuEntry(x, y);
+    EXPECT_TRUE(waitUntil([&] { return terminalRunsIn(alpha); }, 15s))
+        << "no terminal runs a shell in " << alpha;
 }
 
 TEST_F(WaylandShelfTest, FoldersDroppedFromAnotherClientArePinnedAndATileDraggedOutIsUnpinned) {
@@ -116,30 +222,23 @@ TEST_F(WaylandShelfTest, FoldersDroppedFromAnotherClientArePinnedAndATileDragged
     const std::string gamma = addProject("gamma");
     const std::string dropped = project("dropped");
     const auto source = startWindow(200, 400, 120, 80, {dropped});
-    startApplication();
-    ASSERT_TRUE(openOnceStarted(centreX(0), 3, 3)) << application->standardError();
-    hand.moveTo(centreX(0), 600);
+    ASSERT_TRUE(startApplicationAndOpen(centreX(0), 3, 3)) << application->standardError();
+    desktop.moveTo(centreX(0), 600);
     ASSERT_TRUE(waitUntilClosed(0));
 
     // From the other client up into the trigger: the shelf opens (the dragged icon covers the
     // pointer's place), perhaps with a gap already; over the second tile a gap opens for the
     // folder, which is pinned there.
-    hand.moveTo(260, 440);
-    hand.press();
-    hand.dragTo(centreX(0), 300);
-    hand.dragTo(centreX(0), 2);
-    const auto showsTiles = [&](std::initializer_list<int> counts) {
-        const int width = drawnBodyWidth(desktop.screenshot(), 0, -60);
-        return std::ranges::any_of(
-            counts, [&](int tiles) { return std::abs(width - bodyWidth(tiles)) <= 2; });
-    };
-    ASSERT_TRUE(waitUntil([&] {
-        return showsTiles({3, 4});
-    })) << "a file drag into the trigger did not open the shelf";
+    desktop.moveTo(260, 440);
+    desktop.press();
+    desktop.dragTo(centreX(0), 300);
+    desktop.dragTo(centreX(0), 2);
+    ASSERT_TRUE(waitUntil([&] { return showsTiles(0, 3, -60) || showsTiles(0, 4, -60); }))
+        << "a file drag into the trigger did not open the shelf";
     const auto [x, y] = tileCentre(0, 3, 1);
-    hand.dragTo(x, y);
-    EXPECT_TRUE(waitUntil([&] { return showsTiles({4}); })) << "no gap opened for the folder";
-    hand.release();
+    desktop.dragTo(x, y);
+    EXPECT_TRUE(waitUntil([&] { return showsTiles(0, 4, -60); })) << "no gap opened for it";
+    desktop.release();
     EXPECT_TRUE(waitUntil([&] {
         return pinnedFolders() == std::vector<std::string>{alpha, dropped, beta, gamma};
     })) << ::testing::PrintToString(pinnedFolders());
@@ -148,48 +247,13 @@ TEST_F(WaylandShelfTest, FoldersDroppedFromAnotherClientArePinnedAndATileDragged
     // The first tile dragged far below the shelf is unpinned.
     ASSERT_TRUE(waitUntilSettled(0, 4));
     const auto [fromX, fromY] = tileCentre(0, 4, 0);
-    hand.moveTo(fromX, fromY);
-    hand.press();
-    hand.dragTo(fromX, fromY + 400);
-    hand.release();
+    desktop.moveTo(fromX, fromY);
+    desktop.press();
+    desktop.dragTo(fromX, fromY + 400);
+    desktop.release();
     EXPECT_TRUE(waitUntil([&] {
         return pinnedFolders() == std::vector<std::string>{dropped, beta, gamma};
     })) << ::testing::PrintToString(pinnedFolders());
-}
-
-TEST_F(WaylandShelfTest, ATilesMenuOpensAndItsOpenInTerminalStartsATerminalInTheFolder) {
-    root.write("config/Tidewell/Tidewell.conf", "[General]\npreferredTerminalApp=foot\n");
-    const std::string alpha = addProject("alpha");
-    addProject("beta");
-    addProject("gamma");
-    startApplication();
-    ASSERT_TRUE(openOnceStarted(centreX(0), 3, 3)) << application->standardError();
-    ASSERT_TRUE(waitUntilSettled(0, 3));
-
-    const auto [x, y] = tileCentre(0, 3, 0);
-    chooseSecondMenuEntry(x, y);
-    EXPECT_TRUE(waitUntil([&] { return terminalRunsIn(alpha); }, 15s))
-        << "no terminal runs a shell in " << alpha;
-}
-
-class WaylandTwoOutputsTest : public WaylandApplicationTest {
-protected:
-    WaylandTwoOutputsTest() : WaylandApplicationTest(2) {}
-};
-
-TEST_F(WaylandTwoOutputsTest, TheShelfOpensAtTheTopCentreOfTheOutputUnderThePointer) {
-    addProject("alpha");
-    startApplication();
-    ASSERT_TRUE(openOnceStarted(centreX(1), 0, 1)) << application->standardError();
-    EXPECT_EQ(drawnBodyWidth(desktop.screenshot(), 0), 0) << "drawn on the other output too";
-    hand.moveTo(centreX(1), 600);
-    EXPECT_TRUE(waitUntilClosed(1));
-
-    hand.moveTo(centreX(0), 0);
-    EXPECT_TRUE(waitUntilOpen(0, 1));
-    EXPECT_EQ(drawnBodyWidth(desktop.screenshot(), 1), 0) << "drawn on the other output too";
-    hand.moveTo(centreX(0), 600);
-    EXPECT_TRUE(waitUntilClosed(0));
 }
 
 } // namespace

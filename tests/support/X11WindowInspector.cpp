@@ -194,14 +194,7 @@ std::vector<unsigned long> X11WindowInspector::viewableOverrideRedirectWindows()
 }
 
 unsigned long X11WindowInspector::screenPixel(int x, int y) {
-    XImage* image =
-        XGetImage(display_, DefaultRootWindow(display_), x, y, 1, 1, AllPlanes, ZPixmap);
-    if (!image)
-        throw std::runtime_error("cannot read the screen at " + std::to_string(x) + "," +
-                                 std::to_string(y));
-    const unsigned long pixel = XGetPixel(image, 0, 0) & 0xFFFFFF; // 24-bit TrueColor: 0xRRGGBB
-    XDestroyImage(image);
-    return pixel;
+    return screenArea({x, y, 1, 1}).front();
 }
 
 std::vector<unsigned long> X11WindowInspector::screenArea(const WindowRect& area) {

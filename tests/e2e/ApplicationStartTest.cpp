@@ -1,5 +1,4 @@
 #include "e2e/EndToEndTest.h"
-#include "e2e/PostedSignalListener.h"
 #include "linux/SingleInstanceGuard.h"
 #include "support/HeadlessWeston.h"
 
@@ -11,36 +10,28 @@ namespace {
 
 using namespace std::chrono_literals;
 
-class ApplicationStartTest : public EndToEndTest {
-protected:
-    PostedSignalListener listener;
-};
+using ApplicationStartTest = EndToEndTest;
 
-// The user interface is loaded from beside the program or from the library folder of its
-// prefix; a copy of the program in a folder of its own finds neither.
-TEST_F(ApplicationStartTest, WithoutTheUserInterfaceLibraryTheStartFailsWithOneLine) {
+// Each failed start says why in one line; the tool works all the same. The user interface is
+// loaded from beside the program or from the library folder of its prefix: a copy of the
+// program in a folder of its own finds neither.
+TEST_F(ApplicationStartTest, FailedStartsSayWhyInOneLineAndShowStartsTheApplication) {
+    const PostedSignals signals(environment());
     const std::string program = root.makeFolder("alone") + "/tidewell";
     std::filesystem::copy_file(tidewellPath(), program);
-
-    const ProcessResult result = ChildProcess::run(launch(program, {}, home), 5s);
-    EXPECT_EQ(result.standardOutput, "");
-    EXPECT_TRUE(result.standardError.starts_with("tidewell: cannot load the user interface: "))
-        << result.standardError;
-    EXPECT_EQ(std::count(result.standardError.begin(), result.standardError.end(), '\n'), 1);
-    EXPECT_TRUE(result.standardError.ends_with("\n"));
-    EXPECT_EQ(result.status, 1);
+    const ProcessResult alone = ChildProcess::run(launch(program, {}, home), 5s);
+    EXPECT_EQ(alone.standardOutput, "");
+    EXPECT_TRUE(alone.standardError.starts_with("tidewell: cannot load the user interface: "))
+        << alone.standardError;
+    EXPECT_EQ(std::ranges::count(alone.standardError, '\n'), 1);
+    EXPECT_TRUE(alone.standardError.ends_with("\n"));
+    EXPECT_EQ(alone.status, 1);
     EXPECT_TRUE(std::filesystem::is_regular_file(dataFolder() + "/app.lock"));
-    EXPECT_TRUE(listener.received().empty());
-}
 
-TEST_F(ApplicationStartTest, WithoutAWindowSystemTheStartFailsWithOneLineAndTheToolWorks) {
     const HeadlessWeston weston(runtimeFolder);
     const std::map<std::string, std::string> noLayerShell = {{"WAYLAND_DISPLAY", weston.socket}};
-    struct Case {
-        std::map<std::string, std::string> variables;
-        std::string line;
-    };
-    for (const auto& [variables, line] : std::vector<Case>{
+    for (const auto& [variables, line] :
+         std::vector<std::pair<std::map<std::string, std::string>, std::string>>{
              {noLayerShell, "tidewell: no window system: the Wayland compositor has no layer "
                             "shell and DISPLAY is not set for XWayland\n"},
              {{}, "tidewell: no window system: neither WAYLAND_DISPLAY nor DISPLAY is set\n"},
@@ -52,16 +43,15 @@ TEST_F(ApplicationStartTest, WithoutAWindowSystemTheStartFailsWithOneLineAndTheT
     ChildProcess::Launch list = launch(tidePath(), {"list"}, home);
     list.environment.insert(noLayerShell.begin(), noLayerShell.end());
     expectResult(ChildProcess::run(list), "", "", 0);
-}
+    EXPECT_TRUE(signals.received().empty());
 
-TEST_F(ApplicationStartTest, ShowLeavesTheFlagAndStartsTheApplication) {
     const auto running =
         SingleInstanceGuard::acquire(DataFolder({.home = home, .applicationSupport = dataHome}));
     ASSERT_TRUE(running) << "the lock a running application holds";
     expectResult(ChildProcess::run(launch(tidePath(), {"show", "ignored"}, home), 5s), "", "", 0);
     EXPECT_EQ(readFile(dataFolder() + "/.showOnLaunch"), "");
     // The started application finds the lock held and asks the running one to show its shelf.
-    EXPECT_TRUE(listener.waitFor("Tidewell.showShelf"));
+    EXPECT_TRUE(signals.waitFor("Tidewell.showShelf"));
 }
 
 } // namespace

@@ -1,60 +1,54 @@
 #include "core/items/ItemsJson.h"
 #include "e2e/EndToEndTest.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <memory>
+#include <regex>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace tidewell::testing {
 namespace {
 
-using std::filesystem::create_directory_symlink;
-using std::filesystem::create_symlink;
+namespace fs = std::filesystem;
 
 using BadInputTest = EndToEndTest;
 
-TEST_F(BadInputTest, LinkLoopsAreNoFoldersAndDoNotStopAnAdd) {
+// How the items file escapes odd text is pinned by the unit tests of its writer; here the
+// text comes back whole, text that is not UTF-8 is refused, and link loops are no folders.
+TEST_F(BadInputTest, LinkLoopsOddAndInvalidTextAreHandledAndTheFileIsKept) {
     const std::string loops = project("loops");
-    create_symlink("loop-b", loops + "/loop-a");
-    create_symlink("loop-a", loops + "/loop-b");
-    create_symlink("self", loops + "/self");
+    fs::create_symlink("loop-b", loops + "/loop-a");
+    fs::create_symlink("loop-a", loops + "/loop-b");
+    fs::create_symlink("self", loops + "/self");
     root.makeFolder("projects/loops/assets/deeper");
-    create_directory_symlink("../..", loops + "/assets/deeper/up");
+    fs::create_directory_symlink("../..", loops + "/assets/deeper/up");
     root.makeFolder("projects/loops/secret/inside");
-    std::filesystem::permissions(loops + "/secret", std::filesystem::perms::none);
-
+    fs::permissions(loops + "/secret", fs::perms::none);
     expectResult(tide({"add", "loop-a"}, loops), "", "Path does not exist: " + loops + "/loop-a\n",
                  2);
     expectResult(tide({"self"}, loops), "", "Path does not exist: " + loops + "/self\n", 2);
     EXPECT_FALSE(readFile(itemsFile()));
-
     expectResult(tide({"add", "."}, loops), "Pinned: loops\n", "", 0);
-    ASSERT_EQ(storedItems().size(), 1u);
-    EXPECT_EQ(storedItems()[0].path, loops);
-}
 
-// How the items file escapes such text is pinned by the unit tests of its writer; here the
-// text comes back whole.
-TEST_F(BadInputTest, QuotesBackslashesAndLineFeedsInAPathAreStoredAndListedRaw) {
     const std::string name = "it's \"quoted\" back\\slash\nline";
-    const std::string folder = project(name);
-
-    expectResult(tide({"add", "."}, folder), "Pinned: " + name + "\n", "", 0);
+    const std::string odd = project(name);
+    expectResult(tide({"add", "."}, odd), "Pinned: " + name + "\n", "", 0);
     const std::vector<NotchItem> stored = storedItems();
-    ASSERT_EQ(stored.size(), 1u);
-    EXPECT_EQ(stored[0].name, name);
-    EXPECT_EQ(stored[0].path, folder);
-    expectResult(tide({"list"}, folder), "* " + name + "\t" + folder + "\n", "", 0);
-}
+    ASSERT_EQ(stored.size(), 2u);
+    EXPECT_EQ(stored[0].path, loops);
+    EXPECT_EQ(stored[1].name, name);
+    EXPECT_EQ(stored[1].path, odd);
+    EXPECT_NE(tide({"list"}, odd).standardOutput.find("* " + name + "\t" + odd + "\n"),
+              std::string::npos);
 
-TEST_F(BadInputTest, TextThatIsNotUtf8IsRefusedAndTheFileIsKept) {
-    const std::string good = project("good");
-    ASSERT_EQ(tide({"add", "."}, good).status, 0);
     const std::string before = itemsFileBytes();
-
     expectResult(tide({"add", "."}, project("caf\xE9")), "",
                  "tide: The path " + root.path() +
                      "/projects/caf\\xE9 is not valid UTF-8, so it cannot be stored.\n",
                  1);
-    expectResult(tide({"add", ".", "--name", "\xFF\xFE"}, good), "",
+    expectResult(tide({"add", ".", "--name", "\xFF\xFE"}, odd), "",
                  "tide: The name \\xFF\\xFE is not valid UTF-8, so it cannot be stored.\n", 1);
     EXPECT_EQ(itemsFileBytes(), before);
 }
@@ -62,6 +56,7 @@ TEST_F(BadInputTest, TextThatIsNotUtf8IsRefusedAndTheFileIsKept) {
 // Twenty thousand records of realistic size make a file of more than 10 MB.
 TEST_F(BadInputTest, AHugeItemsFileIsListedAndKeepsEveryRecordWhenOneIsAdded) {
     std::vector<NotchItem> items;
+    std::string expectedList;
     for (int index = 0; index < 20000; ++index) {
         const std::string name = "project-" + std::to_string(index);
         const Uuid id = Uuid::random();
@@ -77,7 +72,6 @@ TEST_F(BadInputTest, AHugeItemsFileIsListedAndKeepsEveryRecordWhenOneIsAdded) {
              .createdAt = Date(std::chrono::seconds(1704067200 + index)),
              .lastOpenedAt = Date(std::chrono::seconds(1704167200 + index))});
     }
-    std::string expectedList;
     for (auto item = items.rbegin(); item != items.rend(); ++item)
         expectedList += (item->isFavorite ? "* " : "- ") + item->name + "\t" + item->path + "\n";
     const std::string before = ItemsJson::encode(items);
@@ -85,21 +79,122 @@ TEST_F(BadInputTest, AHugeItemsFileIsListedAndKeepsEveryRecordWhenOneIsAdded) {
     writeItemsFile(before);
     const std::string folder = project("one-more");
 
-    const ProcessResult listed =
-        ChildProcess::run(launch(tidePath(), {"list"}, folder), std::chrono::seconds(20));
-    EXPECT_FALSE(listed.timedOut);
+    const auto run = [&](const std::vector<std::string>& arguments) {
+        return ChildProcess::run(launch(tidePath(), arguments, folder), std::chrono::seconds(20));
+    };
+    const ProcessResult listed = run({"list"});
     EXPECT_EQ(listed.status, 0);
     EXPECT_TRUE(listed.standardOutput == expectedList) << "the list differs";
-
-    expectResult(
-        ChildProcess::run(launch(tidePath(), {"add", "."}, folder), std::chrono::seconds(20)),
-        "Pinned: one-more\n", "", 0);
+    expectResult(run({"add", "."}), "Pinned: one-more\n", "", 0);
     // The new record is the most recently created, so it comes last, after all the others.
     EXPECT_TRUE(itemsFileBytes().starts_with(before.substr(0, before.size() - 2) + ",\n"))
         << "the earlier records changed";
     const std::vector<NotchItem> after = storedItems();
     ASSERT_EQ(after.size(), items.size() + 1);
     EXPECT_EQ(after.back().path, folder);
+}
+
+using DamagedItemsFileTest = EndToEndTest;
+
+TEST_F(DamagedItemsFileTest, UndecodableFilesListAsEmptyAndAreKeptWhenTheNextSaveReplacesThem) {
+    std::vector<std::string> damaged = {
+        "[{\"id\": \"not closed",  "{\"a\":1}",           "[1,2]", "",
+        std::string(4096, '\xFF'), std::string("[\0]", 3)};
+    for (std::size_t index = 0; index < damaged.size(); ++index) {
+        SCOPED_TRACE("damaged file " + std::to_string(index));
+        const std::string folder = project("p" + std::to_string(index));
+        writeItemsFile(damaged[index]);
+
+        expectResult(tide({"list"}, folder), "", "", 0);
+        EXPECT_EQ(itemsFileBytes(), damaged[index]);
+        expectResult(tide({"add", "."}, folder), "Pinned: p" + std::to_string(index) + "\n", "", 0);
+        EXPECT_EQ(storedItems().size(), 1u);
+    }
+    // Several copies are usually made within one second; each keeps a name of its own that
+    // says when it was made.
+    const std::regex keptName(R"(items\.json\.corrupt-\d{8}T\d{6}Z(-\d+)?)");
+    std::vector<std::string> kept;
+    for (const std::string& name : entries(dataFolder()))
+        if (name.starts_with("items.json.corrupt-")) {
+            EXPECT_TRUE(std::regex_match(name, keptName)) << name;
+            kept.push_back(readFile(dataFolder() + "/" + name).value_or("(unreadable)"));
+        }
+    std::sort(kept.begin(), kept.end());
+    std::sort(damaged.begin(), damaged.end());
+    EXPECT_EQ(kept, damaged);
+}
+
+using ConcurrentAddsTest = EndToEndTest;
+
+// Every add reads, changes and writes the whole file; none may lose another's record. A FIFO
+// named like an icon, which would block whoever opens it, holds up neither its own add nor
+// the others.
+TEST_F(ConcurrentAddsTest, HundredSimultaneousAddsOfDifferentFoldersKeepEveryRecord) {
+    std::vector<std::string> folders;
+    std::vector<std::unique_ptr<ChildProcess>> processes;
+    for (int index = 0; index < 100; ++index) {
+        folders.push_back(project("p" + std::to_string(index)));
+        if (index % 10 == 0) {
+            ASSERT_EQ(::mkfifo((folders.back() + "/logo.png").c_str(), 0600), 0);
+        }
+        processes.push_back(std::make_unique<ChildProcess>(
+            launch(tidePath(), {"add", folders.back()}, root.path())));
+    }
+    for (std::size_t index = 0; index < processes.size(); ++index)
+        expectResult(processes[index]->wait(std::chrono::seconds(30)),
+                     "Pinned: p" + std::to_string(index) + "\n", "", 0);
+
+    std::vector<std::string> storedPaths;
+    for (const NotchItem& item : storedItems())
+        storedPaths.push_back(item.path);
+    std::sort(storedPaths.begin(), storedPaths.end());
+    std::sort(folders.begin(), folders.end());
+    EXPECT_EQ(storedPaths, folders);
+}
+
+// Tests may run as root, whom permission bits do not stop: every case here stops root too.
+using UnwritableDataFolderTest = EndToEndTest;
+
+TEST_F(UnwritableDataFolderTest, ADataFolderBelowARegularFileFailsEverySaveWithItsReason) {
+    const std::string file = root.write("plain-file", "not a folder");
+    for (const std::vector<std::string>& arguments :
+         std::vector<std::vector<std::string>>{{"add", "."}, {"remove", "web"}, {"cache-icons"}}) {
+        ChildProcess::Launch command = launch(tidePath(), arguments, project("web"));
+        command.environment["XDG_DATA_HOME"] = file + "/data";
+        expectResult(ChildProcess::run(command), "",
+                     "tide: Cannot create the folder " + file + "/data/Tidewell: Not a directory\n",
+                     1);
+    }
+    EXPECT_EQ(readFile(file), "not a folder");
+}
+
+// The tool runs in a mount namespace of its own, with the data folder mounted read-only.
+TEST_F(UnwritableDataFolderTest, AReadOnlyDataFolderFailsTheSaveAndKeepsTheItems) {
+    const auto runWithReadOnly = [](const std::string& folder, ChildProcess::Launch command) {
+        std::vector<std::string> wrapped = {
+            "unshare", "--mount", "sh", "-c", R"(mount --bind -o ro "$0" "$0" && exec "$@")",
+            folder};
+        // A user without the right to mount gets it inside a user namespace of its own.
+        if (::geteuid() != 0)
+            wrapped.insert(wrapped.begin() + 1, "--map-root-user");
+        wrapped.insert(wrapped.end(), command.arguments.begin(), command.arguments.end());
+        command.arguments = wrapped;
+        return ChildProcess::run(command);
+    };
+    if (runWithReadOnly(root.path(), launch("true", {}, root.path())).status != 0)
+        GTEST_SKIP() << "this machine allows no mount namespace";
+    ASSERT_EQ(tide({"add", "."}, project("kept")).status, 0);
+    const std::string before = itemsFileBytes();
+
+    for (const std::vector<std::string>& arguments :
+         std::vector<std::vector<std::string>>{{"add", "."}, {"remove", "kept"}})
+        expectResult(runWithReadOnly(dataFolder(), launch(tidePath(), arguments, project("web"))),
+                     "",
+                     "tide: Cannot open the lock file " + dataFolder() +
+                         "/items.lock: Read-only file system\n",
+                     1);
+    EXPECT_EQ(itemsFileBytes(), before);
+    EXPECT_EQ(entries(dataFolder()), (std::vector<std::string>{"items.json", "items.lock"}));
 }
 
 } // namespace

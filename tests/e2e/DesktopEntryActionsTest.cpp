@@ -36,10 +36,20 @@ protected:
         return arguments;
     }
 
+    ProcessResult run(const std::string& action) const {
+        return ChildProcess::run({.arguments = command(action),
+                                  .workingDirectory = home,
+                                  .environment = applicationEnvironment()});
+    }
+
     ScopedEnvironment installed;
 };
 
-TEST_F(DesktopEntryActionsTest, TheEntryOffersEveryStatusMenuActionThatNeedsNoWindow) {
+// The entry offers every status menu action that needs no window. "Reveal data" makes the data
+// folder, as the menu does, and opens it with the desktop's folder handler. Run in a process
+// namespace of its own, the quit action can reach no other application of this user, such as
+// one of another test run; it ends the application as the menu's quit does.
+TEST_F(DesktopEntryActionsTest, RevealDataShowShelfAndQuitActAsTheStatusMenuDoes) {
     const std::unique_ptr<GDesktopAppInfo, void (*)(void*)> entry(
         g_desktop_app_info_new_from_filename(TIDEWELL_DESKTOP_ENTRY), g_object_unref);
     ASSERT_TRUE(entry);
@@ -49,30 +59,16 @@ TEST_F(DesktopEntryActionsTest, TheEntryOffersEveryStatusMenuActionThatNeedsNoWi
         actions.emplace_back(*id, name);
         g_free(name);
     }
-    const std::vector<std::pair<std::string, std::string>> expected = {
-        {"show-shelf", "Show shelf"}, {"reveal-data", "Reveal data"}, {"quit", "Quit Tidewell"}};
-    EXPECT_EQ(actions, expected);
-}
+    EXPECT_EQ(actions,
+              (std::vector<std::pair<std::string, std::string>>{{"show-shelf", "Show shelf"},
+                                                                {"reveal-data", "Reveal data"},
+                                                                {"quit", "Quit Tidewell"}}));
 
-// The data folder is made first, as the menu makes it, and then opened with the desktop's
-// folder handler.
-TEST_F(DesktopEntryActionsTest, RevealDataMakesTheDataFolderAndOpensIt) {
     ASSERT_FALSE(std::filesystem::exists(dataFolder()));
-    const ChildProcess::Launch reveal = {.arguments = command("reveal-data"),
-                                         .workingDirectory = home,
-                                         .environment = applicationEnvironment()};
-    expectResult(ChildProcess::run(reveal), "", "", 0);
-    const auto opened = handlers.waitForLaunch(TestHandlers::folderHandlerId);
-    ASSERT_TRUE(opened) << "the folder handler was not started";
-    EXPECT_TRUE(opened->arguments.back() == dataFolder() ||
-                opened->arguments.back() == "file://" + dataFolder())
-        << opened->arguments.back();
+    expectResult(run("reveal-data"), "", "", 0);
+    expectFolderOpened(dataFolder());
     EXPECT_TRUE(std::filesystem::is_directory(dataFolder()));
-}
 
-// Run in a process namespace of its own, the quit action can reach no other application of
-// this user, such as one of another test run; it ends the application as the menu's quit does.
-TEST_F(DesktopEntryActionsTest, ShowShelfShowsItAndQuitEndsTheApplicationAsTheMenuDoes) {
     std::vector<std::string> namespaced = {"unshare", "--pid", "--fork", "--mount-proc"};
     if (::geteuid() != 0)
         namespaced.insert(namespaced.begin() + 1, "--map-root-user");
@@ -88,11 +84,7 @@ TEST_F(DesktopEntryActionsTest, ShowShelfShowsItAndQuitEndsTheApplicationAsTheMe
         {"bash", "-c", R"(app=${!#}; "$app" & read -r _; "${@:1:$#-1}"; wait $!)", "bash"});
     namespaced.insert(namespaced.end(), quit.begin(), quit.end());
     startApplication({}, namespaced);
-
-    expectResult(ChildProcess::run({.arguments = command("show-shelf"),
-                                    .workingDirectory = home,
-                                    .environment = applicationEnvironment()}),
-                 "", "", 0);
+    expectResult(run("show-shelf"), "", "", 0);
     EXPECT_TRUE(waitUntil([&] { return isShelfShown(); }));
     application->writeInput("\n");
     const ProcessResult ended = application->wait(10s);

@@ -13,6 +13,33 @@
 
 namespace tidewell::testing {
 
+PostedSignals::PostedSignals(const std::map<std::string, std::string>& environment)
+    : monitor_({.arguments = {"dbus-monitor", "--session",
+                              "type='signal',interface='com.quorvel.tidewell.Notifications'"},
+                .environment = environment}) {
+    // It loses its own name once it has become a monitor.
+    if (!monitor_.waitForOutput("member=NameLost"))
+        throw std::runtime_error("dbus-monitor did not start: " + monitor_.standardError());
+}
+
+std::vector<std::string> PostedSignals::received() const {
+    const std::string output = monitor_.standardOutput();
+    const std::string posted = "path=/com/quorvel/tidewell; "
+                               "interface=com.quorvel.tidewell.Notifications; member=Posted\n"
+                               "   string \"";
+    std::vector<std::string> names;
+    for (auto at = output.find(posted); at != std::string::npos; at = output.find(posted, at)) {
+        at += posted.size();
+        names.push_back(output.substr(at, output.find('"', at) - at));
+    }
+    return names;
+}
+
+bool PostedSignals::waitFor(const std::string& name, int count,
+                            std::chrono::milliseconds timeout) const {
+    return waitUntil([&] { return std::ranges::count(received(), name) >= count; }, timeout);
+}
+
 EndToEndTest::EndToEndTest() {
     std::filesystem::permissions(runtimeFolder, std::filesystem::perms::owner_all);
 }
@@ -71,10 +98,8 @@ std::string EndToEndTest::addProject(const std::string& name,
 }
 
 std::vector<std::string> EndToEndTest::pinnedFolders() const {
-    std::vector<NotchItem> pinned;
-    for (const NotchItem& item : storedItems())
-        if (item.isFavorite)
-            pinned.push_back(item);
+    std::vector<NotchItem> pinned = storedItems();
+    std::erase_if(pinned, [](const NotchItem& item) { return !item.isFavorite; });
     std::ranges::stable_sort(pinned, {}, [](const NotchItem& item) {
         return std::pair(item.sortOrder.value_or(std::numeric_limits<std::int64_t>::max()),
                          item.createdAt);
@@ -103,8 +128,7 @@ std::optional<std::string> EndToEndTest::readFile(const std::string& path) {
     return bytes.str();
 }
 
-bool EndToEndTest::waitUntil(const std::function<bool()>& condition,
-                             std::chrono::milliseconds timeout) {
+bool waitUntil(const std::function<bool()>& condition, std::chrono::milliseconds timeout) {
     const auto deadline = std::chrono::steady_clock::now() + timeout;
     while (!condition()) {
         if (std::chrono::steady_clock::now() > deadline)
@@ -118,21 +142,8 @@ std::vector<std::string> EndToEndTest::entries(const std::string& folder) {
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(folder))
         names.push_back(entry.path().filename());
-    std::sort(names.begin(), names.end());
+    std::ranges::sort(names);
     return names;
-}
-
-std::string EndToEndTest::filled(std::string text,
-                                 const std::map<std::string, std::string>& values) {
-    for (const auto& [key, value] : values) {
-        std::string escaped;
-        for (const char c : value)
-            escaped += c == '/' ? std::string("\\/") : std::string(1, c);
-        for (std::size_t at = text.find(key); at != std::string::npos;
-             at = text.find(key, at + escaped.size()))
-            text.replace(at, key.size(), escaped);
-    }
-    return text;
 }
 
 } // namespace tidewell::testing

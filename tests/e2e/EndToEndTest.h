@@ -14,6 +14,26 @@
 
 namespace tidewell::testing {
 
+// Polls the condition until it holds or the timeout passes; returns the condition.
+bool waitUntil(const std::function<bool()>& condition,
+               std::chrono::milliseconds timeout = std::chrono::seconds(5));
+
+// The notifications Tidewell processes broadcast on the session bus, as dbus-monitor hears
+// them on the wire (path, interface, member and the name as its one string): only those posted
+// once the object is made.
+class PostedSignals {
+public:
+    explicit PostedSignals(const std::map<std::string, std::string>& environment);
+    // The names heard so far, in arrival order.
+    std::vector<std::string> received() const;
+    // Whether `count` notifications of that name have arrived within the timeout.
+    bool waitFor(const std::string& name, int count = 1,
+                 std::chrono::milliseconds timeout = std::chrono::seconds(5)) const;
+
+private:
+    ChildProcess monitor_;
+};
+
 // The built program run as its user would run it, but with a home, XDG folders and a
 // session bus of the test's own, so nothing of the machine's user is read or changed.
 class EndToEndTest : public ::testing::Test {
@@ -50,14 +70,8 @@ protected:
     std::vector<NotchItem> storedItems() const;
 
     static std::optional<std::string> readFile(const std::string& path);
-    // Polls the condition until it holds or the timeout passes; returns the condition.
-    static bool waitUntil(const std::function<bool()>& condition,
-                          std::chrono::milliseconds timeout = std::chrono::seconds(5));
     // The names in a folder, sorted.
     static std::vector<std::string> entries(const std::string& folder);
-    // The text with each key replaced by its value, slashes written "\/" as the items file
-    // writes them.
-    static std::string filled(std::string text, const std::map<std::string, std::string>& values);
 
     TemporaryDirectory root;
     PrivateSessionBus bus;

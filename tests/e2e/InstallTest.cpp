@@ -2,35 +2,43 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <sstream>
 
 namespace tidewell::testing {
 namespace {
 
+namespace fs = std::filesystem;
+
 using InstallTest = EndToEndTest;
 
-// The build installed into a fresh prefix: what lands there, and that the installed tool
-// knows it is installed.
-TEST_F(InstallTest, InstallsTheProgramItsLinkAndTheDesktopEntry) {
+// The build installed into a fresh prefix: what lands there, that the installed tool knows it
+// is installed, and that the program starts without any toolkit (those libraries belong to
+// the user interface library, loaded only by an application start).
+TEST_F(InstallTest, InstallsTheProgramWithoutToolkitLibrariesItsLinkAndTheDesktopEntry) {
     const std::string prefix = root.path() + "/prefix";
     const ProcessResult installed = ChildProcess::run(
         {.arguments = {TIDEWELL_CMAKE, "--install", buildFolder(), "--prefix", prefix},
          .environment = environment()},
         std::chrono::seconds(60));
     ASSERT_EQ(installed.status, 0) << installed.standardError;
-
-    namespace fs = std::filesystem;
+    const std::string libraries = prefix + "/" TIDEWELL_INSTALL_LIBDIR "/tidewell";
     EXPECT_EQ(fs::status(prefix + "/bin/tidewell").permissions() & fs::perms::owner_exec,
               fs::perms::owner_exec);
     EXPECT_EQ(fs::read_symlink(prefix + "/bin/tide"), "tidewell");
-    EXPECT_TRUE(fs::is_directory(prefix + "/" TIDEWELL_INSTALL_LIBDIR "/tidewell"));
-    EXPECT_TRUE(fs::is_regular_file(prefix + "/" TIDEWELL_INSTALL_LIBDIR
-                                             "/tidewell/plugins/wayland-shell-integration/"
-                                             "libtidewell-layer-shell.so"));
+    EXPECT_TRUE(fs::is_regular_file(
+        libraries + "/plugins/wayland-shell-integration/libtidewell-layer-shell.so"));
     EXPECT_TRUE(fs::is_regular_file(prefix + "/share/applications/com.quorvel.tidewell.desktop"));
     EXPECT_TRUE(fs::is_regular_file(prefix +
                                     "/share/icons/hicolor/scalable/apps/com.quorvel.tidewell.svg"));
     expectResult(ChildProcess::run(launch(prefix + "/bin/tide", {"login-status"}, home)),
                  "not registered\n", "", 0);
+
+    const ProcessResult ldd = ChildProcess::run(launch("ldd", {prefix + "/bin/tidewell"}, home));
+    ASSERT_NE(ldd.standardOutput.find("libc.so"), std::string::npos) << ldd.standardOutput;
+    std::istringstream lines(ldd.standardOutput);
+    for (std::string line; std::getline(lines, line);)
+        for (const char* toolkit : {"libQt", "libglib", "libgio", "libgobject", "libX", "libxcb"})
+            EXPECT_FALSE(line.substr(line.find_first_not_of(" \t")).starts_with(toolkit)) << line;
 }
 
 // The Debian package of the build, unpacked into a scratch root: its tool works there, and
@@ -44,8 +52,8 @@ TEST_F(InstallTest, TheDebianPackageUnpackedRunsTheToolAndLoadsTheInterface) {
                           std::chrono::seconds(150));
     ASSERT_EQ(packed.status, 0) << packed.standardOutput << packed.standardError;
     const auto names = entries(packages);
-    const auto package = std::find_if(
-        names.begin(), names.end(), [](const std::string& name) { return name.ends_with(".deb"); });
+    const auto package =
+        std::ranges::find_if(names, [](const std::string& name) { return name.ends_with(".deb"); });
     ASSERT_NE(package, names.end()) << packed.standardOutput;
     const std::string scratch = root.makeFolder("scratch");
     expectResult(ChildProcess::run({.arguments = {"dpkg", "-x", packages + "/" + *package, scratch},

@@ -38,6 +38,17 @@ void RunningApplicationTest::startApplication(const std::map<std::string, std::s
     panel = *window;
 }
 
+std::unique_ptr<ChildProcess>
+RunningApplicationTest::startDragSource(int x, int y, const std::vector<std::string>& paths) const {
+    std::vector<std::string> arguments{buildFolder() + "/tests/tidewell_drag_source_probe", "--at",
+                                       std::to_string(x) + "," + std::to_string(y)};
+    arguments.insert(arguments.end(), paths.begin(), paths.end());
+    auto source = std::make_unique<ChildProcess>(ChildProcess::Launch{
+        .arguments = arguments, .workingDirectory = home, .environment = applicationEnvironment()});
+    EXPECT_TRUE(source->waitForOutput("ready")) << "the drag source did not show its window";
+    return source;
+}
+
 WindowRect RunningApplicationTest::panelGeometry(int tiles, const WindowRect& screen, int scale) {
     const int shelfWidth = std::max(200, 66 * tiles + 59);
     // Centred on the screen; a half point rounds up.
@@ -46,28 +57,13 @@ WindowRect RunningApplicationTest::panelGeometry(int tiles, const WindowRect& sc
             scale * (shelfWidth + 2 * shadowMargin), scale * (topInset + 88 + shadowMargin)};
 }
 
+bool RunningApplicationTest::panelShows(int tiles) {
+    return waitUntil([&] { return inspector.rootGeometry(panel) == panelGeometry(tiles); });
+}
+
 bool RunningApplicationTest::openShelf() {
     hand.movePointerTo(screenWidth / 2, 3);
-    return waitUntil([&] { return isShelfShown(); });
-}
-
-// The body grows in width and height at once: its lower edge and the left flare, which
-// reaches the top edge only at the full width, are both drawn when it has finished. Black
-// can cover the whole window for a moment too, as while a compositor that has just started
-// takes the screen over: the desktop seen under the flare tells the drawn body from that.
-bool RunningApplicationTest::waitUntilExpanded() {
-    const WindowRect window = inspector.rootGeometry(panel);
-    const int frameLeft = window.x + shadowMargin;
-    const int lowerEdgeY = topInset + 88 - 2;
-    return waitUntil([&] {
-        return inspector.screenPixel(frameLeft + 8 + 30, lowerEdgeY) == 0x000000 &&
-               inspector.screenPixel(frameLeft + 6, 0) == 0x000000 &&
-               inspector.screenPixel(frameLeft + 6, 6) == desktopColour;
-    });
-}
-
-bool RunningApplicationTest::waitUntilSettled() {
-    if (!waitUntilExpanded())
+    if (!waitUntil([&] { return isShelfShown(); }) || !waitUntilExpanded())
         return false;
     const auto [x, y] = tileCentre(0);
     unsigned long previous = 0x000000;
@@ -80,15 +76,36 @@ bool RunningApplicationTest::waitUntilSettled() {
     });
 }
 
+// The body grows in width and height at once: its lower edge and the left flare, which
+// reaches the top edge only at the full width, are both drawn when it has finished. Black
+// can cover the whole window for a moment too, as while a compositor that has just started
+// takes the screen over: the desktop seen under the flare tells the drawn body from that.
+bool RunningApplicationTest::waitUntilExpanded() {
+    const int frameLeft = inspector.rootGeometry(panel).x + shadowMargin;
+    return waitUntil([&] {
+        return inspector.screenPixel(frameLeft + 8 + 30, topInset + 88 - 2) == 0x000000 &&
+               inspector.screenPixel(frameLeft + 6, 0) == 0x000000 &&
+               inspector.screenPixel(frameLeft + 6, 6) == desktopColour;
+    });
+}
+
+std::pair<int, int> RunningApplicationTest::tileCentre(int index) {
+    const WindowRect window = inspector.rootGeometry(panel);
+    return {window.x + shadowMargin + 14 + 66 * index + 30, topInset + 8 + 31};
+}
+
 void RunningApplicationTest::clickTile(int index, unsigned button) {
     const auto [x, y] = tileCentre(index);
     hand.movePointerTo(x, y);
     hand.click(button);
 }
 
-std::pair<int, int> RunningApplicationTest::tileCentre(int index) {
-    const WindowRect window = inspector.rootGeometry(panel);
-    return {window.x + shadowMargin + 14 + 66 * index + 30, topInset + 8 + 31};
+void RunningApplicationTest::expectFolderOpened(const std::string& folder) {
+    const auto launch = handlers.waitForLaunch(TestHandlers::folderHandlerId);
+    ASSERT_TRUE(launch) << "the folder handler was not started";
+    EXPECT_TRUE(launch->arguments == std::vector<std::string>{folder} ||
+                launch->arguments == std::vector<std::string>{"file://" + folder})
+        << (launch->arguments.empty() ? "no arguments" : launch->arguments.front());
 }
 
 } // namespace tidewell::testing

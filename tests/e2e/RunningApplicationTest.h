@@ -6,8 +6,6 @@
 #include "support/X11TestClient.h"
 #include "support/X11WindowInspector.h"
 
-#include <chrono>
-#include <functional>
 #include <memory>
 
 namespace tidewell::testing {
@@ -33,25 +31,29 @@ protected:
     // it takes as its last argument, and reads what the test writes to its input.
     void startApplication(const std::map<std::string, std::string>& variables = {},
                           const std::vector<std::string>& launcher = {});
+    // Another application's window at the point, offering the paths as a file drag.
+    std::unique_ptr<ChildProcess> startDragSource(int x, int y,
+                                                  const std::vector<std::string>& paths) const;
 
     // Where the panel window lies while it shows that many tiles on the screen, whose
     // device pixels are `scale` times its points.
     static WindowRect panelGeometry(int tiles, const WindowRect& screen = {0, 0, 1920, 1080},
                                     int scale = 1);
     bool isShelfShown() { return inspector.isViewable(panel); }
-    // Moves the pointer into the trigger at the top centre and waits for the panel.
+    // Waits until the panel lies where it does with that many tiles.
+    bool panelShows(int tiles);
+    // Moves the pointer into the trigger at the top centre and waits until the shelf has
+    // opened, drawn down to its lower edge, and its first tile has faded in and stays as it
+    // is: only then does the shelf follow changes and take clicks.
     bool openShelf();
-    // Waits until the open shelf's body is drawn down to its lower edge: the opening
-    // transition has run its course.
     bool waitUntilExpanded();
-    // Waits until the tiles have faded in as well: the first tile's centre is drawn and stays
-    // as it is. Only then does the shelf follow changes and take clicks.
-    bool waitUntilSettled();
     // Where the tile's centre lies on the screen while the shelf is open with three tiles or
     // more (fewer are centred in the shelf's least width).
     std::pair<int, int> tileCentre(int index);
     // Moves the pointer onto the tile and clicks it with the button.
     void clickTile(int index, unsigned button);
+    // The folder handler was started for the folder, given as a path or a file URI.
+    void expectFolderOpened(const std::string& folder);
 
     std::unique_ptr<VirtualDisplay> ownDisplay;
     VirtualDisplay& display = *ownDisplay;

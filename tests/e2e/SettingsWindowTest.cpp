@@ -3,15 +3,11 @@
 #include "support/PointerDrag.h"
 
 #include <algorithm>
-#include <thread>
 
 namespace tidewell::testing {
 namespace {
 
 using namespace std::chrono_literals;
-
-// A tint no other pixel of the window has: the first project's icon is found by it.
-constexpr const char* markedTint = "#FF00FF";
 
 bool isMarked(unsigned long pixel) {
     const unsigned long red = pixel >> 16 & 0xFF, green = pixel >> 8 & 0xFF, blue = pixel & 0xFF;
@@ -20,24 +16,10 @@ bool isMarked(unsigned long pixel) {
 
 class SettingsWindowTest : public RunningApplicationTest {
 protected:
-    // Three projects; the items file's first one, which the settings window lists first, is
-    // marked with its tint.
-    void addMarkedProjects() {
-        for (const char* name : {"alpha", "beta", "gamma"})
-            addProject(name);
-        std::vector<NotchItem> items = storedItems();
-        ASSERT_EQ(items.size(), 3u);
-        items.front().tintHex = markedTint;
-        writeItemsFile(ItemsJson::encode(items));
-    }
-
-    void openShelfWithThreeProjects() {
-        ASSERT_TRUE(openShelf());
-        ASSERT_TRUE(waitUntilSettled());
-    }
-
-    // Clicks the gear tile after the three tiles and waits for the settings window.
+    // Clicks the gear tile after the three tiles and waits for the settings window and the
+    // first project's row.
     void openSettings() {
+        ASSERT_TRUE(openShelf());
         const WindowRect window = inspector.rootGeometry(panel);
         hand.movePointerTo(window.x + shadowMargin + 66 * 3 + 31, topInset + 8 + 31);
         hand.click(1);
@@ -67,15 +49,6 @@ protected:
         return std::pair(x + 14, window.y + (top + bottom) / 2);
     }
 
-    // The tile showing the marked project on the open shelf.
-    std::optional<int> markedTile() {
-        for (int index = 0; index < 3; ++index) {
-            const auto [x, y] = tileCentre(index);
-            if (isMarked(inspector.screenPixel(x, y - 24)))
-                return index;
-        }
-        return std::nullopt;
-    }
     // The name under the tile as drawn.
     std::vector<unsigned long> tileName(int index) {
         const auto [x, y] = tileCentre(index);
@@ -85,14 +58,22 @@ protected:
     unsigned long settings = 0;
 };
 
-TEST_F(SettingsWindowTest, TheGearOpensTheSettingsWhereTypingANameRenamesTheProjectAndItsTile) {
-    addMarkedProjects();
-    const std::string markedId = storedItems().front().id.text();
+// The items file's first project, which the settings window lists first, is marked with a
+// tint no other pixel of the window has.
+TEST_F(SettingsWindowTest, TheGearOpensTheSettingsWhereANameIsTypedAndFoldersAreDropped) {
+    for (const char* name : {"alpha", "beta", "gamma"})
+        addProject(name);
+    std::vector<NotchItem> items = storedItems();
+    items.front().tintHex = "#FF00FF";
+    writeItemsFile(ItemsJson::encode(items));
     startApplication();
-    openShelfWithThreeProjects();
-    const auto tile = markedTile();
-    ASSERT_TRUE(tile) << "no tile shows the marked project";
-    const std::vector<unsigned long> nameBefore = tileName(*tile);
+    ASSERT_TRUE(openShelf());
+    int tile = 0;
+    while (tile < 3 &&
+           !isMarked(inspector.screenPixel(tileCentre(tile).first, tileCentre(tile).second - 24)))
+        ++tile;
+    ASSERT_LT(tile, 3) << "no tile shows the marked project";
+    const std::vector<unsigned long> nameBefore = tileName(tile);
     openSettings();
 
     // Shown, the window takes the keyboard: keys typed before that would go astray.
@@ -111,60 +92,38 @@ TEST_F(SettingsWindowTest, TheGearOpensTheSettingsWhereTypingANameRenamesTheProj
     hand.typeKey("a", {"Control_L"});
     hand.typeText("site");
     EXPECT_TRUE(waitUntil([&] {
-        const std::vector<NotchItem> items = storedItems();
-        return !items.empty() && items.front().name == "site";
-    })) << "the items file holds \""
-        << storedItems().front().name << "\"";
-    EXPECT_EQ(storedItems().front().id.text(), markedId);
-
+        const std::vector<NotchItem> now = storedItems();
+        return !now.empty() && now[0].name == "site";
+    })) << "the name was not saved";
+    EXPECT_EQ(storedItems().front().id, items.front().id);
     hand.typeKey("Escape");
     EXPECT_TRUE(waitUntil([&] { return !inspector.isViewable(settings); }))
         << "Escape did not close the settings window";
-    openShelfWithThreeProjects();
-    EXPECT_TRUE(waitUntil([&] { return tileName(*tile) != nameBefore; }))
+    ASSERT_TRUE(openShelf());
+    EXPECT_TRUE(waitUntil([&] { return tileName(tile) != nameBefore; }))
         << "the tile still shows the old name";
-}
 
-TEST_F(SettingsWindowTest, FoldersDroppedOnTheProjectsArePinnedInOrderAndFilesIgnored) {
-    addMarkedProjects();
+    // Folders dropped onto the projects are pinned in order after the others; files are not.
     const std::string first = project("first dropped");
-    const std::string file = root.write("notes.txt", "not a folder");
     const std::string second = project("second dropped");
-    startApplication();
-    openShelfWithThreeProjects();
     openSettings();
-    std::vector<std::string> arguments{buildFolder() + "/tests/tidewell_drag_source_probe",
-                                       "--at",
-                                       "100,100",
-                                       first,
-                                       file,
-                                       second};
-    ChildProcess source({.arguments = arguments,
-                         .workingDirectory = home,
-                         .environment = applicationEnvironment()});
-    ASSERT_TRUE(waitUntil([&] {
-        return source.standardOutput().find("ready") != std::string::npos;
-    })) << "the drag source did not show its window";
-
-    // Onto the first project's row; the drop target's outline lies left of it.
+    const auto source = startDragSource(100, 100, {first, root.write("notes.txt"), second});
     const auto [x, y] = *markedIconCentre();
-    const WindowRect window = inspector.rootGeometry(settings);
-    const int outlineX = window.x + 14;
+    // The drop target's outline lies left of the row.
+    const int outlineX = inspector.rootGeometry(settings).x + 14;
     const unsigned long unmarked = inspector.screenPixel(outlineX, y);
-    PointerDrag drag(hand, 160, 140);
-    drag.moveTo(x, y);
-    drag.hover(300ms);
-    EXPECT_TRUE(waitUntil([&] { return inspector.screenPixel(outlineX, y) != unmarked; }))
-        << "the projects were not outlined while the drag hovered";
-    drag.release();
-
+    {
+        PointerDrag drag(hand, 160, 140);
+        drag.moveTo(x, y);
+        drag.hover(300ms);
+        EXPECT_TRUE(waitUntil([&] { return inspector.screenPixel(outlineX, y) != unmarked; }))
+            << "the projects were not outlined while the drag hovered";
+    }
     EXPECT_TRUE(waitUntil([&] { return storedItems().size() == 5; }))
         << storedItems().size() << " items: the file was added too, or a folder was not";
     const std::vector<std::string> pinned = pinnedFolders();
     ASSERT_EQ(pinned.size(), 5u);
-    EXPECT_EQ(std::vector(pinned.end() - 2, pinned.end()),
-              (std::vector<std::string>{first, second}))
-        << "the folders were not pinned in order after the others";
+    EXPECT_EQ(std::vector(pinned.end() - 2, pinned.end()), (std::vector{first, second}));
     EXPECT_TRUE(waitUntil([&] { return inspector.screenPixel(outlineX, y) == unmarked; }))
         << "the outline stayed after the drop";
 }

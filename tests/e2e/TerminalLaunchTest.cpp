@@ -1,28 +1,14 @@
 #include "e2e/EndToEndTest.h"
 #include "support/VirtualDisplay.h"
 
-#include <chrono>
 #include <csignal>
 #include <filesystem>
-#include <functional>
-#include <thread>
 
 namespace tidewell::testing {
 namespace {
 
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
-
-// Waits (bounded: real programs are starting) until the condition holds.
-bool eventually(const std::function<bool()>& condition, std::chrono::seconds limit = 15s) {
-    const auto deadline = std::chrono::steady_clock::now() + limit;
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > deadline)
-            return false;
-        std::this_thread::sleep_for(50ms);
-    }
-    return true;
-}
 
 // The ids of the running processes that pass the test, given their folder in /proc.
 std::vector<pid_t> processes(const std::function<bool(const fs::path&)>& test) {
@@ -66,42 +52,42 @@ protected:
     VirtualDisplay display;
 };
 
-TEST_F(TerminalLaunchTest, OpenInTerminalLeavesAShellInTheFolderThatOutlivesItsStarter) {
+// "Open in terminal" leaves a shell in the folder that outlives its starter; a start command of
+// two lines runs from a script that is removed ten seconds later.
+TEST_F(TerminalLaunchTest, OpenInTerminalAndAStartCommandOfTwoLinesRunInTheFolder) {
     const std::string folder = project("it's here");
     const ProcessResult result = ChildProcess::run(probe({"open-in-terminal", folder}), 30s);
     ASSERT_EQ(result.status, 0) << result.standardError;
-    ASSERT_TRUE(eventually([&] { return terminals().size() == 1; }));
+    ASSERT_TRUE(waitUntil([&] { return terminals().size() == 1; }, 15s));
     // The terminal's shell is the one program that goes to the folder.
-    EXPECT_TRUE(eventually([&] {
-        return processes([&](const fs::path& process) {
-                   std::error_code unreadable;
-                   return fs::read_symlink(process / "cwd", unreadable) == folder;
-               }).size() == 1;
-    }));
+    EXPECT_TRUE(waitUntil(
+        [&] {
+            return processes([&](const fs::path& process) {
+                       std::error_code unreadable;
+                       return fs::read_symlink(process / "cwd", unreadable) == folder;
+                   }).size() == 1;
+        },
+        15s));
     EXPECT_EQ(::kill(terminals().front(), 0), 0)
         << "the terminal ended with the process that started it";
-}
 
-TEST_F(TerminalLaunchTest, AStartCommandOfTwoLinesRunsFromAScriptRemovedTenSecondsLater) {
-    const std::string folder = project("two lines");
+    const std::string other = project("two lines");
     const std::string marker = root.path() + "/marker";
     ChildProcess starter(
-        probe({"run-start-command", folder,
-               "echo first > '" + marker + "'\npwd >> '" + marker + "'", "--stay-for-cleanup"}));
+        probe({"run-start-command", other, "echo first > '" + marker + "'\npwd >> '" + marker + "'",
+               "--stay-for-cleanup"}));
     const auto marked = [&] { return readFile(marker).value_or(""); };
-    ASSERT_TRUE(eventually([&] { return marked() == "first\n" + folder + "\n"; })) << marked();
-    auto scripts = [&] {
-        std::vector<std::string> names;
-        for (const std::string& name : entries(runtimeFolder))
-            if (name.starts_with("tidewell-cmd-") && name.ends_with(".sh"))
-                names.push_back(name);
-        return names;
+    ASSERT_TRUE(waitUntil([&] { return marked() == "first\n" + other + "\n"; }, 15s)) << marked();
+    const auto scripts = [&] {
+        std::vector<std::string> names = entries(runtimeFolder);
+        std::erase_if(names, [](const std::string& name) {
+            return !name.starts_with("tidewell-cmd-") || !name.ends_with(".sh");
+        });
+        return names.size();
     };
-    EXPECT_EQ(scripts().size(), 1u);
-
-    const ProcessResult result = starter.wait(30s);
-    EXPECT_EQ(result.status, 0) << result.standardError;
-    EXPECT_TRUE(scripts().empty());
+    EXPECT_EQ(scripts(), 1u);
+    EXPECT_EQ(starter.wait(30s).status, 0);
+    EXPECT_EQ(scripts(), 0u);
 }
 
 } // namespace

@@ -25,22 +25,6 @@ const std::string usageText = "tide - put terminal projects in your MacBook notc
                               "  tide list                      List all items\n"
                               "  tide remove <name-or-id>       Remove an item\n";
 
-// The items file of the folder "web"; the values in angle brackets vary.
-const std::string webFile = R"([
-  {
-    "createdAt" : "<created>",
-    "iconPath" : "<icon>",
-    "id" : "<id>",
-    "initials" : "<initials>",
-    "isFavorite" : <favorite>,
-    "lastOpenedAt" : "<opened>",
-    "launchCommand" : "<command>",
-    "name" : "<name>",
-    "path" : "<path>",
-    "tintHex" : "#A45CC2"
-  }
-])";
-
 // A record for a folder that does not exist, written by the test rather than the tool.
 NotchItem record(const std::string& name, bool isFavorite, const std::string& lastOpenedAt,
                  Uuid id = Uuid::random()) {
@@ -56,40 +40,70 @@ NotchItem record(const std::string& name, bool isFavorite, const std::string& la
 
 using ToolCommandsTest = EndToEndTest;
 
-TEST_F(ToolCommandsTest, DotRecordsTheFolderWithItsIconAndAddPinsTheSameRecordWithTheOptions) {
+// The desktop's opener is replaced by a script that notes its arguments and fails with 3.
+TEST_F(ToolCommandsTest, DotAddOpenAndCacheIconsRecordFoldersWithTheirIconsAndOptions) {
     const std::string web = project("web");
     root.write("projects/web/public/favicon.ico", favicon);
     expectResult(tide({"."}, web), "Added to recent: web\n", "", 0);
     const std::vector<NotchItem> recent = storedItems();
     ASSERT_EQ(recent.size(), 1u);
-    EXPECT_EQ(recent[0].lastOpenedAt - recent[0].createdAt, seconds(2));
     const std::string id = recent[0].id.text();
+    NotchItem expected = {.id = recent[0].id,
+                          .name = "web",
+                          .path = web,
+                          .iconPath = dataFolder() + "/Icons/" + id + ".ico",
+                          .initials = "WE",
+                          .tintHex = "#A45CC2",
+                          .createdAt = recent[0].createdAt,
+                          .lastOpenedAt = recent[0].createdAt + seconds(2)};
+    EXPECT_EQ(recent, std::vector{expected});
     EXPECT_EQ(entries(dataFolder() + "/Icons"), std::vector<std::string>{id + ".ico"});
-    EXPECT_EQ(readFile(dataFolder() + "/Icons/" + id + ".ico"), favicon);
-    const auto expectedFile = [&](const NotchItem& stored,
-                                  std::map<std::string, std::string> values) {
-        values.insert({{"<created>", InternetDate::format(recent[0].createdAt)},
-                       {"<icon>", dataFolder() + "/Icons/" + id + ".ico"},
-                       {"<id>", id},
-                       {"<opened>", InternetDate::format(stored.lastOpenedAt)},
-                       {"<path>", web}});
-        return filled(webFile, values);
-    };
-    EXPECT_EQ(itemsFileBytes(), expectedFile(recent[0], {{"<initials>", "WE"},
-                                                         {"<favorite>", "false"},
-                                                         {"<command>", ""},
-                                                         {"<name>", "web"}}));
+    EXPECT_EQ(readFile(*expected.iconPath), favicon);
 
     expectResult(tide({"add", ".", "--name", "Studio", "--command", "npm run dev"}, web),
                  "Pinned: Studio\n", "", 0);
-    const std::vector<NotchItem> pinned = storedItems();
-    ASSERT_EQ(pinned.size(), 1u);
-    EXPECT_GE(pinned[0].lastOpenedAt, recent[0].lastOpenedAt);
-    EXPECT_EQ(itemsFileBytes(), expectedFile(pinned[0], {{"<initials>", "ST"},
-                                                         {"<favorite>", "true"},
-                                                         {"<command>", "npm run dev"},
-                                                         {"<name>", "Studio"}}));
+    ASSERT_EQ(storedItems().size(), 1u);
+    EXPECT_GE(storedItems()[0].lastOpenedAt, expected.lastOpenedAt);
+    expected = {.id = expected.id,
+                .name = "Studio",
+                .path = web,
+                .iconPath = expected.iconPath,
+                .initials = "ST",
+                .tintHex = expected.tintHex,
+                .launchCommand = "npm run dev",
+                .isFavorite = true,
+                .createdAt = expected.createdAt,
+                .lastOpenedAt = storedItems()[0].lastOpenedAt};
+    EXPECT_EQ(itemsFileBytes(), ItemsJson::encode({expected}));
     expectResult(tide({"list"}, web), "* Studio\t" + web + "\n", "", 0);
+
+    const std::string opened = root.path() + "/opened";
+    std::filesystem::permissions(
+        root.write("fake-bin/xdg-open",
+                   "#!/bin/sh\nprintf '%s\\n' \"$@\" > '" + opened + "'\nexit 3\n"),
+        std::filesystem::perms::owner_all);
+    const std::string site = project("site");
+    const auto tideOpen = [&](const std::string& folder) {
+        ChildProcess::Launch command = launch(tidePath(), {"open", folder}, site);
+        command.environment["PATH"] = root.path() + "/fake-bin:" + command.environment["PATH"];
+        return ChildProcess::run(command);
+    };
+    expectResult(tideOpen("missing"), "", "Path does not exist: " + site + "/missing\n", 2);
+    EXPECT_FALSE(readFile(opened));
+    expectResult(tideOpen("."), "Added to recent: site\n", "", 3);
+    EXPECT_EQ(readFile(opened), site + "\n");
+    ASSERT_EQ(storedItems().size(), 2u);
+    EXPECT_EQ(storedItems()[1].path, site);
+
+    // Which icons are copied is the unit tests' matter; here is what the command reports.
+    NotchItem logo = record("Logo", true, "2025-02-01T10:00:00Z");
+    logo.iconPath = root.write("projects/site/logo.PNG", "not really a png");
+    writeItemsFile(ItemsJson::encode({logo}));
+    expectResult(tide({"cache-icons"}, site), "Cached 1 project icon\n", "", 0);
+    logo.iconPath = dataFolder() + "/Icons/" + logo.id.text() + ".png";
+    EXPECT_EQ(itemsFileBytes(), ItemsJson::encode({logo}));
+    EXPECT_EQ(readFile(*logo.iconPath), "not really a png");
+    expectResult(tide({"cache-icons"}, site), "Cached 0 project icons\n", "", 0);
 }
 
 TEST_F(ToolCommandsTest, ListShowsMostRecentlyOpenedFirstAndKeepsFileOrderForEqualTimes) {
@@ -102,10 +116,8 @@ TEST_F(ToolCommandsTest, ListShowsMostRecentlyOpenedFirstAndKeepsFileOrderForEqu
                                       record("Charlie", true, "2025-02-01T11:00:00Z"),
                                       record("Delta", false, "2025-02-01T11:00:00Z")}));
     expectResult(tide({"list", "ignored"}, folder),
-                 "* Bravo\t/projects/Bravo\n"
-                 "* Charlie\t/projects/Charlie\n"
-                 "- Delta\t/projects/Delta\n"
-                 "- Alpha\t/projects/Alpha\n",
+                 "* Bravo\t/projects/Bravo\n* Charlie\t/projects/Charlie\n"
+                 "- Delta\t/projects/Delta\n- Alpha\t/projects/Alpha\n",
                  "", 0);
 }
 
@@ -141,10 +153,15 @@ TEST_F(ToolCommandsTest, RemoveMatchesNamesInAnyCaseAndUpperCaseIdPrefixes) {
     }
 }
 
-TEST_F(ToolCommandsTest, HelpVersionAndLoginStatusPrintTheirText) {
+// Each command has ended before the next starts, and the next one's handshake with the daemon
+// takes a round trip, by which time the daemon has passed on all that earlier ones sent: once
+// the closing marker is in, every signal of the commands before it is in too.
+TEST_F(ToolCommandsTest, HelpVersionAndLoginStatusPrintTheirTextAndOnlySavesAreAnnounced) {
+    const PostedSignals signals(environment());
     const struct {
         std::vector<std::string> arguments;
         std::string out;
+        int status = 0;
     } commands[] = {
         {{"help", "extra"}, usageText},
         {{"--help"}, usageText},
@@ -152,49 +169,34 @@ TEST_F(ToolCommandsTest, HelpVersionAndLoginStatusPrintTheirText) {
         {{"--version"}, "tide " TIDEWELL_VERSION "\n"},
         // The build folder is no install prefix, so there is nothing to register at login.
         {{"login-status"}, "not found\n"},
+        {{"add", "."}, "Pinned: web\n"},
+        {{"add", ".", "--name", "Web"}, "Pinned: Web\n"},
+        {{"cache-icons"}, "Cached 0 project icons\n"},
+        {{"list"}, "* Web\t" + project("web") + "\n"},
+        {{"remove", "nothing-by-this-name"}, "", 1},
+        {{"nowhere"}, "", 2},
+        {{"remove", "Web"}, ""},
     };
     for (const auto& command : commands) {
         SCOPED_TRACE(command.arguments.front());
-        expectResult(tide(command.arguments, project("anywhere")), command.out, "", 0);
+        if (command.arguments == std::vector<std::string>{"add", "."}) {
+            EXPECT_FALSE(readFile(itemsFile())) << "made before the first save";
+        }
+        const ProcessResult result = tide(command.arguments, project("web"));
+        EXPECT_EQ(result.standardOutput, command.out);
+        EXPECT_EQ(result.standardError.empty(), command.status == 0) << result.standardError;
+        EXPECT_EQ(result.status, command.status);
     }
-    EXPECT_FALSE(readFile(itemsFile()));
-}
-
-// Which icons are copied is the unit tests' matter; here is what the command reports.
-TEST_F(ToolCommandsTest, CacheIconsCopiesIconsFromOutsideTheCacheAndCountsThem) {
-    const std::string folder = project("logo-app");
-    NotchItem logo = record("Logo", true, "2025-02-01T10:00:00Z");
-    logo.iconPath = root.write("projects/logo-app/logo.PNG", "not really a png");
-    writeItemsFile(ItemsJson::encode({logo}));
-
-    expectResult(tide({"cache-icons"}, folder), "Cached 1 project icon\n", "", 0);
-    logo.iconPath = dataFolder() + "/Icons/" + logo.id.text() + ".png";
-    EXPECT_EQ(itemsFileBytes(), ItemsJson::encode({logo}));
-    EXPECT_EQ(readFile(*logo.iconPath), "not really a png");
-    expectResult(tide({"cache-icons"}, folder), "Cached 0 project icons\n", "", 0);
-}
-
-// The desktop's opener is replaced by a script that notes its arguments and fails with 3.
-TEST_F(ToolCommandsTest, OpenRecordsTheFolderAndReturnsTheOpenersStatus) {
-    const std::string opened = root.path() + "/opened";
-    const std::string opener = root.write(
-        "fake-bin/xdg-open", "#!/bin/sh\nprintf '%s\\n' \"$@\" > '" + opened + "'\nexit 3\n");
-    std::filesystem::permissions(opener, std::filesystem::perms::owner_all);
-    const std::string web = project("web");
-    const auto tideOpen = [&](const std::string& folder) {
-        ChildProcess::Launch command = launch(tidePath(), {"open", folder}, web);
-        command.environment["PATH"] = root.path() + "/fake-bin:" + command.environment["PATH"];
-        return ChildProcess::run(command);
-    };
-
-    expectResult(tideOpen("missing"), "", "Path does not exist: " + web + "/missing\n", 2);
-    EXPECT_FALSE(readFile(opened));
-    EXPECT_FALSE(readFile(itemsFile()));
-
-    expectResult(tideOpen("."), "Added to recent: web\n", "", 3);
-    EXPECT_EQ(readFile(opened), web + "\n");
-    ASSERT_EQ(storedItems().size(), 1u);
-    EXPECT_EQ(storedItems()[0].path, web);
+    ASSERT_EQ(
+        ChildProcess::run(launch("dbus-send",
+                                 {"--session", "--type=signal", "/com/quorvel/tidewell",
+                                  "com.quorvel.tidewell.Notifications.Posted", "string:marker"},
+                                 home))
+            .status,
+        0);
+    ASSERT_TRUE(signals.waitFor("marker"));
+    const std::string saved = "Tidewell.itemsChanged";
+    EXPECT_EQ(signals.received(), (std::vector<std::string>{saved, saved, saved, saved, "marker"}));
 }
 
 } // namespace

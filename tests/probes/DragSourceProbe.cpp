@@ -20,22 +20,12 @@
 #include <QRasterWindow>
 #include <QStyleHints>
 #include <QUrl>
+#include <cstdio>
 #include <iostream>
 #include <optional>
 #include <utility>
 
 namespace {
-
-const char* actionName(Qt::DropAction action) {
-    switch (action) {
-    case Qt::CopyAction:
-        return "copy";
-    case Qt::MoveAction:
-        return "move";
-    default:
-        return "ignore";
-    }
-}
 
 class DragSourceWindow : public QRasterWindow {
 public:
@@ -107,7 +97,11 @@ private:
         auto* drag = new QDrag(this);
         drag->setMimeData(data);
         const Qt::DropAction action = drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::CopyAction);
-        std::cout << "finished " << actionName(action) << std::endl;
+        std::cout << "finished "
+                  << (action == Qt::CopyAction   ? "copy"
+                      : action == Qt::MoveAction ? "move"
+                                                 : "ignore")
+                  << std::endl;
     }
 
     QStringList paths_;
@@ -115,31 +109,20 @@ private:
     bool isReady_ = false;
 };
 
-std::optional<QPoint> parsePoint(const QString& text) {
-    const QStringList parts = text.split(',');
-    bool xIsNumber = false;
-    bool yIsNumber = false;
-    if (parts.size() != 2)
-        return std::nullopt;
-    const QPoint point(parts[0].toInt(&xIsNumber), parts[1].toInt(&yIsNumber));
-    if (!xIsNumber || !yIsNumber)
-        return std::nullopt;
-    return point;
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
     QGuiApplication application(argc, argv);
     const QStringList arguments = application.arguments();
-    const std::optional<QPoint> origin =
-        arguments.size() > 2 && arguments[1] == "--at" ? parsePoint(arguments[2]) : std::nullopt;
-    if (!origin) {
+    int x = 0, y = 0;
+    char extra = 0;
+    if (argc < 3 || arguments[1] != "--at" ||
+        std::sscanf(argv[2], "%d,%d%c", &x, &y, &extra) != 2) {
         std::cerr << "usage: tidewell_drag_source_probe --at X,Y [PATH...]\n";
         return 2;
     }
     DragSourceWindow window(arguments.mid(3));
-    window.setGeometry(QRect(*origin, QSize(120, 80)));
+    window.setGeometry(QRect(x, y, 120, 80));
     window.show();
     return application.exec();
 }

@@ -1,6 +1,5 @@
 #include "support/ChildProcess.h"
 
-#include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
@@ -12,19 +11,15 @@
 #include <sys/socket.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
+#include <thread>
 
 namespace tidewell::testing {
 namespace {
 
-[[noreturn]] void fail(const std::string& what, int error) {
-    throw std::runtime_error(what + ": " + std::strerror(error));
-}
-
-int memoryFile(const char* name) {
-    const int descriptor = ::memfd_create(name, MFD_CLOEXEC);
-    if (descriptor < 0)
-        fail("memfd_create", errno);
-    return descriptor;
+int checked(int result, const std::string& what) {
+    if (result < 0)
+        throw std::runtime_error(what + ": " + std::strerror(errno));
+    return result;
 }
 
 std::string contents(const FileDescriptor& file) {
@@ -67,29 +62,16 @@ pid_t spawn(const ChildProcess::Launch& launch, int input, int output, int error
     posix_spawn_file_actions_destroy(&actions);
     if (input >= 0)
         ::close(input); // the program's own now
-    if (error != 0)
-        fail("Cannot start " + arguments.front(), error);
-    return pid;
-}
-
-// Through syscall: glibc 2.36's <sys/pidfd.h> cannot be used from C++.
-int pidfdOf(pid_t pid) {
-    const int descriptor = static_cast<int>(::syscall(SYS_pidfd_open, pid, 0));
-    if (descriptor < 0) {
-        const int error = errno;
-        ::kill(pid, SIGKILL);
-        ::waitpid(pid, nullptr, 0);
-        fail("pidfd_open", error);
-    }
-    return descriptor;
+    errno = error;
+    return checked(error ? -1 : pid, "Cannot start " + arguments.front());
 }
 
 // A channel to the program's standard input, or none: a socket, so that writing to a program
 // that has ended fails instead of raising SIGPIPE.
 std::array<int, 2> inputChannel(bool isWanted) {
     std::array<int, 2> ends = {-1, -1};
-    if (isWanted && ::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0)
-        fail("socketpair", errno);
+    if (isWanted)
+        checked(::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()), "socketpair");
     return ends;
 }
 
@@ -98,30 +80,27 @@ std::array<int, 2> inputChannel(bool isWanted) {
 ChildProcess::ChildProcess(const Launch& launch)
     : ChildProcess(launch, inputChannel(launch.takesInput)) {}
 
+// The pidfd through syscall: glibc 2.36's <sys/pidfd.h> cannot be used from C++.
 ChildProcess::ChildProcess(const Launch& launch, std::array<int, 2> input)
-    : output_(memoryFile("stdout")), errors_(memoryFile("stderr")), input_(input[1]),
-      pid_(spawn(launch, input[0], output_.get(), errors_.get())), exit_(pidfdOf(pid_)) {}
-
-void ChildProcess::writeInput(const std::string& text) {
-    std::size_t written = 0;
-    while (written < text.size()) {
-        const ssize_t done =
-            ::send(input_.get(), text.data() + written, text.size() - written, MSG_NOSIGNAL);
-        if (done < 0 && errno != EINTR)
-            fail("Cannot write to " + std::to_string(pid_), errno);
-        written += done > 0 ? static_cast<std::size_t>(done) : 0;
-    }
-}
+    : output_(checked(::memfd_create("stdout", MFD_CLOEXEC), "memfd_create")),
+      errors_(checked(::memfd_create("stderr", MFD_CLOEXEC), "memfd_create")), input_(input[1]),
+      pid_(spawn(launch, input[0], output_.get(), errors_.get())),
+      exit_(checked(static_cast<int>(::syscall(SYS_pidfd_open, pid_, 0)), "pidfd_open")) {}
 
 ChildProcess::~ChildProcess() {
     if (!isReaped_) {
-        ::kill(pid_, SIGKILL);
-        reap();
+        ::kill(pid_, SIGTERM);
+        wait(std::chrono::seconds(2));
     }
 }
 
 ProcessResult ChildProcess::run(const Launch& launch, std::chrono::milliseconds timeout) {
     return ChildProcess(launch).wait(timeout);
+}
+
+bool ChildProcess::isRunning() const {
+    pollfd ended{exit_.get(), POLLIN, 0};
+    return !isReaped_ && ::poll(&ended, 1, 0) == 0;
 }
 
 std::string ChildProcess::standardOutput() const {
@@ -130,6 +109,26 @@ std::string ChildProcess::standardOutput() const {
 
 std::string ChildProcess::standardError() const {
     return contents(errors_);
+}
+
+bool ChildProcess::waitForOutput(const std::string& text, std::chrono::milliseconds timeout) const {
+    const auto deadline = std::chrono::steady_clock::now() + timeout;
+    while (standardOutput().find(text) == std::string::npos) {
+        if (!isRunning() || std::chrono::steady_clock::now() > deadline)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return true;
+}
+
+void ChildProcess::writeInput(const std::string& text) {
+    for (std::size_t written = 0; written < text.size();) {
+        const ssize_t done =
+            ::send(input_.get(), text.data() + written, text.size() - written, MSG_NOSIGNAL);
+        if (done < 0 && errno != EINTR)
+            checked(-1, "Cannot write to " + std::to_string(pid_));
+        written += done > 0 ? static_cast<std::size_t>(done) : 0;
+    }
 }
 
 ProcessResult ChildProcess::wait(std::chrono::milliseconds timeout) {
@@ -142,19 +141,14 @@ ProcessResult ChildProcess::wait(std::chrono::milliseconds timeout) {
         ::kill(pid_, SIGKILL);
         result.timedOut = true;
     }
-    result.status = reap();
+    int status = 0;
+    while (::waitpid(pid_, &status, 0) < 0)
+        checked(errno == EINTR ? 0 : -1, "waitpid");
+    isReaped_ = true;
+    result.status = WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
     result.standardOutput = contents(output_);
     result.standardError = contents(errors_);
     return result;
-}
-
-int ChildProcess::reap() {
-    int status = 0;
-    while (::waitpid(pid_, &status, 0) < 0)
-        if (errno != EINTR)
-            fail("waitpid", errno);
-    isReaped_ = true;
-    return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
 }
 
 } // namespace tidewell::testing

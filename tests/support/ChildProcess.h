@@ -22,7 +22,7 @@ struct ProcessResult {
 // A program run as a process of its own, with exactly the given arguments, working folder and
 // environment. Its standard input reads /dev/null, or what the test writes to it; its output
 // and errors go to files in memory, so nothing it writes can block it. A process still
-// running at the end is killed.
+// running at the end is asked to end, and killed two seconds later.
 class ChildProcess {
 public:
     struct Launch {
@@ -44,9 +44,13 @@ public:
     static ProcessResult run(const Launch& launch,
                              std::chrono::milliseconds timeout = std::chrono::seconds(10));
     pid_t pid() const { return pid_; }
+    bool isRunning() const;
     // What the program has written so far.
     std::string standardOutput() const;
     std::string standardError() const;
+    // Waits until the output holds the text; false once the program ended or the time passed.
+    bool waitForOutput(const std::string& text,
+                       std::chrono::milliseconds timeout = std::chrono::seconds(10)) const;
     // Writes the text to the program's standard input, which must have been asked for.
     void writeInput(const std::string& text);
     // Waits until the program ends, killing it once the timeout has passed.
@@ -54,7 +58,6 @@ public:
 
 private:
     ChildProcess(const Launch& launch, std::array<int, 2> input);
-    int reap();
 
     FileDescriptor output_;
     FileDescriptor errors_;

@@ -4,8 +4,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <sstream>
-#include <unistd.h>
 
 namespace tidewell::testing {
 namespace {
@@ -14,17 +12,31 @@ constexpr const char* dummyDriver = "/usr/lib/xorg/modules/drivers/dummy_drv.so"
 
 // No input devices of the machine: the tests' pointer and keys come through XTest.
 std::string configuration(int width, int height) {
-    std::ostringstream text;
-    text << "Section \"ServerFlags\"\n  Option \"AutoAddDevices\" \"false\"\nEndSection\n"
-         << "Section \"Device\"\n  Identifier \"card\"\n  Driver \"dummy\"\n"
-         << "  VideoRam 256000\nEndSection\n"
-         << "Section \"Monitor\"\n  Identifier \"monitor\"\n  HorizSync 5.0-1000.0\n"
-         << "  VertRefresh 5.0-200.0\nEndSection\n"
-         << "Section \"Screen\"\n  Identifier \"screen\"\n  Device \"card\"\n"
-         << "  Monitor \"monitor\"\n  DefaultDepth 24\n  SubSection \"Display\"\n"
-         << "    Depth 24\n    Virtual " << width << " " << height << "\n"
-         << "  EndSubSection\nEndSection\n";
-    return text.str();
+    return R"(Section "ServerFlags"
+  Option "AutoAddDevices" "false"
+EndSection
+Section "Device"
+  Identifier "card"
+  Driver "dummy"
+  VideoRam 256000
+EndSection
+Section "Monitor"
+  Identifier "monitor"
+  HorizSync 5.0-1000.0
+  VertRefresh 5.0-200.0
+EndSection
+Section "Screen"
+  Identifier "screen"
+  Device "card"
+  Monitor "monitor"
+  DefaultDepth 24
+  SubSection "Display"
+    Depth 24
+    Virtual )" +
+           std::to_string(width) + " " + std::to_string(height) + R"(
+  EndSubSection
+EndSection
+)";
 }
 
 std::vector<std::string> xorg(const XorgConfiguration& configuration) {
@@ -40,15 +52,6 @@ std::vector<std::string> xorg(const XorgConfiguration& configuration) {
             "tcp",
             "-sharevts",
             "-novtswitch"};
-}
-
-bool isOnPath(const std::string& program) {
-    std::istringstream folders(std::getenv("PATH") ? std::getenv("PATH") : "");
-    std::string folder;
-    while (std::getline(folders, folder, ':'))
-        if (::access((folder + "/" + program).c_str(), X_OK) == 0)
-            return true;
-    return false;
 }
 
 // Sizes in millimetres at 96 dots per inch, "1920/508x1080/286+0+0".
@@ -82,7 +85,8 @@ MonitorDisplay::MonitorDisplay(int width, int height, const std::vector<Monitor>
 }
 
 bool MonitorDisplay::isAvailable() {
-    return isOnPath("Xorg") && isOnPath("xrandr") && std::filesystem::exists(dummyDriver);
+    return std::filesystem::exists("/usr/bin/Xorg") && std::filesystem::exists("/usr/bin/xrandr") &&
+           std::filesystem::exists(dummyDriver);
 }
 
 void MonitorDisplay::removeMonitor(const std::string& name) {

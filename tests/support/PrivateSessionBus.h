@@ -1,9 +1,9 @@
 #pragma once
 
+#include "support/ChildProcess.h"
 #include "support/ScopedEnvironment.h"
 
 #include <string>
-#include <sys/types.h>
 
 namespace tidewell::testing {
 
@@ -12,14 +12,11 @@ namespace tidewell::testing {
 class PrivateSessionBus {
 public:
     PrivateSessionBus();
-    ~PrivateSessionBus();
-    PrivateSessionBus(const PrivateSessionBus&) = delete;
-    PrivateSessionBus& operator=(const PrivateSessionBus&) = delete;
 
     const std::string& address() const { return address_; }
 
 private:
-    pid_t daemon_ = -1;
+    ChildProcess daemon_;
     std::string address_;
     ScopedEnvironment environment_;
 };

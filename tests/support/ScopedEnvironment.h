@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdlib>
 #include <map>
 #include <optional>
 #include <string>
@@ -10,15 +11,27 @@ namespace tidewell::testing {
 class ScopedEnvironment {
 public:
     ScopedEnvironment() = default;
-    ~ScopedEnvironment();
     ScopedEnvironment(const ScopedEnvironment&) = delete;
     ScopedEnvironment& operator=(const ScopedEnvironment&) = delete;
+    ~ScopedEnvironment() {
+        for (const auto& [name, value] : originals_)
+            value ? ::setenv(name.c_str(), value->c_str(), 1) : ::unsetenv(name.c_str());
+    }
 
-    void set(const std::string& name, const std::string& value);
-    void unset(const std::string& name);
+    void set(const std::string& name, const std::string& value) {
+        remember(name);
+        ::setenv(name.c_str(), value.c_str(), 1);
+    }
+    void unset(const std::string& name) {
+        remember(name);
+        ::unsetenv(name.c_str());
+    }
 
 private:
-    void remember(const std::string& name);
+    void remember(const std::string& name) {
+        const char* value = std::getenv(name.c_str());
+        originals_.try_emplace(name, value ? std::optional<std::string>(value) : std::nullopt);
+    }
 
     std::map<std::string, std::optional<std::string>> originals_;
 };

@@ -26,18 +26,12 @@ shift
 mv "$report.part" "$report"
 )";
 
-std::string trimmed(const std::string& text) {
-    const auto first = text.find_first_not_of(' ');
-    return first == std::string::npos ? "" : text.substr(first);
-}
-
 HandlerLaunch parseReport(std::istream& lines) {
     HandlerLaunch launch;
     std::string count, line;
     std::getline(lines, launch.processId);
-    std::getline(lines, launch.sessionId);
-    launch.sessionId = trimmed(launch.sessionId);
-    std::getline(lines, count);
+    lines >> launch.sessionId >> count;
+    lines.ignore();
     for (int i = 0; i < std::stoi(count) && std::getline(lines, line); ++i)
         launch.arguments.push_back(line);
     while (std::getline(lines, line))

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "support/ChildProcess.h"
 #include "support/ScopedEnvironment.h"
 
+#include <memory>
 #include <string>
-#include <sys/types.h>
 #include <vector>
 
 namespace tidewell::testing {
@@ -14,24 +15,23 @@ namespace tidewell::testing {
 class VirtualDisplay {
 public:
     VirtualDisplay();
-    virtual ~VirtualDisplay();
+    virtual ~VirtualDisplay() = default;
     VirtualDisplay(const VirtualDisplay&) = delete;
     VirtualDisplay& operator=(const VirtualDisplay&) = delete;
 
     const std::string& name() const { return name_; } // ":<number>"
 
 protected:
-    // Another X server: the program and its arguments, to which "-displayfd <fd>" is added.
+    // Another X server: the program and its arguments, to which "-displayfd 1" is added.
     explicit VirtualDisplay(const std::vector<std::string>& server);
     // Runs an X client on the display to its end; throws when it fails.
     static void runClient(const std::vector<std::string>& arguments);
 
 private:
     void start(const std::vector<std::string>& server);
-    void startWindowManager();
 
-    pid_t server_ = -1;
-    pid_t windowManager_ = -1;
+    std::unique_ptr<ChildProcess> server_;
+    std::unique_ptr<ChildProcess> windowManager_;
     std::string name_;
     ScopedEnvironment environment_;
 };

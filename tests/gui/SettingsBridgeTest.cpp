@@ -31,10 +31,7 @@ protected:
 TEST_F(SettingsBridgeTest, PickersListTheCasesByNameAndWriteThePreferenceOfThePickedPlace) {
     EXPECT_EQ(SettingsBridge::shelfAppearanceNames(), (QStringList{"Notch Black", "Warm Glass"}));
     EXPECT_EQ(SettingsBridge::codexLaunchModeNames(), (QStringList{"CLI", "App"}));
-    const QStringList terminals = SettingsBridge::terminalAppNames();
-    ASSERT_EQ(terminals.size(), 10);
-    EXPECT_EQ(terminals.front(), "Automatic");
-    EXPECT_EQ(terminals.at(3), "Konsole");
+    ASSERT_EQ(SettingsBridge::terminalAppNames().at(3), "Konsole");
 
     bridge.setShelfAppearanceIndex(1);
     bridge.setTerminalAppIndex(3);

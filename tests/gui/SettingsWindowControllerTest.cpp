@@ -61,15 +61,14 @@ TEST_F(SettingsWindowControllerTest, ShowsOneWindowCentredThatKeysCloseAndContro
     QQuickItem* contents = window().rootObject();
     const WId native = window().winId();
 
-    for (const QKeyCombination keys : {QKeyCombination(Qt::Key_Escape), Qt::CTRL | Qt::Key_W}) {
-        window().setPosition({10, 10});
-        QTest::keyClick(&window(), keys.key(), keys.keyboardModifiers());
-        EXPECT_TRUE(isHidden());
-        ASSERT_TRUE(show());
-        const QPoint centre = QGuiApplication::primaryScreen()->geometry().center();
-        EXPECT_TRUE(processEventsUntil(
-            [&] { return (window().geometry().center() - centre).manhattanLength() <= 2; }));
-    }
+    // Escape is left to the end-to-end settings test.
+    window().setPosition({10, 10});
+    QTest::keyClick(&window(), Qt::Key_W, Qt::ControlModifier);
+    EXPECT_TRUE(isHidden());
+    ASSERT_TRUE(show());
+    const QPoint centre = QGuiApplication::primaryScreen()->geometry().center();
+    EXPECT_TRUE(processEventsUntil(
+        [&] { return (window().geometry().center() - centre).manhattanLength() <= 2; }));
     EXPECT_EQ(window().rootObject(), contents);
     EXPECT_EQ(window().winId(), native) << "the window was made anew";
 

@@ -24,8 +24,6 @@ protected:
         queue.runUntilIdle();
         return item;
     }
-    // Saves of the items file so far: each one is announced to other processes.
-    std::size_t saves() const { return distributedCenter.posted.size(); }
 
     FakeKeyValueStore defaults;
     AppearanceSettings settings{defaults};

@@ -224,23 +224,5 @@ TEST(ImageSize, ReadsEveryFormatFromItsHeader) {
         EXPECT_EQ(sizeOfFile(sample.bytes), sample.size) << sample.what;
 }
 
-// The bytes after a cut are made different, so that a reader looking past the end would
-// read another size. Icon families are left out: they tell the sizes the bytes reach; so
-// are the large samples, which would take minutes to cut at every length.
-TEST(ImageSize, ACutHeaderHasNoSizeOrTheRightOne) {
-    for (const Sample& sample : samples()) {
-        if (!sample.size || sample.bytes.starts_with("icns") || sample.bytes.size() > 4096)
-            continue;
-        for (std::size_t length = 0; length < sample.bytes.size(); ++length) {
-            std::string padded = sample.bytes;
-            for (std::size_t index = length; index < padded.size(); ++index)
-                padded[index] = static_cast<char>(~padded[index]);
-            const Size cut =
-                sizeOf(imageSizeFromHeader(ByteView(std::string_view(padded).substr(0, length))));
-            EXPECT_TRUE(!cut || cut == sample.size) << sample.what << " cut at " << length;
-        }
-    }
-}
-
 } // namespace
 } // namespace tidewell

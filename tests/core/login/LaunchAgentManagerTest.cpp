@@ -47,10 +47,6 @@ protected:
     void writeAgentFile(const std::string& name = ownAgent) {
         home.write("Library/LaunchAgents/" + name, "old");
     }
-    void writeOldAgentFiles() {
-        for (const std::string& name : oldAgentFiles)
-            writeAgentFile(name);
-    }
     bool isMigrated() const { return defaults.boolean("Tidewell.didMigrateLoginItem") == true; }
     int postsDelivered() {
         queue.runUntilIdle();
@@ -67,18 +63,6 @@ protected:
     NotificationCenter notifications{queue};
     int statusChangedCount = 0;
 };
-
-TEST_F(LaunchAgentManagerTest, StatusFollowsTheServiceUnlessTheAgentFileExists) {
-    service.currentStatus = LoginItemStatus::requiresApproval;
-    EXPECT_EQ(manager().statusDescription(), "requires approval");
-    EXPECT_TRUE(manager().isInstalled());
-    service.currentStatus = LoginItemStatus::notFound;
-    EXPECT_EQ(manager().statusDescription(), "not found");
-    EXPECT_FALSE(manager().isInstalled());
-    writeAgentFile();
-    EXPECT_EQ(manager().statusDescription(), "launch agent fallback");
-    EXPECT_TRUE(manager().isInstalled());
-}
 
 TEST_F(LaunchAgentManagerTest, InstallRegistersWithTheServiceOrFallsBackToTheAgentFile) {
     const struct {
@@ -140,7 +124,8 @@ TEST_F(LaunchAgentManagerTest, TheAgentFileNamesTheProgramEscapedAndIsRewrittenE
 TEST_F(LaunchAgentManagerTest, FirstInstallCleansUpOldRegistrationsOnce) {
     for (const bool unregisterFails : {false, true}) {
         SCOPED_TRACE(unregisterFails ? "unregister fails" : "unregister works");
-        writeOldAgentFiles();
+        for (const std::string& name : oldAgentFiles)
+            writeAgentFile(name);
         writeAgentFile();
         writeAgentFile("org.example.other.plist");
         defaults.values.clear();
@@ -160,7 +145,7 @@ TEST_F(LaunchAgentManagerTest, FirstInstallCleansUpOldRegistrationsOnce) {
         EXPECT_EQ(service.registerCount, unregisterFails ? 0 : 1);
         EXPECT_EQ(postsDelivered(), posts + 1);
 
-        writeOldAgentFiles();
+        writeAgentFile(oldAgentFiles[0]);
         manager().install(defaults, notifications);
         EXPECT_TRUE(files.exists(agentFile(oldAgentFiles[0])));
         EXPECT_EQ(service.unregisterCount, 1);
@@ -181,10 +166,18 @@ TEST_F(LaunchAgentManagerTest, AnOldAgentFileThatCannotBeRemovedStopsBeforeAnyth
     EXPECT_EQ(postsDelivered(), 0);
 }
 
+// The status follows the service unless the agent file exists.
 TEST_F(LaunchAgentManagerTest, UninstallRemovesTheAgentFileAndTheRegistration) {
-    writeAgentFile();
+    service.currentStatus = LoginItemStatus::requiresApproval;
+    EXPECT_EQ(manager().statusDescription(), "requires approval");
+    EXPECT_TRUE(manager().isInstalled());
     service.currentStatus = LoginItemStatus::notFound;
+    EXPECT_FALSE(manager().isInstalled());
+    writeAgentFile();
+    EXPECT_EQ(manager().statusDescription(), "launch agent fallback");
+    EXPECT_TRUE(manager().isInstalled());
     manager().uninstall(defaults, notifications);
+    EXPECT_EQ(manager().statusDescription(), "not found");
     EXPECT_FALSE(files.exists(agentFile()));
     EXPECT_EQ(service.unregisterCount, 0);
     EXPECT_TRUE(isMigrated());

@@ -213,6 +213,7 @@ std::vector<Sample> samples() {
          {{12, 12}}},
         {"svg inside html", R"(<html><svg width="10" height="10"/></html>)"},
         {"svg zero width", R"(<svg width="0" height="10"/>)"},
+        {"svg zero width beside a view box", R"(<svg width="0" viewBox="0 0 64 32"/>)", {{64, 32}}},
         {"svg short viewBox", R"(<svg viewBox="0 0 10"/>)"},
         {"svg tag never ends", R"(<svg width="10" height="10")"},
         {"empty", ""},

@@ -4,7 +4,6 @@
 #include "linux/PosixFileSystem.h"
 #include "support/FakeKeyValueStore.h"
 #include "support/FakeLoginItemService.h"
-#include "support/FakeMainQueue.h"
 #include "support/TemporaryDirectory.h"
 
 #include <gtest/gtest.h>
@@ -48,19 +47,14 @@ protected:
         home.write("Library/LaunchAgents/" + name, "old");
     }
     bool isMigrated() const { return defaults.boolean("Tidewell.didMigrateLoginItem") == true; }
-    int postsDelivered() {
-        queue.runUntilIdle();
-        return statusChangedCount;
-    }
+    int postsDelivered() const { return statusChangedCount; }
 
     TemporaryDirectory home;
     UserPaths paths{home.path(), home.path() + "/.local/share"};
     PosixFileSystem files;
     FakeLoginItemService service;
     FakeKeyValueStore defaults;
-    FakeClock clock;
-    FakeMainQueue queue{clock};
-    NotificationCenter notifications{queue};
+    NotificationCenter notifications{[](MainQueue::Task task) { task(); }};
     int statusChangedCount = 0;
 };
 

@@ -14,18 +14,17 @@ using std::chrono::seconds;
 using Names = std::vector<std::string>;
 using SortOrders = std::vector<std::optional<std::int64_t>>;
 
-Names names(const std::vector<NotchItem>& items) {
-    Names result;
+template <typename Member> auto each(const std::vector<NotchItem>& items, Member member) {
+    std::vector<std::decay_t<decltype(items[0].*member)>> result;
     for (const NotchItem& item : items)
-        result.push_back(item.name);
+        result.push_back(item.*member);
     return result;
 }
-
+Names names(const std::vector<NotchItem>& items) {
+    return each(items, &NotchItem::name);
+}
 SortOrders sortOrders(const std::vector<NotchItem>& items) {
-    SortOrders result;
-    for (const NotchItem& item : items)
-        result.push_back(item.sortOrder);
-    return result;
+    return each(items, &NotchItem::sortOrder);
 }
 
 // The favourites in the file, in the order their sort orders give.
@@ -41,16 +40,16 @@ class ItemStoreTest : public ItemsFixture {
 protected:
     // A pinned project folder whose record was created `age` seconds from now.
     NotchItem pinned(const std::string& name, std::optional<std::int64_t> sortOrder, int age = 0) {
-        NotchItem item;
-        item.id = Uuid::random();
-        item.name = name;
-        item.path = root.makeFolder("projects/" + name);
-        item.initials = NotchItem::makeInitials(name);
-        item.tintHex = NotchItem::makeTint(name);
-        item.isFavorite = true;
-        item.createdAt = item.lastOpenedAt = clock.now() + seconds(age);
-        item.sortOrder = sortOrder;
-        return item;
+        const Date created = clock.now() + seconds(age);
+        return {.id = Uuid::random(),
+                .name = name,
+                .path = root.makeFolder("projects/" + name),
+                .initials = "N",
+                .tintHex = "#000000",
+                .isFavorite = true,
+                .createdAt = created,
+                .lastOpenedAt = created,
+                .sortOrder = sortOrder};
     }
 
     // Writes the items file and opens a fresh store on it, with no notification pending.

@@ -137,6 +137,7 @@ TEST(ItemsJson, AnyBadRecordOrDocumentFailsTheWholeDecode) {
         recordWith("sortOrder", "01"),
         recordWith("isFavorite", "truex"),
         recordWith("colour", "1."),
+        recordWith("colour", "-"),
         "42",
         "{",
         R"({"id"})",

@@ -119,6 +119,11 @@ TEST_F(CLITest, AddStoresTheOptionsAndCopiesTheIconIntoTheCache) {
     EXPECT_EQ(items[0].launchCommand, "make");
     EXPECT_EQ(items[0].iconPath, folder.iconsFolder() + "/" + items[0].id.text() + ".svg");
     EXPECT_EQ(files.readFile(*items[0].iconPath), "<svg/>");
+
+    std::vector<NotchItem> external = items;
+    external[0].iconPath = cwdFiles.workingDirectory + "/art/Logo.SVG";
+    database.save(external);
+    EXPECT_EQ(run({"cache-icons"}), (Result{0, "Cached 1 project icon\n", ""}));
 }
 
 TEST_F(CLITest, ShowAndOpenStartTheirProgramOrReportWhyNot) {

@@ -27,7 +27,7 @@ TEST(Color, ReadsTheLeadingNumberAndWritesClampedComponents) {
         {"0x5E7CE2", blue},
         {"\u2192 5E7CE2 \u2190", blue}, // arrows are trimmed
         {"\xff#5E7CE2", blue},          // a stray byte is no letter
-        {"#abc", bytes(0x00, 0x0A, 0xBC)},
+        {"#fAaBc", bytes(0x0F, 0xAA, 0xBC)},
         {"#FF5E7CE2", blue},
         // Seventeen significant digits overflow 64 bits, which saturates to all ones.
         {"#10000000000000000", bytes(0xFF, 0xFF, 0xFF)},

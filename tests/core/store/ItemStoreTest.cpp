@@ -136,7 +136,8 @@ TEST_F(ItemStoreTest, FoldersAddedWithoutATargetStayUnplacedUnpinRemoveAndOthers
     const std::vector items{pinned("X", 0), pinned("old", std::nullopt, -60), pinned("Y", 1)};
     ItemStore& store = openStore(items);
     clock.advance(seconds(1));
-    store.add({root.makeFolder("new/P1"), root.makeFolder("new/P2")}, std::nullopt);
+    store.add({root.makeFolder("new/P1")}, std::nullopt);
+    store.add({root.makeFolder("new/P2")}, Uuid::random()); // an unknown target is none
     store.add(root.makeFolder("new/recent"), false);
     EXPECT_EQ(names(store.favorites()), (Names{"X", "Y", "old", "P1", "P2"}));
     EXPECT_EQ(sortOrders(store.favorites()),

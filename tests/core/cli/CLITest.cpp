@@ -35,10 +35,10 @@ protected:
 
     CLITest() { cwdFiles.workingDirectory = root.makeFolder("work/myProject"); }
 
-    Result run(std::vector<std::string> arguments) {
+    Result run(std::vector<std::string> arguments, ItemDatabase* itemDatabase = nullptr) {
         arguments.insert(arguments.begin(), "tide");
         std::ostringstream out, errors;
-        CLI cli({.database = database,
+        CLI cli({.database = itemDatabase ? *itemDatabase : database,
                  .launchAtLogin = launchAtLogin,
                  .launcher = launcher,
                  .files = cwdFiles,
@@ -124,6 +124,13 @@ TEST_F(CLITest, AddStoresTheOptionsAndCopiesTheIconIntoTheCache) {
     external[0].iconPath = cwdFiles.workingDirectory + "/art/Logo.SVG";
     database.save(external);
     EXPECT_EQ(run({"cache-icons"}), (Result{0, "Cached 1 project icon\n", ""}));
+    root.write("blocked", "a file where the data folder should go");
+    ItemDatabase blocked(
+        {files, clock, localCenter, distributedCenter, imageFormats},
+        DataFolder({.home = paths.home, .applicationSupport = root.path() + "/blocked"}));
+    const Result failed = run({"cache-icons"}, &blocked);
+    EXPECT_EQ(failed.status, 1);
+    EXPECT_TRUE(failed.errors.starts_with("tide: ")) << failed.errors;
 }
 
 TEST_F(CLITest, ShowAndOpenStartTheirProgramOrReportWhyNot) {

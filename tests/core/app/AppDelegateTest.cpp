@@ -65,35 +65,19 @@ protected:
     std::unique_ptr<AppDelegate> delegate;
 };
 
+// Also a second start, a reopen, and nothing once the application terminates.
 TEST_F(AppDelegateTest, TheFlagLeftByTheToolShowsTheShelfBrieflyAtLaunchAndIsConsumed) {
     writeShowOnLaunchFlag();
     launch();
     EXPECT_FALSE(hasShowOnLaunchFlag());
     expectShownBriefly();
-}
 
-TEST_F(AppDelegateTest, WithoutTheFlagNothingShowsAtLaunch) {
-    launch();
-    queue.advance(5s);
-    EXPECT_EQ(panel.orderFrontCount, 0);
-}
-
-TEST_F(AppDelegateTest, LaunchStartsThePanelWhichOpensForAPointerAlreadyInTheTrigger) {
-    pointer.where = inTrigger;
-    launch();
-    advanceMilliseconds(300);
-    EXPECT_TRUE(isShelfShown());
-}
-
-TEST_F(AppDelegateTest, ASecondStartShowsTheShelfBrieflyUntilTheApplicationTerminates) {
-    launch();
     writeShowOnLaunchFlag();
     distributedCenter.post(notchShowShelf);
     EXPECT_FALSE(isShelfShown()) << "the handler hops to a main-queue task";
     queue.runUntilIdle();
     EXPECT_FALSE(hasShowOnLaunchFlag());
     expectShownBriefly();
-
     EXPECT_FALSE(delegate->applicationShouldHandleReopen());
     expectShownBriefly();
 
@@ -103,8 +87,13 @@ TEST_F(AppDelegateTest, ASecondStartShowsTheShelfBrieflyUntilTheApplicationTermi
     EXPECT_FALSE(isShelfShown());
 }
 
+// Launching starts the panel, which opens for a pointer already in the trigger.
 TEST_F(AppDelegateTest, TheShelfShowsOnTheDisplayUnderThePointerElseOnTheMainOneElseNowhere) {
+    pointer.where = inTrigger;
     launch();
+    advanceMilliseconds(300);
+    EXPECT_TRUE(isShelfShown());
+    advanceMilliseconds(3000);
     pointer.where = {2000, 500};
     delegate->showShelf();
     advanceMilliseconds(300);
@@ -124,54 +113,49 @@ TEST_F(AppDelegateTest, TheShelfShowsOnTheDisplayUnderThePointerElseOnTheMainOne
     EXPECT_EQ(panel.orderFrontCount, shownBefore);
 }
 
-TEST_F(AppDelegateTest, AddingAFolderPinsItAndShowsItsTileButCancellingDoesNothing) {
-    launch();
+TEST_F(AppDelegateTest, TheMenuAddsFoldersTogglesOpenAtLoginRevealsDataShowsSettingsAndQuits) {
+    launch(installedCopy);
     statusItem.choose(StatusMenuAction::addFolder);
     queue.advance(3s);
     EXPECT_EQ(folderChooser.prompts, std::vector<std::string>{"Add"});
     EXPECT_TRUE(store.items().empty());
-    EXPECT_EQ(panel.orderFrontCount, 0);
-
+    EXPECT_EQ(panel.orderFrontCount, 0) << "nothing shows at launch without the flag";
     folderChooser.choice = root.makeFolder("projects/harbour");
     statusItem.choose(StatusMenuAction::addFolder);
     ASSERT_EQ(store.favorites().size(), 1u);
     EXPECT_EQ(store.favorites()[0].name, "harbour");
     expectShownBriefly();
-}
 
-TEST_F(AppDelegateTest, OpenAtLoginIsCheckedFromWhatIsInstalledNowAndToggles) {
-    launch(installedCopy);
+    // The check mark follows what is installed now, also when turned off elsewhere.
     statusItem.openMenu();
     EXPECT_TRUE(isStartAtLoginChecked());
-    // Turned off elsewhere, for example in the settings window or by the tool.
     loginItems.currentStatus = LoginItemStatus::notRegistered;
     statusItem.openMenu();
     EXPECT_FALSE(isStartAtLoginChecked());
-
     statusItem.choose(StatusMenuAction::toggleStartAtLogin);
     EXPECT_TRUE(isStartAtLoginChecked());
     EXPECT_EQ(loginItems.currentStatus, LoginItemStatus::enabled);
-
     statusItem.choose(StatusMenuAction::toggleStartAtLogin);
     EXPECT_FALSE(isStartAtLoginChecked());
     EXPECT_EQ(loginItems.currentStatus, LoginItemStatus::notRegistered);
     EXPECT_TRUE(alerts.messages.empty());
+
+    const std::string dataFolder = root.path() + "/data/Tidewell";
+    std::filesystem::remove_all(dataFolder);
+    statusItem.choose(StatusMenuAction::revealData);
+    EXPECT_TRUE(files.isDirectory(dataFolder));
+    EXPECT_EQ(workspace.calls, (std::vector<FakeWorkspace::Call>{
+                                   {FakeWorkspace::Operation::openFolder, dataFolder}}));
+    statusItem.choose(StatusMenuAction::showSettings);
+    EXPECT_EQ(settingsWindow.showCount, 1);
+    statusItem.choose(StatusMenuAction::quit);
+    EXPECT_EQ(runningApplication.terminateCount, 1);
 }
 
-TEST_F(AppDelegateTest, AFailedToggleShowsTheErrorAndLeavesTheCheckMark) {
-    launch(buildTreeCopy);
-    loginItems.currentStatus = LoginItemStatus::enabled;
-    loginItems.unregisterFailure = "The login item could not be removed.";
-    statusItem.openMenu();
-    statusItem.choose(StatusMenuAction::toggleStartAtLogin);
-    EXPECT_EQ(alerts.messages, std::vector<std::string>{"The login item could not be removed."});
-    EXPECT_TRUE(isStartAtLoginChecked());
-}
-
+// At launch, failures pass quietly; a failed toggle shows the error and keeps the mark.
 TEST_F(AppDelegateTest, OnlyAnInstalledCopyInstallsOpenAtLoginAtLaunchAndFailuresPassQuietly) {
     launch(buildTreeCopy);
     EXPECT_EQ(loginItems.registerCount, 0);
-
     launch(installedCopy);
     EXPECT_EQ(loginItems.registerCount, 1);
     EXPECT_EQ(loginItems.currentStatus, LoginItemStatus::enabled);
@@ -186,21 +170,13 @@ TEST_F(AppDelegateTest, OnlyAnInstalledCopyInstallsOpenAtLoginAtLaunchAndFailure
     EXPECT_TRUE(alerts.messages.empty());
     EXPECT_EQ(statusItem.entries.size(), 8u) << "the launch went on";
     expectShownBriefly();
-}
 
-TEST_F(AppDelegateTest, TheOtherEntriesRevealTheDataFolderShowSettingsAndQuit) {
-    launch();
-    const std::string dataFolder = root.path() + "/data/Tidewell";
-    std::filesystem::remove_all(dataFolder);
-    statusItem.choose(StatusMenuAction::revealData);
-    EXPECT_TRUE(files.isDirectory(dataFolder));
-    EXPECT_EQ(workspace.calls, (std::vector<FakeWorkspace::Call>{
-                                   {FakeWorkspace::Operation::openFolder, dataFolder}}));
-
-    statusItem.choose(StatusMenuAction::showSettings);
-    EXPECT_EQ(settingsWindow.showCount, 1);
-    statusItem.choose(StatusMenuAction::quit);
-    EXPECT_EQ(runningApplication.terminateCount, 1);
+    loginItems.currentStatus = LoginItemStatus::enabled;
+    loginItems.unregisterFailure = "The login item could not be removed.";
+    statusItem.openMenu();
+    statusItem.choose(StatusMenuAction::toggleStartAtLogin);
+    EXPECT_EQ(alerts.messages, std::vector<std::string>{"The login item could not be removed."});
+    EXPECT_TRUE(isStartAtLoginChecked());
 }
 
 } // namespace

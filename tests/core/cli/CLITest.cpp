@@ -35,10 +35,10 @@ protected:
 
     CLITest() { cwdFiles.workingDirectory = root.makeFolder("work/myProject"); }
 
-    Result run(std::vector<std::string> arguments) {
+    Result run(std::vector<std::string> arguments, ItemDatabase* itemDatabase = nullptr) {
         arguments.insert(arguments.begin(), "tide");
         std::ostringstream out, errors;
-        CLI cli({.database = database,
+        CLI cli({.database = itemDatabase ? *itemDatabase : database,
                  .launchAtLogin = launchAtLogin,
                  .launcher = launcher,
                  .files = cwdFiles,
@@ -96,9 +96,14 @@ TEST_F(CLITest, CommandWordsOptionsAndFoldersAreReadInEveryForm) {
     }
     EXPECT_EQ(run({}), run({"help"}));
 
+    // Equally recent items are listed in the order of the file.
     std::vector<std::string> stored;
-    for (const NotchItem& item : database.load())
+    std::string listed;
+    for (const NotchItem& item : database.load()) {
         stored.push_back(item.path);
+        listed += "* " + item.name + "\t" + item.path + "\n";
+    }
+    EXPECT_EQ(run({"list"}), (Result{0, listed, ""}));
     EXPECT_EQ(stored, (std::vector<std::string>{cwdFiles.workingDirectory, paths.home + "/code",
                                                 root.path() + "/work/sibling",
                                                 cwdFiles.workingDirectory + "/a/b"}));
@@ -114,6 +119,18 @@ TEST_F(CLITest, AddStoresTheOptionsAndCopiesTheIconIntoTheCache) {
     EXPECT_EQ(items[0].launchCommand, "make");
     EXPECT_EQ(items[0].iconPath, folder.iconsFolder() + "/" + items[0].id.text() + ".svg");
     EXPECT_EQ(files.readFile(*items[0].iconPath), "<svg/>");
+
+    std::vector<NotchItem> external = items;
+    external[0].iconPath = cwdFiles.workingDirectory + "/art/Logo.SVG";
+    database.save(external);
+    EXPECT_EQ(run({"cache-icons"}), (Result{0, "Cached 1 project icon\n", ""}));
+    root.write("blocked", "a file where the data folder should go");
+    ItemDatabase blocked(
+        {files, clock, localCenter, distributedCenter, imageFormats},
+        DataFolder({.home = paths.home, .applicationSupport = root.path() + "/blocked"}));
+    const Result failed = run({"cache-icons"}, &blocked);
+    EXPECT_EQ(failed.status, 1);
+    EXPECT_TRUE(failed.errors.starts_with("tide: ")) << failed.errors;
 }
 
 TEST_F(CLITest, ShowAndOpenStartTheirProgramOrReportWhyNot) {

@@ -11,60 +11,46 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class FolderIdentityTest : public ::testing::Test {
-protected:
-    std::string link(const std::string& name, const std::string& target) {
-        const std::string path = root.path() + "/" + name;
-        fs::create_directories(fs::path(path).parent_path());
-        fs::create_symlink(target, path);
-        return path;
-    }
-    std::string normalized(const std::string& path) {
-        return FolderIdentity(files).normalizedPath(path);
-    }
-
+// Links are resolved in every component as the kernel does; those that lead nowhere stay.
+TEST(FolderIdentityTest, PathsAndIdentifiersFollowLinksThatLeadSomewhere) {
     TemporaryDirectory root;
     PosixFileSystem files;
-};
-
-TEST_F(FolderIdentityTest, LinksAreResolvedInEveryComponentAsTheKernelDoes) {
-    const std::string real = root.makeFolder("a/real/project");
-    link("a/up", "real");
-    link("b/chain", "../a/up");
-    link("absolute", real);
-    link("a/real/sideways", "../real/./project/..");
-    EXPECT_EQ(normalized(root.path() + "/b/chain/project"), real);
-    EXPECT_EQ(normalized(root.path() + "/absolute/"), real);
-    EXPECT_EQ(normalized(root.path() + "/a/real/sideways/project"), real);
-    EXPECT_EQ(normalized(root.path() + "/b/chain/project/not/yet"), real + "/not/yet");
-    EXPECT_EQ(normalized(root.path() + "/a/./x/../up/project"), real);
-
     FolderIdentity folders(files);
-    const std::string& viaLink = folders.identifier(root.path() + "/b/chain/project");
+    const std::string at = root.path() + "/";
+    const std::string real = root.makeFolder("a/real/project");
+    root.makeFolder("b");
+    for (const auto& [name, target] : std::vector<std::pair<std::string, std::string>>{
+             {"a/up", "real"},
+             {"b/chain", "../a/up"},
+             {"absolute", real},
+             {"a/real/sideways", "../real/./project/.."},
+             {"loop-a", "loop-b"},
+             {"loop-b", "loop-a"},
+             {"self", "self"},
+             {"dangling", "missing/target"}})
+        fs::create_symlink(target, at + name);
+    fs::current_path(root.makeFolder("work"));
+    for (const auto& [path, normalized] : std::vector<std::pair<std::string, std::string>>{
+             {at + "b/chain/project", real},
+             {at + "absolute/", real},
+             {at + "a/real/sideways/project", real},
+             {at + "b/chain/project/not/yet", real + "/not/yet"},
+             {at + "a/./x/../up/project", real},
+             {at + "loop-a/below", at + "loop-a/below"},
+             {at + "self/below", at + "self/below"},
+             {at + "dangling/below", at + "dangling/below"},
+             {"sub/../.", at + "work"},
+             {"", at + "work"},
+         })
+        EXPECT_EQ(folders.normalizedPath(path), normalized) << path;
+    fs::current_path("/");
+
+    const std::string viaLink = folders.identifier(at + "b/chain/project");
     EXPECT_TRUE(viaLink.starts_with("ino:"));
     EXPECT_EQ(viaLink, folders.identifier(real));
-    EXPECT_NE(viaLink, folders.identifier(root.path() + "/a"));
-}
-
-TEST_F(FolderIdentityTest, LinksThatLeadNowhereStayAsTheyAre) {
-    link("loop-a", "loop-b");
-    link("loop-b", "loop-a");
-    link("self", "self");
-    link("dangling", "missing/target");
-    for (const std::string name : {"loop-a", "self", "dangling"}) {
-        const std::string path = root.path() + "/" + name;
-        FolderIdentity folders(files);
-        EXPECT_EQ(folders.normalizedPath(path + "/below"), path + "/below");
-        EXPECT_EQ(folders.identifier(path), "path:" + path);
-    }
-}
-
-TEST_F(FolderIdentityTest, RelativePathsStartAtTheWorkingDirectory) {
-    const fs::path previous = fs::current_path();
-    fs::current_path(root.makeFolder("work"));
-    EXPECT_EQ(normalized("sub/../."), root.path() + "/work");
-    EXPECT_EQ(normalized(""), root.path() + "/work");
-    fs::current_path(previous);
+    EXPECT_NE(viaLink, folders.identifier(at + "a"));
+    for (const std::string name : {"loop-a", "self", "dangling"})
+        EXPECT_EQ(folders.identifier(at + name), "path:" + at + name);
 }
 
 } // namespace

@@ -63,8 +63,8 @@ protected:
         return {.id = Uuid::random(),
                 .name = name,
                 .path = path,
-                .initials = NotchItem::makeInitials(name),
-                .tintHex = NotchItem::makeTint(name),
+                .initials = "N",
+                .tintHex = "#000000",
                 .createdAt = created,
                 .lastOpenedAt = created};
     }
@@ -113,6 +113,15 @@ TEST_F(ItemDatabaseTest, OneFolderKeepsOneRecordWhicheverPathLeadsToIt) {
     const std::string missing = root.path() + "/gone/project";
     EXPECT_EQ(upsert(root.path() + "/gone/./x/../project").id, upsert(missing).id);
     EXPECT_EQ(database.load().size(), 2u);
+
+    // Touching stamps one record; an unknown id changes nothing and announces nothing.
+    const std::string before = itemsFileBytes();
+    database.touch(Uuid::random());
+    EXPECT_EQ(itemsFileBytes(), before);
+    clock.advance(seconds(60));
+    database.touch(first.id);
+    EXPECT_EQ(database.load().front().lastOpenedAt, clock.now());
+    EXPECT_EQ(deliveredPosts(), 5);
 }
 
 TEST_F(ItemDatabaseTest, UpdatesNeverUnpinAndKeepWhatIsNotGiven) {
@@ -161,19 +170,6 @@ TEST_F(ItemDatabaseTest, RecordsOfOneFolderAreMergedQuietlyOnLoad) {
     const std::vector<NotchItem> deduplicated = database.deduplicated({kept, stale});
     kept.isFavorite = true;
     EXPECT_EQ(deduplicated, std::vector{kept});
-}
-
-TEST_F(ItemDatabaseTest, TouchStampsOneRecordAndIgnoresUnknownIds) {
-    const NotchItem item = upsert(root.makeFolder("p"));
-    const std::string before = itemsFileBytes();
-    database.touch(Uuid::random());
-    EXPECT_EQ(itemsFileBytes(), before);
-    EXPECT_EQ(deliveredPosts(), 1);
-
-    clock.advance(seconds(60));
-    database.touch(item.id);
-    EXPECT_EQ(database.load().front().lastOpenedAt, clock.now());
-    EXPECT_EQ(deliveredPosts(), 2);
 }
 
 TEST_F(ItemDatabaseTest, TheLegacyFolderIsCopiedOnceWhenThereIsNoItemsFile) {

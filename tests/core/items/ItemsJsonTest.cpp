@@ -23,15 +23,6 @@ NotchItem fullItem() {
             .sortOrder = 0};
 }
 
-NotchItem recentItem() {
-    NotchItem item = fullItem();
-    item.iconPath.reset();
-    item.sortOrder.reset();
-    item.isFavorite = false;
-    item.launchCommand = "npm run dev";
-    return item;
-}
-
 // One valid record with a member replaced by raw JSON text, or left out when it has none.
 std::string recordWith(const std::string& key = "", std::optional<std::string> value = {}) {
     std::map<std::string, std::string> members = {
@@ -64,7 +55,12 @@ NotchItem decodeOne(const std::string& record) {
 }
 
 TEST(ItemsJson, EncodesTheExactLayout) {
-    EXPECT_EQ(ItemsJson::encode({fullItem(), recentItem()}), R"([
+    NotchItem recent = fullItem();
+    recent.iconPath.reset();
+    recent.sortOrder.reset();
+    recent.isFavorite = false;
+    recent.launchCommand = "npm run dev";
+    EXPECT_EQ(ItemsJson::encode({fullItem(), recent}), R"([
   {
     "createdAt" : "2025-03-04T18:07:41Z",
     "iconPath" : "\/home\/a\/.local\/share\/Tidewell\/Icons\/3F25.png",
@@ -92,7 +88,7 @@ TEST(ItemsJson, EncodesTheExactLayout) {
 ])");
     EXPECT_EQ(ItemsJson::encode({}), "[\n\n]");
 
-    NotchItem item = recentItem();
+    NotchItem item = recent;
     item.name = "a\"b\\c/d\b\f\n\r\t\x01\x1f\x7f\u00e9\U0001F680";
     item.name += '\0';
     EXPECT_NE(ItemsJson::encode({item}).find(R"("name" : "a\"b\\c\/d\b\f\n\r\t\u0001\u001f)"
@@ -141,6 +137,7 @@ TEST(ItemsJson, AnyBadRecordOrDocumentFailsTheWholeDecode) {
         recordWith("sortOrder", "01"),
         recordWith("isFavorite", "truex"),
         recordWith("colour", "1."),
+        recordWith("colour", "-"),
         "42",
         "{",
         R"({"id"})",
@@ -153,6 +150,8 @@ TEST(ItemsJson, AnyBadRecordOrDocumentFailsTheWholeDecode) {
              "[" + validRecord + ",]",  // trailing comma
              std::string("[\"\xff\"]"), // invalid UTF-8
              "[" + validRecord + "] x", // text after the array
+             // a nested key without its value, whose '}' would close the record
+             "[" + validRecord.substr(0, validRecord.size() - 1) + R"(,"colour":{"a"}])",
          })
         EXPECT_FALSE(ItemsJson::decode(document)) << document;
     EXPECT_TRUE(ItemsJson::decode("[" + validRecord + "," + validRecord + "]"));

@@ -4,7 +4,6 @@
 #include "linux/PosixFileSystem.h"
 #include "support/FakeKeyValueStore.h"
 #include "support/FakeLoginItemService.h"
-#include "support/FakeMainQueue.h"
 #include "support/TemporaryDirectory.h"
 
 #include <gtest/gtest.h>
@@ -47,38 +46,17 @@ protected:
     void writeAgentFile(const std::string& name = ownAgent) {
         home.write("Library/LaunchAgents/" + name, "old");
     }
-    void writeOldAgentFiles() {
-        for (const std::string& name : oldAgentFiles)
-            writeAgentFile(name);
-    }
     bool isMigrated() const { return defaults.boolean("Tidewell.didMigrateLoginItem") == true; }
-    int postsDelivered() {
-        queue.runUntilIdle();
-        return statusChangedCount;
-    }
+    int postsDelivered() const { return statusChangedCount; }
 
     TemporaryDirectory home;
     UserPaths paths{home.path(), home.path() + "/.local/share"};
     PosixFileSystem files;
     FakeLoginItemService service;
     FakeKeyValueStore defaults;
-    FakeClock clock;
-    FakeMainQueue queue{clock};
-    NotificationCenter notifications{queue};
+    NotificationCenter notifications{[](MainQueue::Task task) { task(); }};
     int statusChangedCount = 0;
 };
-
-TEST_F(LaunchAgentManagerTest, StatusFollowsTheServiceUnlessTheAgentFileExists) {
-    service.currentStatus = LoginItemStatus::requiresApproval;
-    EXPECT_EQ(manager().statusDescription(), "requires approval");
-    EXPECT_TRUE(manager().isInstalled());
-    service.currentStatus = LoginItemStatus::notFound;
-    EXPECT_EQ(manager().statusDescription(), "not found");
-    EXPECT_FALSE(manager().isInstalled());
-    writeAgentFile();
-    EXPECT_EQ(manager().statusDescription(), "launch agent fallback");
-    EXPECT_TRUE(manager().isInstalled());
-}
 
 TEST_F(LaunchAgentManagerTest, InstallRegistersWithTheServiceOrFallsBackToTheAgentFile) {
     const struct {
@@ -140,7 +118,8 @@ TEST_F(LaunchAgentManagerTest, TheAgentFileNamesTheProgramEscapedAndIsRewrittenE
 TEST_F(LaunchAgentManagerTest, FirstInstallCleansUpOldRegistrationsOnce) {
     for (const bool unregisterFails : {false, true}) {
         SCOPED_TRACE(unregisterFails ? "unregister fails" : "unregister works");
-        writeOldAgentFiles();
+        for (const std::string& name : oldAgentFiles)
+            writeAgentFile(name);
         writeAgentFile();
         writeAgentFile("org.example.other.plist");
         defaults.values.clear();
@@ -160,7 +139,7 @@ TEST_F(LaunchAgentManagerTest, FirstInstallCleansUpOldRegistrationsOnce) {
         EXPECT_EQ(service.registerCount, unregisterFails ? 0 : 1);
         EXPECT_EQ(postsDelivered(), posts + 1);
 
-        writeOldAgentFiles();
+        writeAgentFile(oldAgentFiles[0]);
         manager().install(defaults, notifications);
         EXPECT_TRUE(files.exists(agentFile(oldAgentFiles[0])));
         EXPECT_EQ(service.unregisterCount, 1);
@@ -181,10 +160,18 @@ TEST_F(LaunchAgentManagerTest, AnOldAgentFileThatCannotBeRemovedStopsBeforeAnyth
     EXPECT_EQ(postsDelivered(), 0);
 }
 
+// The status follows the service unless the agent file exists.
 TEST_F(LaunchAgentManagerTest, UninstallRemovesTheAgentFileAndTheRegistration) {
-    writeAgentFile();
+    service.currentStatus = LoginItemStatus::requiresApproval;
+    EXPECT_EQ(manager().statusDescription(), "requires approval");
+    EXPECT_TRUE(manager().isInstalled());
     service.currentStatus = LoginItemStatus::notFound;
+    EXPECT_FALSE(manager().isInstalled());
+    writeAgentFile();
+    EXPECT_EQ(manager().statusDescription(), "launch agent fallback");
+    EXPECT_TRUE(manager().isInstalled());
     manager().uninstall(defaults, notifications);
+    EXPECT_EQ(manager().statusDescription(), "not found");
     EXPECT_FALSE(files.exists(agentFile()));
     EXPECT_EQ(service.unregisterCount, 0);
     EXPECT_TRUE(isMigrated());

@@ -14,18 +14,17 @@ using std::chrono::seconds;
 using Names = std::vector<std::string>;
 using SortOrders = std::vector<std::optional<std::int64_t>>;
 
-Names names(const std::vector<NotchItem>& items) {
-    Names result;
+template <typename Member> auto each(const std::vector<NotchItem>& items, Member member) {
+    std::vector<std::decay_t<decltype(items[0].*member)>> result;
     for (const NotchItem& item : items)
-        result.push_back(item.name);
+        result.push_back(item.*member);
     return result;
 }
-
+Names names(const std::vector<NotchItem>& items) {
+    return each(items, &NotchItem::name);
+}
 SortOrders sortOrders(const std::vector<NotchItem>& items) {
-    SortOrders result;
-    for (const NotchItem& item : items)
-        result.push_back(item.sortOrder);
-    return result;
+    return each(items, &NotchItem::sortOrder);
 }
 
 // The favourites in the file, in the order their sort orders give.
@@ -41,16 +40,16 @@ class ItemStoreTest : public ItemsFixture {
 protected:
     // A pinned project folder whose record was created `age` seconds from now.
     NotchItem pinned(const std::string& name, std::optional<std::int64_t> sortOrder, int age = 0) {
-        NotchItem item;
-        item.id = Uuid::random();
-        item.name = name;
-        item.path = root.makeFolder("projects/" + name);
-        item.initials = NotchItem::makeInitials(name);
-        item.tintHex = NotchItem::makeTint(name);
-        item.isFavorite = true;
-        item.createdAt = item.lastOpenedAt = clock.now() + seconds(age);
-        item.sortOrder = sortOrder;
-        return item;
+        const Date created = clock.now() + seconds(age);
+        return {.id = Uuid::random(),
+                .name = name,
+                .path = root.makeFolder("projects/" + name),
+                .initials = "N",
+                .tintHex = "#000000",
+                .isFavorite = true,
+                .createdAt = created,
+                .lastOpenedAt = created,
+                .sortOrder = sortOrder};
     }
 
     // Writes the items file and opens a fresh store on it, with no notification pending.
@@ -133,119 +132,87 @@ TEST_F(ItemStoreTest, FoldersAddedBeforeAFavouriteAreNumberedInPlaceEvenIfOneFai
     }
 }
 
-TEST_F(ItemStoreTest, FoldersAddedWithoutATargetStayUnplacedAfterOlderOnes) {
-    ItemStore& store =
-        openStore({pinned("X", 0), pinned("old", std::nullopt, -60), pinned("Y", 1)});
-    store.add({root.makeFolder("new/P1"), root.makeFolder("new/P2")}, std::nullopt);
+TEST_F(ItemStoreTest, FoldersAddedWithoutATargetStayUnplacedUnpinRemoveAndOthersChanges) {
+    const std::vector items{pinned("X", 0), pinned("old", std::nullopt, -60), pinned("Y", 1)};
+    ItemStore& store = openStore(items);
+    clock.advance(seconds(1));
+    store.add({root.makeFolder("new/P1")}, std::nullopt);
+    store.add({root.makeFolder("new/P2")}, Uuid::random()); // an unknown target is none
     store.add(root.makeFolder("new/recent"), false);
     EXPECT_EQ(names(store.favorites()), (Names{"X", "Y", "old", "P1", "P2"}));
     EXPECT_EQ(sortOrders(store.favorites()),
               (SortOrders{0, 1, std::nullopt, std::nullopt, std::nullopt}));
     EXPECT_EQ(store.items().size(), 6u);
     EXPECT_EQ(store.items(), database.load());
-}
 
-TEST_F(ItemStoreTest, UnpinClearsThePlacePinningAgainLeavesItUnplacedRemoveDeletes) {
-    const std::vector items{pinned("X", 0), pinned("Y", 1), pinned("Z", 2)};
-    ItemStore& store = openStore(items);
-    store.unpin(items[1].id);
-    EXPECT_EQ(names(store.favorites()), (Names{"X", "Z"}));
-    EXPECT_FALSE(store.items()[1].isFavorite);
-    EXPECT_FALSE(store.items()[1].sortOrder);
+    // Unpinning clears the place and pinning again leaves it unplaced; another writer's
+    // record made since the last load is kept.
+    database.upsert({.path = root.makeFolder("projects/C"), .favorite = true});
+    store.unpin(items[0].id);
+    EXPECT_EQ(names(store.favorites()), (Names{"Y", "old", "P1", "P2", "C"}));
     EXPECT_EQ(store.items(), database.load());
-
-    store.add(items[1].path, true);
-    EXPECT_EQ(names(store.favorites()), (Names{"X", "Z", "Y"}));
+    store.add(items[0].path, true);
+    EXPECT_EQ(names(store.favorites()), (Names{"Y", "old", "X", "P1", "P2", "C"}));
     EXPECT_FALSE(store.favorites()[2].sortOrder);
 
-    store.remove(items[0].id);
-    EXPECT_EQ(names(database.load()), (Names{"Y", "Z"}));
-    EXPECT_EQ(names(store.items()), (Names{"Y", "Z"}));
+    store.remove(items[1].id);
+    EXPECT_EQ(store.items(), database.load());
+    EXPECT_EQ(store.items().size(), 6u);
     const std::size_t postsBefore = distributedCenter.posted.size();
     store.remove(Uuid::random()); // still saved and announced
     EXPECT_EQ(distributedCenter.posted.size(), postsBefore + 1);
 }
 
+// Its own save reloads once per centre without changing the list; a store gone before its
+// reload runs is left alone.
 TEST_F(ItemStoreTest, ANotificationReloadsLaterAndDropsAnUnsavedReorder) {
     const std::vector items{pinned("A", 0), pinned("B", 1)};
     ItemStore& store = openStore(items);
+    store.reorderFavorite(items[1].id, items[0].id);
     root.write("data/Tidewell/items.json", ItemsJson::encode({items[0]}));
     distributedCenter.post(notchItemsChanged);
-    EXPECT_EQ(store.items().size(), 2u);
+    EXPECT_EQ(names(store.favorites()), (Names{"B", "A"}));
     queue.runUntilIdle();
     EXPECT_EQ(store.items(), std::vector{items[0]});
 
-    ItemStore& reordered = openStore(items);
-    reordered.reorderFavorite(items[1].id, items[0].id);
-    EXPECT_EQ(names(reordered.favorites()), (Names{"B", "A"}));
-    distributedCenter.post(notchItemsChanged);
-    queue.runUntilIdle();
-    EXPECT_EQ(names(reordered.favorites()), (Names{"A", "B"}));
-}
-
-TEST_F(ItemStoreTest, AStoreGoneBeforeItsReloadRunsIsLeftAlone) {
-    openStore({pinned("A", 0)});
-    distributedCenter.post(notchItemsChanged);
-    localCenter.post(notchItemsChanged);
-    opened.reset();
-    queue.runUntilIdle();
-    EXPECT_EQ(changes, 0);
-
-    distributedCenter.post(notchItemsChanged);
-    EXPECT_EQ(queue.pendingCount(), 0u);
-}
-
-TEST_F(ItemStoreTest, ItsOwnSaveReloadsOncePerCentreWithoutChangingTheList) {
-    const std::vector items{pinned("A", 0), pinned("B", 1)};
-    ItemStore& store = openStore(items);
+    changes = 0;
     store.unpin(items[0].id);
-    EXPECT_EQ(changes, 1);
     const std::vector<NotchItem> saved = store.items();
     queue.runUntilIdle();
     EXPECT_EQ(changes, 3);
     EXPECT_EQ(store.items(), saved);
+
+    distributedCenter.post(notchItemsChanged);
+    localCenter.post(notchItemsChanged);
+    opened.reset();
+    queue.runUntilIdle();
+    EXPECT_EQ(changes, 3);
+    distributedCenter.post(notchItemsChanged);
+    EXPECT_EQ(queue.pendingCount(), 0u);
 }
 
-TEST_F(ItemStoreTest, AChangeByAnotherWriterSinceTheLastLoadIsKept) {
-    const std::vector items{pinned("A", 0), pinned("B", 1)};
-    ItemStore& store = openStore(items);
-    database.upsert({.path = root.makeFolder("projects/C"), .favorite = true});
-    ASSERT_EQ(store.items().size(), 2u);
-
-    store.unpin(items[0].id);
-    EXPECT_EQ(names(database.load()), (Names{"A", "B", "C"}));
-    EXPECT_EQ(names(store.favorites()), (Names{"B", "C"}));
-}
-
+// The shelf hears an edit before any reload; other writers' changes are kept, and an item
+// removed elsewhere while the user still edits it comes back.
 TEST_F(ItemStoreTest, UpdateEditsInMemoryAtOnceAndSavesOnceAnUnknownIdDoesNothing) {
-    const std::vector items{pinned("A", 0), pinned("B", 1)};
-    ItemStore& store = openStore(items);
-    const std::size_t postsBefore = distributedCenter.posted.size();
-    store.update(items[0].id, [](NotchItem& item) { item.name = ""; });
-    EXPECT_EQ(changes, 1) << "the shelf hears it before any reload";
-    EXPECT_EQ(names(store.items()), (Names{"", "B"}));
-    EXPECT_EQ(distributedCenter.posted.size(), postsBefore + 1);
-    EXPECT_EQ(database.load(), store.items());
-
-    store.update(Uuid::random(), [](NotchItem& item) { item.name = "lost"; });
-    EXPECT_EQ(distributedCenter.posted.size(), postsBefore + 1);
-    EXPECT_EQ(changes, 1);
-}
-
-TEST_F(ItemStoreTest, UpdateKeepsOtherWritersChangesAndSavesTheListWhenTheFileLostTheItem) {
     const std::vector items{pinned("A", 0), pinned("B", 1)};
     ItemStore& store = openStore(items);
     NotchItem renamedElsewhere = items[1];
     renamedElsewhere.name = "B2";
     root.write("data/Tidewell/items.json", ItemsJson::encode({items[0], renamedElsewhere}));
-    store.update(items[0].id, [](NotchItem& item) { item.name = "A2"; });
-    EXPECT_EQ(names(database.load()), (Names{"A2", "B2"}));
+    const std::size_t postsBefore = distributedCenter.posted.size();
+    store.update(items[0].id, [](NotchItem& item) { item.name = ""; });
+    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(store.items()[0].name, "");
+    EXPECT_EQ(distributedCenter.posted.size(), postsBefore + 1);
+    EXPECT_EQ(names(database.load()), (Names{"", "B2"}));
 
-    // Removed elsewhere while the user still edits it: the edit brings it back.
-    ItemStore& editing = openStore(items);
+    store.update(Uuid::random(), [](NotchItem& item) { item.name = "lost"; });
+    EXPECT_EQ(distributedCenter.posted.size(), postsBefore + 1);
+    EXPECT_EQ(changes, 1);
+
     root.write("data/Tidewell/items.json", ItemsJson::encode({items[1]}));
-    editing.update(items[0].id, [](NotchItem& item) { item.name = "A3"; });
-    EXPECT_EQ(database.load(), editing.items());
+    store.update(items[0].id, [](NotchItem& item) { item.name = "A3"; });
+    EXPECT_EQ(database.load(), store.items());
     EXPECT_EQ(names(database.load()), (Names{"A3", "B"}));
 }
 

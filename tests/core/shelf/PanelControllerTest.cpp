@@ -93,6 +93,8 @@ TEST_F(PanelClosing, LeavingArmsOneCloseAndMovesCountEverywhereUntilItHasEnded) 
     EXPECT_EQ(controller->panelState(), PanelState::hidden);
     EXPECT_EQ(controller->pointerInterest(), hidden);
     EXPECT_EQ(changes, 3);
+    controller->scheduleHide(std::chrono::milliseconds(450)); // armed while off screen
+    EXPECT_TRUE(controller->pointerInterest().everywhere);
 }
 
 TEST_F(PanelClosing, ReturningIntoThePanelGrownBy12By10CancelsTheClose) {

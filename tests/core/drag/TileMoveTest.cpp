@@ -31,6 +31,7 @@ TEST_F(TileMoveTest, ATileTakesTheEnteredPlaceOnceUntilThePointerTravels30Points
     EXPECT_EQ(favoriteNames(), (Names{"B", "C", "A"}));
 
     ShelfTileDrop drop(ids[1], context());
+    EXPECT_TRUE(drop.validateDrop(tileMove()) && drop.validateDrop(folderAt(30)));
     EXPECT_EQ(drop.dropUpdated(tileMove()), DropOperation::move);
     EXPECT_EQ(drop.dropUpdated(folderAt(30)), DropOperation::copy);
     EXPECT_EQ(favoriteNamesInFile(), (Names{"A", "B", "C"}));

@@ -4,6 +4,7 @@
 #include "core/shelf/ScreenNotchGeometry.h"
 #include "core/shelf/ShelfMeasurements.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
 
@@ -29,6 +30,7 @@ TEST(ScreenNotchGeometry, GapBetweenTheAreasInWholePointsOrTheFallback) {
         {left(500), right(921), 180},
         {left(900), right(700), 180},
         {{{0, 950}, {infinity, 32}}, right(851), 180},
+        {{{0, 950}, {std::nan(""), 32}}, right(851), 180},
     };
     for (const auto& [left, right, expected] : cases)
         EXPECT_EQ(ScreenNotchGeometry::inferredNotchWidth(left, right, 180), expected)

@@ -157,6 +157,7 @@ TEST_F(PanelOnRequest, FollowsDisplayChangesAndLeavesNothingBehindWhenDestroyed)
     localCenter.post(screenParametersDidChange);
     queue.runUntilIdle();
     EXPECT_EQ(panel.frame(), (Rect{{700, 772}, {200, 128}}));
+    EXPECT_EQ(controller->layout().expandedSize(), (Size{200, 128}));
     EXPECT_EQ(controller->layout().availableWidth(), 1536);
 
     // Shown on another display, the open shelf moves there; it follows that display when it

@@ -65,20 +65,20 @@ TEST_F(TerminalLauncherTest, EachEmulatorRunsTheQuotedLineInAShellThatStays) {
 }
 
 TEST_F(TerminalLauncherTest, MissingChoicesFallBackToTheDesktopDefault) {
+    using enum TerminalApp;
     const struct {
         std::set<std::string> installed;
-        TerminalApp choice;
-        TerminalApp resolved;
+        TerminalApp choice, resolved;
         std::string started; // empty when nothing can be started
     } cases[] = {
         {{"xdg-terminal-exec", "x-terminal-emulator", "kitty"},
-         TerminalApp::automatic,
-         TerminalApp::terminal,
+         automatic,
+         terminal,
          "xdg-terminal-exec"},
-        {{"kitty", "xterm"}, TerminalApp::automatic, TerminalApp::kitty, "kitty"},
-        {{"xterm", "kitty"}, TerminalApp::terminal, TerminalApp::kitty, "kitty"},
-        {{"foot", "xterm"}, TerminalApp::wezterm, TerminalApp::foot, "foot"},
-        {{}, TerminalApp::xterm, TerminalApp::terminal, ""},
+        {{"kitty", "xterm"}, automatic, kitty, "kitty"},
+        {{"xterm", "kitty"}, terminal, kitty, "kitty"},
+        {{"foot", "xterm"}, wezterm, foot, "foot"},
+        {{}, xterm, terminal, ""},
     };
     for (const auto& [installed, choice, resolved, started] : cases) {
         executables.installed = installed;

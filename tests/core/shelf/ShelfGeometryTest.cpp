@@ -21,8 +21,8 @@ TEST(ScreenNotchGeometry, GapBetweenTheAreasInWholePointsOrTheFallback) {
         Rect left, right;
         double expected;
     } cases[] = {
-        {{}, right(851), 180},
-        {left(661), {}, 180},
+        {{{0, 950}, {661, 0}}, right(851), 180}, // an empty area is no notch edge
+        {left(661), {{851, 950}, {0, 32}}, 180},
         {left(661), right(851), 190},
         {left(600), right(719.4), 180}, // 119.4 rounds below the minimum
         {left(600), right(719.5), 120},

@@ -128,27 +128,6 @@ TEST_F(PanelPrivacy, ThePreferenceReachesTheOpenPanelWithoutReopening) {
     EXPECT_TRUE(panel.sharingHidden);
 }
 
-TEST_F(PanelOnRequest, OpensOnThePointersDisplayAndClosesAfterwardsUnlessHovered) {
-    EXPECT_EQ(controller->screen({1439.9, 0}), mainDisplay);
-    EXPECT_FALSE(controller->screen({-1, 500}));
-    pointer.where = {2400, 500};
-    controller->show(*controller->screen(pointer.where));
-    controller->scheduleHide(std::chrono::milliseconds(2500));
-    queue.runUntilIdle();
-    EXPECT_EQ(panel.frame(), (Rect{{2400 - 100, 1080 - 116}, {200, 116}}));
-
-    pointer.where = {2400, 1000}; // over the shelf when the close fires
-    advanceMilliseconds(3000);
-    EXPECT_EQ(controller->panelState(), PanelState::visible);
-
-    pointer.where = {2400, 500};
-    controller->scheduleHide(std::chrono::milliseconds(2500));
-    advanceMilliseconds(2499);
-    EXPECT_EQ(controller->panelState(), PanelState::visible);
-    advanceMilliseconds(1);
-    EXPECT_EQ(controller->panelState(), PanelState::hiding);
-}
-
 TEST_F(PanelOnRequest, FollowsDisplayChangesAndLeavesNothingBehindWhenDestroyed) {
     controller->start();
     openFully();

@@ -17,6 +17,8 @@
 
 namespace tidewell::testing {
 
+using Names = std::vector<std::string>;
+
 // A shelf with the pinned projects A, B and C (in that order) on real folders, an open panel
 // at (400, 800) sized 400 × 120, and the pointer at rest with no button held.
 class DropFixture : public ItemsFixture {
@@ -36,15 +38,15 @@ protected:
     std::string folder(const std::string& name) const {
         return root.makeFolder("projects/" + name);
     }
-    static std::vector<std::string> names(const std::vector<NotchItem>& items) {
-        std::vector<std::string> result;
+    static Names names(const std::vector<NotchItem>& items) {
+        Names result;
         for (const NotchItem& item : items)
             result.push_back(item.name);
         return result;
     }
-    std::vector<std::string> favoriteNames() const { return names(store.favorites()); }
+    Names favoriteNames() const { return names(store.favorites()); }
     // As a store opened now on the items file would show them.
-    std::vector<std::string> favoriteNamesInFile() {
+    Names favoriteNamesInFile() {
         const ItemStore fresh{{database, localCenter, distributedCenter, queue, workspace}};
         return names(fresh.favorites());
     }

@@ -8,7 +8,6 @@
 namespace tidewell::testing {
 namespace {
 
-using Names = std::vector<std::string>;
 using Position = ShelfDropPosition;
 
 class FolderDropTest : public DropFixture {
@@ -16,10 +15,8 @@ protected:
     // Opens the gap in front of B, as a folder hovering over B does.
     void openGapBeforeB() { ShelfTileDrop(ids[1], context()).dropEntered(folderAt(30)); }
     void expectGapClosed() {
-        EXPECT_FALSE(state.folderDropPosition());
-        EXPECT_FALSE(state.lastFolderHoverPointer());
-        EXPECT_FALSE(state.isCommittingFolderDrop());
-        EXPECT_FALSE(layout.isReservingSlot());
+        EXPECT_FALSE(state.folderDropPosition() || state.lastFolderHoverPointer() ||
+                     state.isCommittingFolderDrop() || layout.isReservingSlot());
     }
     std::string fileUrl(const std::string& path) const { return "file://" + path; }
 };
@@ -42,17 +39,14 @@ TEST_F(FolderDropTest, FoldersOfTheUriListAreAddedAtOnceInDragOrder) {
 
     // Only drags that offer file locations, as a list or as text, are taken.
     for (const auto& [format, taken] :
-         std::vector<std::pair<std::string, bool>>{{"text/uri-list", true},
-                                                   {"text/plain", true},
-                                                   {"text/plain;charset=utf-8", true},
-                                                   {"image/png", false}})
+         {std::pair{"text/uri-list", true}, std::pair{"text/plain;charset=utf-8", true},
+          std::pair{"image/png", false}})
         EXPECT_EQ(ShelfGapDrop(context()).validateDrop({{30, 30}, {format}}), taken) << format;
 }
 
 TEST_F(FolderDropTest, DecodedFoldersKeepDragOrderWhateverOrderDecodingFinishesIn) {
-    const DroppedData data{.plainText = folder("X") + "\n" + folder("Y") + "\n"};
     ShelfTileDrop onB(ids[1], context());
-    EXPECT_TRUE(onB.performDrop(folderAt(30), data));
+    EXPECT_TRUE(onB.performDrop(folderAt(30), {.plainText = folder("X") + "\n" + folder("Y")}));
     EXPECT_TRUE(state.isCommittingFolderDrop());
     ASSERT_EQ(background.pendingCount(), 2u);
 
@@ -69,22 +63,21 @@ TEST_F(FolderDropTest, DecodedFoldersKeepDragOrderWhateverOrderDecodingFinishesI
     queue.runUntilIdle();
     EXPECT_EQ(favoriteNames(), (Names{"A", "X", "Y", "B", "C"}));
     expectGapClosed();
-}
 
-TEST_F(FolderDropTest, TheUriListIsReadAgainWhenNoProviderYieldsAFolder) {
+    // When no provider yields a folder, the list is read again once decoding has finished.
     const std::string late = root.path() + "/projects/late";
     EXPECT_TRUE(ShelfGapDrop(context()).performDrop(folderAt(30), {.uriList = fileUrl(late)}));
     background.runAll();
     root.makeFolder("projects/late");
     queue.runUntilIdle();
-    EXPECT_EQ(favoriteNames(), (Names{"A", "B", "C", "late"}));
+    EXPECT_EQ(favoriteNames(), (Names{"A", "X", "Y", "B", "C", "late"}));
     expectGapClosed();
 }
 
 TEST_F(FolderDropTest, AGapBehindTheLastTileLandsInFrontOfItOnlyWhenDroppedOnIt) {
-    const DroppedData data{.uriList = fileUrl(folder("X"))};
     state.setFolderDropPosition(Position::after(ids[2]), true);
-    EXPECT_TRUE(ShelfTileDrop(ids[2], context()).performDrop(folderAt(30), data));
+    EXPECT_TRUE(ShelfTileDrop(ids[2], context())
+                    .performDrop(folderAt(30), {.uriList = fileUrl(folder("X"))}));
     EXPECT_EQ(favoriteNames(), (Names{"A", "B", "X", "C"}));
 
     state.setFolderDropPosition(Position::after(ids[2]), true);

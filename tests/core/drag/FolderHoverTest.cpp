@@ -27,84 +27,80 @@ protected:
         ShelfTileDrop(ids[0], context()).dropExited(folderAt(30));
     }
     bool isGapOpen() const { return state.folderDropPosition() && layout.isReservingSlot(); }
+    void closeGap() {
+        layout.clearFolderSlot(3);
+        state.setFolderDropPosition(std::nullopt, true);
+    }
 };
 
 TEST_F(FolderHoverTest, TheLastTileTakesTheGapBehindItPastTheThresholds) {
     for (const auto& [x, expected] :
          {std::pair{44.0, Position::before(ids[2])}, std::pair{44.5, Position::after(ids[2])}}) {
-        state.setFolderDropPosition(std::nullopt, true);
-        layout.clearFolderSlot(3);
+        closeGap();
         hover(2, x);
         EXPECT_EQ(state.folderDropPosition(), expected) << x;
-        EXPECT_TRUE(layout.isReservingSlot());
         EXPECT_TRUE(state.isPositionChangeAnimated());
         EXPECT_EQ(layout.expandedSize(), layout.size(4, 0));
     }
-
     // Behind the last tile, the gap stays down to 16.0 and then moves in front of it, once
     // the pointer has travelled 52 points.
-    pointer.where = {600, 860};
-    hover(2, 16.0);
-    EXPECT_EQ(state.folderDropPosition(), Position::after(ids[2]));
-    pointer.where = {551.9, 860};
-    hover(2, 15.9);
-    EXPECT_EQ(state.folderDropPosition(), Position::after(ids[2]));
-    pointer.where = {552, 860};
-    hover(2, 15.9);
-    EXPECT_EQ(state.folderDropPosition(), Position::before(ids[2]));
+    const struct {
+        double pointerX, x;
+        Position expected;
+    } steps[] = {{600, 16.0, Position::after(ids[2])},
+                 {551.9, 15.9, Position::after(ids[2])},
+                 {552, 15.9, Position::before(ids[2])}};
+    for (const auto& [pointerX, x, expected] : steps) {
+        pointer.where = {pointerX, 860};
+        hover(2, x);
+        EXPECT_EQ(state.folderDropPosition(), expected) << pointerX;
+    }
     EXPECT_FALSE(state.isPositionChangeAnimated());
+    EXPECT_EQ(state.lastFolderHoverPointer(), (Point{552, 860}));
+
+    // A position with the same insertion point leaves the gap and the hover point alone.
+    state.setFolderDropPosition(Position::after(ids[0]), true);
+    hover(1, 30);
+    EXPECT_EQ(state.folderDropPosition(), Position::after(ids[0]));
     EXPECT_EQ(state.lastFolderHoverPointer(), (Point{552, 860}));
 }
 
-TEST_F(FolderHoverTest, APositionWithTheSameInsertionPointLeavesGapAndHoverPointAlone) {
-    state.setFolderDropPosition(Position::after(ids[0]), true);
-    state.setLastFolderHoverPointer(Point{0, 0});
-    hover(1, 30); // before(B) inserts where after(A) does
-    EXPECT_EQ(state.folderDropPosition(), Position::after(ids[0]));
-    EXPECT_EQ(state.lastFolderHoverPointer(), (Point{0, 0}));
-}
-
-TEST_F(FolderHoverTest, LeavingClosesTheGapAfterADelayThatDependsOnTheButton) {
-    for (const auto& [buttons, delay] :
-         {std::pair{Pointer::primaryButton, 400ms}, std::pair{0u, 90ms}}) {
-        pointer.buttons = buttons;
-        openGapAndLeave();
-        queue.advance(delay - 1ns);
-        EXPECT_TRUE(isGapOpen()) << delay.count();
-        queue.advance(1ns);
-        EXPECT_FALSE(isGapOpen()) << delay.count();
-        EXPECT_FALSE(state.lastFolderHoverPointer());
-        EXPECT_EQ(layout.expandedSize(), layout.size(3, 0));
-    }
-}
-
-TEST_F(FolderHoverTest, APendingCloseYieldsToAHoverAndToAPointerNearThePanel) {
+TEST_F(FolderHoverTest, APendingCloseWaitsOnTheButtonAndYieldsToAHoverOrAPointerNearby) {
     const auto movePointer = [&](Point to) { return [&, to] { pointer.where = to; }; };
     const struct {
         const char* name;
+        unsigned buttons;
         std::function<void()> meanwhile;
         double alpha;
-        bool keepsGap;
+        std::chrono::milliseconds closesAfter; // zero: stays open
     } cases[] = {
-        {"tile hovered", [&] { hover(1, 30); }, 1, true},
-        {"gap entered", [&] { ShelfGapDrop(context()).dropEntered(folderAt(30)); }, 1, true},
-        {"container updated", [&] { ShelfContainerDrop(context()).dropUpdated(folderAt(30)); }, 1,
-         true},
-        {"container entered", [&] { ShelfContainerDrop(context()).dropEntered(folderAt(30)); }, 1,
-         false},
+        {"released", 0, [] {}, 1, 90ms},
+        {"held", Pointer::primaryButton, [] {}, 1, 400ms},
+        {"tile hovered", 0, [&] { hover(1, 30); }, 1, 0ms},
+        {"gap entered", 0, [&] { ShelfGapDrop(context()).dropEntered(folderAt(30)); }, 1, 0ms},
+        {"container updated", 0, [&] { ShelfContainerDrop(context()).dropUpdated(folderAt(30)); },
+         1, 0ms},
+        {"container entered", 0, [&] { ShelfContainerDrop(context()).dropEntered(folderAt(30)); },
+         1, 90ms},
         // The panel spans x 400..800 and y 800..920; its margins are 16 and 14 points.
-        {"pointer within the margins", movePointer({384, 933.9}), 1, true},
-        {"pointer past the margins", movePointer({383.9, 786}), 1, false},
-        {"panel faded out", movePointer({600, 850}), 0.01, false},
+        {"pointer within the margins", 0, movePointer({384, 933.9}), 1, 0ms},
+        {"pointer past the margins", 0, movePointer({383.9, 786}), 1, 90ms},
+        {"panel faded out", 0, movePointer({600, 850}), 0.01, 90ms},
     };
-    for (const auto& c : cases) {
+    for (const auto& [name, buttons, meanwhile, alpha, closesAfter] : cases) {
+        pointer.buttons = buttons;
         openGapAndLeave();
-        c.meanwhile();
-        panel.setAlpha(c.alpha);
-        queue.advance(90ms);
-        EXPECT_EQ(isGapOpen(), c.keepsGap) << c.name;
-        layout.clearFolderSlot(3);
-        state.setFolderDropPosition(std::nullopt, true);
+        meanwhile();
+        panel.setAlpha(alpha);
+        queue.advance((closesAfter == 0ms ? 400ms : closesAfter) - 1ns);
+        EXPECT_TRUE(isGapOpen()) << name;
+        queue.advance(1ns);
+        EXPECT_EQ(isGapOpen(), closesAfter == 0ms) << name;
+        if (closesAfter != 0ms) {
+            EXPECT_FALSE(state.lastFolderHoverPointer()) << name;
+            EXPECT_EQ(layout.expandedSize(), layout.size(3, 0)) << name;
+        }
+        closeGap();
     }
 }
 
@@ -115,9 +111,8 @@ TEST_F(FolderHoverTest, ClosingTheShelfClearsTheDragAndReleasesTheSlot) {
     hover(0, 30);
     state.setIsCommittingFolderDrop(true);
     layout.setIsExpanded(false);
-    EXPECT_EQ(state.draggedItemID(), std::nullopt);
-    EXPECT_FALSE(isGapOpen() || state.folderDropPosition() || state.lastFolderHoverPointer() ||
-                 state.isCommittingFolderDrop());
+    EXPECT_FALSE(state.draggedItemID() || layout.isReservingSlot() || state.folderDropPosition() ||
+                 state.lastFolderHoverPointer() || state.isCommittingFolderDrop());
 }
 
 } // namespace

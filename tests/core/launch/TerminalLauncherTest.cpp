@@ -14,25 +14,12 @@ namespace tidewell {
 namespace {
 
 using namespace std::chrono_literals;
-using testing::FakeClock;
-using testing::FakeExecutableLocator;
-using testing::FakeMainQueue;
 using testing::FakeProcessLauncher;
-using testing::TemporaryDirectory;
-
-bool isScriptName(const std::string& name) {
-    static const std::regex form("tidewell-cmd-[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}\\.sh");
-    return std::regex_match(name, form);
-}
 
 class TerminalLauncherTest : public ::testing::Test {
 protected:
     TerminalLauncher launcher(const std::string& shell = "/bin/bash") {
         return TerminalLauncher({files, processes, executables, queue, shell, scripts.path()});
-    }
-    // The text the shell runs, which is always the last argument.
-    std::string shellLine() const {
-        return processes.launches.empty() ? "" : processes.launches.back().arguments.back();
     }
     std::vector<std::string> scriptFiles() const {
         std::vector<std::string> names;
@@ -41,56 +28,36 @@ protected:
         return names;
     }
 
-    TemporaryDirectory scripts;
+    testing::TemporaryDirectory scripts;
     PosixFileSystem files;
     FakeProcessLauncher processes;
-    FakeExecutableLocator executables;
-    FakeClock clock;
-    FakeMainQueue queue{clock};
+    testing::FakeExecutableLocator executables;
+    testing::FakeClock clock;
+    testing::FakeMainQueue queue{clock};
 };
 
-TEST_F(TerminalLauncherTest, LineQuotesTheFolderAndKeepsTheCommandAsWritten) {
-    struct Case {
-        std::string command, folder, expected;
-    };
-    const std::vector<Case> cases = {
-        {"", "/Users/a/it's", "cd '/Users/a/it'\\''s'"},
-        {"npm run dev", "/p", "cd '/p' && npm run dev"},
-        {"   ", "/p", "cd '/p' &&    "},
-        {R"(echo "a\b" 'c')", "/p q", R"(cd '/p q' && echo "a\b" 'c')"},
-    };
-    executables.installed = {"xterm"};
-    for (const auto& [command, folder, expected] : cases) {
-        EXPECT_EQ(TerminalLauncher::line(command, folder), expected) << command;
-        launcher().run(command, folder, TerminalApp::automatic);
-        EXPECT_EQ(shellLine(), expected + "\nexec '/bin/bash' -i") << command;
-    }
-    EXPECT_EQ(TerminalLauncher::singleQuoted("''"), "''\\'''\\'''");
-}
-
-TEST_F(TerminalLauncherTest, EachEmulatorGetsItsOwnCommandLine) {
-    struct Case {
+TEST_F(TerminalLauncherTest, EachEmulatorRunsTheQuotedLineInAShellThatStays) {
+    const struct {
         TerminalApp choice;
         std::string executable;
         std::vector<std::string> options;
-    };
-    const std::vector<Case> cases = {
+    } cases[] = {
         {TerminalApp::terminal, "xdg-terminal-exec", {}},
         {TerminalApp::gnomeTerminal, "gnome-terminal", {"--"}},
-        {TerminalApp::kitty, "kitty", {}},
         {TerminalApp::wezterm, "wezterm", {"start", "--"}},
         {TerminalApp::xterm, "xterm", {"-e"}},
     };
     for (const auto& [choice, executable, options] : cases) {
         executables.installed = {executable};
         auto expected = options;
-        expected.insert(expected.end(),
-                        {"/usr/bin/zsh", "-i", "-c", "cd '/p' && make\nexec '/usr/bin/zsh' -i"});
-        launcher("/usr/bin/zsh").run("make", "/p", choice);
-        ASSERT_FALSE(processes.launches.empty());
+        expected.insert(expected.end(), {"/usr/bin/zsh", "-i", "-c",
+                                         "cd '/p q' && echo \"a\\b\" 'c'\nexec '/usr/bin/zsh' -i"});
+        launcher("/usr/bin/zsh").run(R"(echo "a\b" 'c')", "/p q", choice);
         EXPECT_EQ(processes.launches.back(),
                   (FakeProcessLauncher::Launch{executable, expected, true}));
     }
+    EXPECT_EQ(TerminalLauncher::line("", "/a/it's"), "cd '/a/it'\\''s'");
+    EXPECT_EQ(TerminalLauncher::line("   ", "/p"), "cd '/p' &&    ");
     executables.installed = {"foot"};
     EXPECT_EQ(
         launcher("").commandLine(TerminalApp::foot, "cd '/p'"),
@@ -98,71 +65,56 @@ TEST_F(TerminalLauncherTest, EachEmulatorGetsItsOwnCommandLine) {
 }
 
 TEST_F(TerminalLauncherTest, MissingChoicesFallBackToTheDesktopDefault) {
-    struct Case {
+    using enum TerminalApp;
+    const struct {
         std::set<std::string> installed;
-        TerminalApp choice;
-        TerminalApp resolved;
+        TerminalApp choice, resolved;
         std::string started; // empty when nothing can be started
-    };
-    const std::vector<Case> cases = {
+    } cases[] = {
         {{"xdg-terminal-exec", "x-terminal-emulator", "kitty"},
-         TerminalApp::automatic,
-         TerminalApp::terminal,
+         automatic,
+         terminal,
          "xdg-terminal-exec"},
-        {{"kitty", "xterm"}, TerminalApp::automatic, TerminalApp::kitty, "kitty"},
-        {{"xterm", "kitty"}, TerminalApp::terminal, TerminalApp::kitty, "kitty"},
-        {{"xdg-terminal-exec"}, TerminalApp::wezterm, TerminalApp::terminal, "xdg-terminal-exec"},
-        {{"foot", "xterm"}, TerminalApp::wezterm, TerminalApp::foot, "foot"},
-        {{}, TerminalApp::xterm, TerminalApp::terminal, ""},
+        {{"kitty", "xterm"}, automatic, kitty, "kitty"},
+        {{"xterm", "kitty"}, terminal, kitty, "kitty"},
+        {{"foot", "xterm"}, wezterm, foot, "foot"},
+        {{}, xterm, terminal, ""},
     };
     for (const auto& [installed, choice, resolved, started] : cases) {
         executables.installed = installed;
         processes.launches.clear();
         EXPECT_EQ(launcher().resolved(choice), resolved) << started;
         launcher().run("", "/p", choice);
-        if (started.empty()) {
-            EXPECT_TRUE(processes.launches.empty());
-            EXPECT_TRUE(launcher().commandLine(choice, "cd '/p'").empty());
-        } else {
-            ASSERT_EQ(processes.launches.size(), 1u) << started;
-            EXPECT_EQ(processes.launches[0].executable, started);
-            EXPECT_TRUE(processes.launches[0].isDetached);
-        }
+        EXPECT_EQ(processes.launches.empty() ? "" : processes.launches[0].executable, started);
     }
 }
 
+// Lines of several lines run from a private script, which goes ten seconds later whether or
+// not the terminal started; without a place for it nothing starts.
 TEST_F(TerminalLauncherTest, CommandsOfSeveralLinesRunFromAPrivateScript) {
-    struct Case {
-        std::string shell, command, sourceCommand;
-    };
-    const std::vector<Case> cases = {
-        {"/bin/bash", "npm install\nnpm start", "source"},
-        {"/bin/dash", "a\nb", "."},
-        {"/bin/sh", "echo one\recho two", "."},
+    const struct {
+        std::string shell, command, sourceCommand, startFailure;
+    } cases[] = {
+        {"/bin/bash", "npm install\nnpm start", "source", ""},
+        {"/bin/dash", "a\nb", ".", "cannot start xterm"},
+        {"/bin/sh", "echo one\recho two", ".", ""},
     };
     executables.installed = {"xterm"};
-    for (const auto& [shell, command, sourceCommand] : cases) {
+    for (const auto& [shell, command, sourceCommand, startFailure] : cases) {
+        processes.launches.clear();
+        processes.startFailure = startFailure.empty() ? std::nullopt : std::optional(startFailure);
         launcher(shell).run(command, "/it's", TerminalApp::xterm);
         const auto names = scriptFiles();
         ASSERT_EQ(names.size(), 1u);
-        EXPECT_TRUE(isScriptName(names[0])) << names[0];
+        EXPECT_TRUE(std::regex_match(
+            names[0], std::regex("tidewell-cmd-[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}\\.sh")));
         const std::string path = scripts.path() + "/" + names[0];
         EXPECT_EQ(files.readFile(path), TerminalLauncher::line(command, "/it's"));
         EXPECT_EQ(std::filesystem::status(path).permissions(),
                   std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
-        EXPECT_EQ(shellLine(), sourceCommand + " " + TerminalLauncher::singleQuoted(path) +
-                                   "\nexec '" + shell + "' -i");
-        queue.advance(10s);
-    }
-}
-
-TEST_F(TerminalLauncherTest, ScriptIsDeletedTenSecondsLaterEvenWhenNothingStarted) {
-    executables.installed = {"xterm"};
-    for (const bool startFails : {false, true}) {
-        if (startFails)
-            processes.startFailure = "cannot start xterm";
-        launcher().run("a\nb", "/p", TerminalApp::automatic);
-        ASSERT_EQ(scriptFiles().size(), 1u);
+        const std::string shellLine = sourceCommand + " '" + path + "'\nexec '" + shell + "' -i";
+        EXPECT_EQ(processes.launches.empty() ? "" : processes.launches.back().arguments.back(),
+                  startFailure.empty() ? shellLine : "");
         queue.advance(9900ms);
         EXPECT_EQ(scriptFiles().size(), 1u);
         queue.advance(100ms);
@@ -172,10 +124,8 @@ TEST_F(TerminalLauncherTest, ScriptIsDeletedTenSecondsLaterEvenWhenNothingStarte
     launcher().run("a\nb", "/p", TerminalApp::automatic);
     files.removeFile(scripts.path() + "/" + scriptFiles().at(0));
     EXPECT_NO_THROW(queue.advance(10s));
-}
 
-TEST_F(TerminalLauncherTest, UnwritableScriptFolderLaunchesNothing) {
-    executables.installed = {"xterm"};
+    processes.launches.clear();
     TerminalLauncher({files, processes, executables, queue, "/bin/bash", scripts.path() + "/gone"})
         .run("a\nb", "/p", TerminalApp::automatic);
     EXPECT_TRUE(processes.launches.empty());

@@ -12,21 +12,14 @@ namespace tidewell {
 namespace {
 
 using namespace std::chrono_literals;
-using testing::FakeExecutableLocator;
-using testing::FakeKeyValueStore;
-using testing::FakeProcessLauncher;
 using testing::FakeWorkspace;
+using Calls = std::vector<FakeWorkspace::Call>;
 
 class TileActionsTest : public testing::ItemsFixture {
 protected:
     TileActionsTest() {
         executables.installed = {"xdg-terminal-exec", "konsole", "kitty"};
         settings.setPreferredTerminalApp(TerminalApp::konsole);
-        item = database.upsert({.path = root.makeFolder("it's")});
-        store.emplace(
-            ItemStore::Services{database, localCenter, distributedCenter, queue, workspace});
-        actions.emplace(TileActions::Services{*store, settings, terminal, codex, workspace,
-                                              [this] { ++settingsOpened; }});
     }
 
     // The emulator started last and the text its shell runs.
@@ -35,27 +28,26 @@ protected:
             return {};
         return {processes.launches.back().executable, processes.launches.back().arguments.back()};
     }
-    std::string shellLine(const std::string& command) const {
-        return TerminalLauncher::line(command, item.path) + "\nexec '/bin/bash' -i";
+    std::pair<std::string, std::string> konsoleRunning(const std::string& command) const {
+        return {"konsole", TerminalLauncher::line(command, item.path) + "\nexec '/bin/bash' -i"};
     }
     Date storedLastOpenedAt() { return database.load().at(0).lastOpenedAt; }
 
-    FakeKeyValueStore defaults;
+    testing::FakeKeyValueStore defaults;
     AppearanceSettings settings{defaults};
     FakeWorkspace workspace;
-    FakeProcessLauncher processes;
-    FakeExecutableLocator executables;
+    testing::FakeProcessLauncher processes;
+    testing::FakeExecutableLocator executables;
     TerminalLauncher terminal{
         {files, processes, executables, queue, "/bin/bash", root.makeFolder("scripts")}};
     CodexAppLauncher codex{workspace};
-    NotchItem item;
-    std::optional<ItemStore> store;
-    std::optional<TileActions> actions;
+    NotchItem item = database.upsert({.path = root.makeFolder("it's")});
+    ItemStore store{{database, localCenter, distributedCenter, queue, workspace}};
     int settingsOpened = 0;
+    TileActions actions{
+        {store, settings, terminal, codex, workspace, [this] { ++settingsOpened; }}};
 };
 
-// The menu as the user sees it, dividers and all, is checked on the real menu; here is what
-// each entry runs.
 TEST_F(TileActionsTest, EachMenuEntryRunsItsActionAndTheStartCommandNeedsOne) {
     using enum TileAction;
     const auto entries = [this] {
@@ -78,36 +70,43 @@ TEST_F(TileActionsTest, EachMenuEntryRunsItsActionAndTheStartCommandNeedsOne) {
     EXPECT_EQ(entries(), expected);
 }
 
-TEST_F(TileActionsTest, TerminalActionsRunTheirCommandInTheItemFolder) {
-    const std::vector<std::pair<TileAction, std::string>> cases = {
-        {TileAction::openInTerminal, ""},
-        {TileAction::startClaudeCode, "claude"},
-        {TileAction::startCodex, "codex"},
-        {TileAction::runStartCommand, "  "},
-    };
+// Terminal actions run in the item's folder, in the terminal chosen when they run, and record
+// no opening; a click opens the folder and records it.
+TEST_F(TileActionsTest, TerminalActionsRunTheirCommandInTheItemFolderAndAClickOpensIt) {
     const Date openedAt = storedLastOpenedAt();
     clock.advance(1h);
-    for (const auto& [action, command] : cases) {
+    for (const auto& [action, command] : {std::pair{TileAction::openInTerminal, ""},
+                                          std::pair{TileAction::startClaudeCode, "claude"},
+                                          std::pair{TileAction::startCodex, "codex"},
+                                          std::pair{TileAction::runStartCommand, "  "}}) {
         item.launchCommand = command;
-        actions->perform(action, item);
-        EXPECT_EQ(lastTerminal(), std::pair(std::string("konsole"), shellLine(command)));
+        actions.perform(action, item);
+        EXPECT_EQ(lastTerminal(), konsoleRunning(command));
     }
-    EXPECT_EQ(processes.launches.size(), cases.size());
+    settings.setPreferredTerminalApp(TerminalApp::kitty);
+    actions.perform(TileAction::openInTerminal, item);
+    EXPECT_EQ(lastTerminal().first, "kitty");
+    actions.perform(TileAction::configure, item);
+    EXPECT_EQ(settingsOpened, 1);
     EXPECT_TRUE(workspace.calls.empty());
     EXPECT_EQ(storedLastOpenedAt(), openedAt);
+
+    processes.launches.clear();
+    actions.primaryAction(item);
+    EXPECT_EQ(workspace.calls, (Calls{{FakeWorkspace::Operation::openFolder, item.path}}));
+    EXPECT_EQ(storedLastOpenedAt(), openedAt + 1h);
+    EXPECT_TRUE(processes.launches.empty());
 }
 
 TEST_F(TileActionsTest, CodexOpensInTheAppOnlyWhenChosenAndInstalled) {
-    using Call = FakeWorkspace::Call;
-    const Call openInApp{FakeWorkspace::Operation::openWithApplication, item.path,
-                         "com.openai.codex"};
-    struct Case {
+    const FakeWorkspace::Call openInApp{FakeWorkspace::Operation::openWithApplication, item.path,
+                                        "com.openai.codex"};
+    const struct {
         CodexLaunchMode mode;
         bool isAppInstalled;
-        std::vector<Call> calls;
+        Calls calls;
         bool startsTerminal;
-    };
-    const std::vector<Case> cases = {
+    } cases[] = {
         {CodexLaunchMode::app, true, {openInApp}, false},
         {CodexLaunchMode::app, false, {openInApp}, true},
         {CodexLaunchMode::cli, true, {}, true},
@@ -119,34 +118,11 @@ TEST_F(TileActionsTest, CodexOpensInTheAppOnlyWhenChosenAndInstalled) {
             workspace.installedApplications.insert("com.openai.codex");
         workspace.calls.clear();
         processes.launches.clear();
-        actions->perform(TileAction::startCodex, item);
+        actions.perform(TileAction::startCodex, item);
         EXPECT_EQ(workspace.calls, calls);
-        const auto expected = startsTerminal ? std::pair(std::string("konsole"), shellLine("codex"))
-                                             : std::pair<std::string, std::string>();
-        EXPECT_EQ(lastTerminal(), expected);
+        const std::pair<std::string, std::string> none;
+        EXPECT_EQ(lastTerminal(), startsTerminal ? konsoleRunning("codex") : none);
     }
-}
-
-// Which menu entries record an opening is checked on the real menu.
-TEST_F(TileActionsTest, AClickOpensTheFolderAndRecordsItWhileConfigureOpensTheSettings) {
-    const Date createdAt = storedLastOpenedAt();
-    clock.advance(1h);
-    actions->perform(TileAction::configure, item);
-    EXPECT_EQ(settingsOpened, 1);
-    EXPECT_TRUE(workspace.calls.empty());
-
-    actions->primaryAction(item);
-    EXPECT_EQ(workspace.calls, (std::vector<FakeWorkspace::Call>{
-                                   {FakeWorkspace::Operation::openFolder, item.path}}));
-    EXPECT_EQ(storedLastOpenedAt(), createdAt + 1h);
-    EXPECT_TRUE(processes.launches.empty());
-}
-
-// The actions were made while konsole was the choice.
-TEST_F(TileActionsTest, PreferencesAreReadWhenTheActionRuns) {
-    settings.setPreferredTerminalApp(TerminalApp::kitty);
-    actions->perform(TileAction::openInTerminal, item);
-    EXPECT_EQ(lastTerminal().first, "kitty");
 }
 
 } // namespace

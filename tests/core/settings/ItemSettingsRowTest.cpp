@@ -30,46 +30,41 @@ TEST_F(ItemSettingsRowTest, EachEditSavesOnceWithOnlyThatFieldExactlyAsTyped) {
     const struct {
         std::string NotchItem::*field;
         std::string value;
-    } edits[] = {{&NotchItem::name, "S"},       {&NotchItem::name, ""},
-                 {&NotchItem::name, "   "},     {&NotchItem::initials, "x"},
-                 {&NotchItem::tintHex, "#12G"}, {&NotchItem::launchCommand, ""}};
+    } edits[] = {{&NotchItem::name, "S"},
+                 {&NotchItem::name, "   "},
+                 {&NotchItem::initials, "x"},
+                 {&NotchItem::tintHex, "#12G"},
+                 {&NotchItem::launchCommand, ""}};
     NotchItem expected = original;
     for (const auto& [field, value] : edits) {
-        SCOPED_TRACE(value);
         const std::size_t savesBefore = saves();
         row.saving(field, value);
         expected.*field = value;
-        EXPECT_EQ(saves(), savesBefore + 1);
+        EXPECT_EQ(saves(), savesBefore + 1) << value;
         EXPECT_EQ(row.item(), expected) << "the store's copy, before any reload";
         EXPECT_EQ(saved(), expected);
     }
-
     row.saving(&NotchItem::isFavorite, false);
     expected.isFavorite = false;
     EXPECT_EQ(saved(), expected);
 }
 
-TEST_F(ItemSettingsRowTest, AChosenIconIsCopiedUnderTheItemsIdAFailedCopyClearsIt) {
-    row.chooseIcon(); // cancelled
-    EXPECT_EQ(images.shownCount, 1);
+// A chosen icon is copied under the item's id, and a failed copy clears it; a chosen folder
+// changes only the path; cancelling saves nothing.
+TEST_F(ItemSettingsRowTest, ChoosingAnIconOrAFolderSavesItAndCancellingNothing) {
+    row.chooseIcon();
+    row.chooseFolder();
     EXPECT_EQ(saves(), 0u);
+    EXPECT_EQ(folders.prompts, std::vector<std::string>{"Choose"});
 
     images.choice = root.write("elsewhere/Logo.PNG", "image bytes");
     row.chooseIcon();
     const std::string copy = folder.iconsFolder() + "/" + original.id.text() + ".png";
     EXPECT_EQ(saved().iconPath, copy);
     EXPECT_EQ(files.readFile(copy), "image bytes");
-
     images.choice = root.path() + "/elsewhere/gone.png";
     row.chooseIcon();
-    EXPECT_EQ(saved().iconPath, std::nullopt);
     EXPECT_EQ(row.item()->iconPath, std::nullopt);
-}
-
-TEST_F(ItemSettingsRowTest, ChoosingAFolderChangesOnlyThePath) {
-    row.chooseFolder(); // cancelled
-    EXPECT_EQ(saves(), 0u);
-    EXPECT_EQ(folders.prompts, std::vector<std::string>{"Choose"});
 
     folders.choice = root.makeFolder("moved/site-v2");
     row.chooseFolder();

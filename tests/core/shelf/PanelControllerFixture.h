@@ -29,6 +29,13 @@ protected:
             panel, displays, pointer, dragPasteboard, queue, localCenter, store, appearance});
     }
 
+    // A fresh controller on a fresh panel and the usual displays, for each row of a table.
+    void restart() {
+        controller.reset();
+        panel = FakePanelWindow();
+        displays.displays = {mainDisplay, sideDisplay};
+        controller = makeController();
+    }
     // The pointer monitor reports a position and the queue catches up.
     void move(Point location) {
         pointer.where = location;

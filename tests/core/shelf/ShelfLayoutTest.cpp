@@ -1,5 +1,6 @@
 #include "core/shelf/ShelfLayout.h"
 
+#include "core/shelf/ShelfMeasurements.h"
 #include "support/FakeClock.h"
 #include "support/FakeMainQueue.h"
 
@@ -7,7 +8,6 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <optional>
-#include <string>
 #include <vector>
 
 namespace tidewell::testing {
@@ -40,71 +40,63 @@ protected:
 };
 
 TEST_F(ShelfLayoutTest, SizeGrowsByTilePitchWithinTheAvailableWidth) {
-    struct Case {
-        std::string name;
+    const struct {
         double availableWidth;
         int favoritesCount;
         std::optional<int> reservingSlot;
         Size expected;
+    } cases[] = {
+        {1000, 0, 0, {200, 120}},  {1000, 3, 0, {257, 120}},        {1000, 3, 1, {323, 120}},
+        {300.8, 5, 0, {300, 120}}, {0, 30, 0, {30 * 66 + 59, 120}}, {150, 5, 0, {200, 120}},
     };
-    const std::vector<Case> cases = {
-        {"empty shelf keeps the minimum width", 1000, 0, 0, {200, 120}},
-        {"three items", 1000, 3, 0, {257, 120}},
-        {"limit truncated to whole points", 300.8, 5, 0, {300, 120}},
-        {"no known limit", 0, 30, 0, {30 * 66 + 59, 120}},
-        {"limit below the minimum width", 150, 5, 0, {200, 120}},
-    };
-    for (const auto& c : cases) {
-        layout.setAvailableWidth(c.availableWidth);
-        EXPECT_EQ(layout.size(c.favoritesCount, c.reservingSlot), c.expected) << c.name;
+    for (const auto& [availableWidth, favoritesCount, reservingSlot, expected] : cases) {
+        layout.setAvailableWidth(availableWidth);
+        EXPECT_EQ(layout.size(favoritesCount, reservingSlot), expected) << availableWidth;
     }
+    // On a display, its width less the margins is the limit, and a reserved slot counts.
+    Display display{.frame = {{1920, 0}, {300.8 + 64, 900}}};
+    EXPECT_EQ(shelfSize(display, layout, 5), (Size{300, 120}));
+    display.frame.size.width = 1440;
+    layout.reserveFolderSlot(3);
+    EXPECT_EQ(shelfSize(display, layout, 3), (Size{323, 120}));
 }
 
-TEST_F(ShelfLayoutTest, ReservingTwiceGrowsOnceAndTheSizeComesBeforeTheFlag) {
+TEST_F(ShelfLayoutTest, ReservingTwiceGrowsOnceClearingClosesTheSlotAndVoidsClears) {
     layout.reserveFolderSlot(3);
     layout.reserveFolderSlot(3);
     EXPECT_EQ(seen, (std::vector<Snapshot>{{{323, 120}, false}, {{323, 120}, true}}));
     EXPECT_EQ(layout.size(3), (Size{323, 120}));
     EXPECT_EQ(layout.slotClearGeneration(), 0u);
-}
 
-TEST_F(ShelfLayoutTest, ClearingClosesTheSlotRecomputesTheSizeAndVoidsClears) {
-    layout.reserveFolderSlot(3);
     seen.clear();
     layout.clearFolderSlot(3);
-    EXPECT_EQ(seen, (std::vector<Snapshot>{{{323, 120}, false}, {{257, 120}, false}}));
-    EXPECT_EQ(layout.slotClearGeneration(), 1u);
-
-    seen.clear();
     layout.clearFolderSlot(4); // nothing reserved: still recomputed and counted
-    EXPECT_EQ(seen, (std::vector<Snapshot>{{{323, 120}, false}}));
+    EXPECT_EQ(seen, (std::vector<Snapshot>{
+                        {{323, 120}, false}, {{257, 120}, false}, {{323, 120}, false}}));
     EXPECT_EQ(layout.slotClearGeneration(), 2u);
 }
 
 TEST_F(ShelfLayoutTest, ScheduledClearRunsAfterItsDelayUnlessVoided) {
-    struct Case {
-        std::string name;
+    const struct {
+        const char* name;
         std::function<void()> meanwhile;
-        std::vector<std::string> expected;
+        int expected;
+    } cases[] = {
+        {"not voided", [] {}, 1},
+        {"voided by an increment", [&] { layout.voidScheduledSlotClears(); }, 0},
+        {"voided by clearing", [&] { layout.clearFolderSlot(0); }, 0},
     };
-    const std::vector<Case> cases = {
-        {"not voided", [] {}, {"cleared"}},
-        {"voided by an increment", [&] { layout.voidScheduledSlotClears(); }, {}},
-        {"voided by clearing", [&] { layout.clearFolderSlot(0); }, {}},
-    };
-    for (const auto& c : cases) {
-        std::vector<std::string> cleared;
-        const auto generation = layout.slotClearGeneration();
-        layout.scheduleSlotClear(300ms, [&] { cleared.push_back("cleared"); });
-        EXPECT_EQ(layout.slotClearGeneration(), generation) << c.name;
+    for (const auto& [name, meanwhile, expected] : cases) {
+        int cleared = 0;
+        layout.scheduleSlotClear(300ms, [&] { ++cleared; });
         queue.advance(100ms);
-        c.meanwhile();
+        meanwhile();
         queue.advance(199ms);
-        EXPECT_TRUE(cleared.empty()) << c.name;
+        EXPECT_EQ(cleared, 0) << name;
         queue.advance(1ms);
-        EXPECT_EQ(cleared, c.expected) << c.name;
+        EXPECT_EQ(cleared, expected) << name;
         queue.advance(1s);
-        EXPECT_EQ(cleared, c.expected) << c.name;
+        EXPECT_EQ(cleared, expected) << name;
     }
 }
 

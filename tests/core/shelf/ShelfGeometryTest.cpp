@@ -1,0 +1,120 @@
+#include "core/shelf/MergedBackground.h"
+#include "core/shelf/NotchMergeShape.h"
+#include "core/shelf/NotchTransition.h"
+#include "core/shelf/ScreenNotchGeometry.h"
+#include "core/shelf/ShelfMeasurements.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+
+// The shapes and sizes the shelf is drawn with, and how its animations run.
+namespace tidewell::testing {
+namespace {
+
+TEST(ScreenNotchGeometry, GapBetweenTheAreasInWholePointsOrTheFallback) {
+    // The top strip of a 1512-point wide display, 32 points high, left and right of the gap.
+    const auto left = [](double maxX) { return Rect{{0, 950}, {maxX, 32}}; };
+    const auto right = [](double minX) { return Rect{{minX, 950}, {1512 - minX, 32}}; };
+    const double infinity = std::numeric_limits<double>::infinity();
+    const struct {
+        Rect left, right;
+        double expected;
+    } cases[] = {
+        {{{0, 950}, {661, 0}}, right(851), 180}, // an empty area is no notch edge
+        {left(661), {{851, 950}, {0, 32}}, 180},
+        {left(661), right(851), 190},
+        {left(600), right(719.4), 180}, // 119.4 rounds below the minimum
+        {left(600), right(719.5), 120},
+        {left(500), right(920.4), 420},
+        {left(500), right(921), 180},
+        {left(900), right(700), 180},
+        {{{0, 950}, {infinity, 32}}, right(851), 180},
+        {{{0, 950}, {std::nan(""), 32}}, right(851), 180},
+    };
+    for (const auto& [left, right, expected] : cases)
+        EXPECT_EQ(ScreenNotchGeometry::inferredNotchWidth(left, right, 180), expected)
+            << left.maxX() << " " << right.minX();
+}
+
+TEST(ShelfMeasurements, TopInsetIsTheTallestTopStripInWholePointsAndAtLeast28) {
+    const auto display = [](double menuBar, double safeTop, double leftArea, double rightArea) {
+        const auto strip = [](double height) { return Rect{{1920, 900 - height}, {600, height}}; };
+        return Display{.frame = {{1920, 0}, {1440, 900}},
+                       .visibleFrame = {{1920, 0}, {1440, 900 - menuBar}},
+                       .safeAreaTop = safeTop,
+                       .auxiliaryTopLeftArea = strip(leftArea),
+                       .auxiliaryTopRightArea = strip(rightArea)};
+    };
+    const struct {
+        Display display;
+        double expected;
+    } cases[] = {{display(24, 0, 0, 0), 28},
+                 {display(33.4, 0, 0, 0), 33},
+                 {display(24, 37.5, 0, 0), 38},
+                 {display(24, 0, 37.6, 32), 38},
+                 {display(24, 0, 32, 34.2), 34}};
+    for (const auto& [display, expected] : cases)
+        EXPECT_EQ(topInset(display), expected) << expected;
+}
+
+TEST(NotchMergeShape, PathFollowsTheFlaresSidesAndLowerCorners) {
+    using Kind = PathElement::Kind;
+    const auto line = [](double x, double y) { return PathElement{Kind::lineTo, {x, y}, {}}; };
+    const auto quad = [](double x, double y, double cx, double cy) {
+        return PathElement{Kind::quadTo, {x, y}, {cx, cy}};
+    };
+    EXPECT_EQ((NotchMergeShape{8, 18}.path(0, 0, 300, 120)),
+              (std::vector<PathElement>{{Kind::moveTo, {0, 0}, {}},
+                                        quad(8, 8, 8, 0),
+                                        line(8, 102),
+                                        quad(26, 120, 8, 120),
+                                        line(274, 120),
+                                        quad(292, 102, 292, 120),
+                                        line(292, 8),
+                                        quad(300, 0, 292, 0),
+                                        {Kind::close, {}, {}}}));
+    EXPECT_EQ(NotchMergeShape::interpolated({0, 10}, {4, 0}, 0.25), (NotchMergeShape{1, 7.5}));
+}
+
+TEST(MergedBackground, ExpansionChoosesSizeAndLowerRadiusAppearanceChoosesFill) {
+    using Fill = MergedBackground::Fill;
+    constexpr Size panel{420, 96};
+    constexpr Size notch{180, 32};
+    const ShelfAppearance black = ShelfAppearance::notchBlack;
+    EXPECT_EQ(MergedBackground::decide(true, panel, notch, black),
+              (MergedBackground{{8, 18}, panel, Fill::solidBlack, std::nullopt}));
+    EXPECT_EQ(MergedBackground::decide(false, panel, notch, ShelfAppearance::warmGlass),
+              (MergedBackground{{8, 8}, notch, Fill::translucentGlass, {{0.22, 12, 0, 3}}}));
+    // Negative sizes become zero, per dimension.
+    EXPECT_EQ(MergedBackground::decide(true, {-5, 40}, notch, black).size, (Size{0, 40}));
+    EXPECT_EQ(MergedBackground::decide(false, panel, {2, -3}, black).size, (Size{2, 0}));
+}
+
+TEST(NotchTransition, ProgressRunsMonotonicallyFromZeroToOneInTheShapeOfEachCurve) {
+    for (const Animation* animation :
+         {&NotchTransition::expand, &NotchTransition::collapse, &NotchTransition::contentFadeIn,
+          &NotchTransition::contentFadeOut, &NotchTransition::resize}) {
+        EXPECT_NEAR(progress(*animation, -0.5), 0, 1e-9);
+        EXPECT_NEAR(progress(*animation, 1.5), 1, 1e-9);
+        double previous = 0;
+        for (int step = 1; step <= 200; ++step) {
+            const double current = progress(*animation, step / 200.0);
+            EXPECT_GE(current, previous) << "step " << step;
+            previous = current;
+        }
+        EXPECT_NEAR(previous, 1, 1e-9);
+    }
+    // Expanding rushes out and settles; collapsing starts slowly and snaps in.
+    EXPECT_GT(progress(NotchTransition::expand, 0.5), 0.85);
+    EXPECT_LT(progress(NotchTransition::collapse, 0.5), 0.5);
+    EXPECT_NEAR(progress(NotchTransition::contentFadeOut, 0.5), 0.3153, 1e-3);
+    EXPECT_NEAR(progress(NotchTransition::contentFadeIn, 0.5), 0.6847, 1e-3);
+    // Control points on the diagonal make time and progress equal.
+    const Animation linear{Animation::Curve::bezier, 1.0 / 3, 1.0 / 3, 2.0 / 3, 2.0 / 3, {}};
+    for (double time : {0.1, 0.37, 0.93})
+        EXPECT_NEAR(progress(linear, time), time, 1e-6) << time;
+}
+
+} // namespace
+} // namespace tidewell::testing

@@ -12,6 +12,10 @@ namespace {
 // As many links as the kernel follows in one lookup before it reports a loop.
 constexpr int maximumLinkDepth = 40;
 
+// Longer than a writer takes from examining the folders to writing the file (it looks for an
+// icon in between), so that a change made meanwhile is not taken for one the write saw.
+constexpr std::int64_t storedPathsSettleNanoseconds = 5'000'000'000;
+
 std::string parentOf(const std::string& path) {
     const std::size_t slash = path.rfind('/');
     return slash == 0 ? "/" : path.substr(0, slash);
@@ -109,6 +113,34 @@ FolderIdentity::Resolution FolderIdentity::followLink(const Resolution& parent,
                                     : resolveChild(current, component, linkDepth);
     }
     return current;
+}
+
+void FolderIdentity::trustPathsStoredAt(std::int64_t writtenNanoseconds) {
+    if (storedAt_ != writtenNanoseconds)
+        unchangedParents_.clear();
+    storedAt_ = writtenNanoseconds;
+}
+
+bool FolderIdentity::isStoredPathCurrent(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    if (!storedAt_ || slash == 0 || slash == std::string::npos || !PathText::isStandardized(path))
+        return false;
+    const std::string_view parent(path.data(), slash);
+    const auto known = unchangedParents_.find(parent);
+    if (known != unchangedParents_.end())
+        return known->second;
+    const bool isUnchanged = isParentUnchanged(parent);
+    unchangedParents_.emplace(parent, isUnchanged);
+    return isUnchanged;
+}
+
+// The parent is resolved as every path is, so that a link that appeared above it counts.
+bool FolderIdentity::isParentUnchanged(std::string_view parent) {
+    const Resolution& resolved = resolve(std::string(parent));
+    if (!resolved.identity || resolved.path != parent)
+        return false;
+    const auto version = files_.fileVersion(resolved.path);
+    return version && version->changedNanoseconds < *storedAt_ - storedPathsSettleNanoseconds;
 }
 
 std::string FolderIdentity::standardizedAbsolute(const std::string& path) const {

@@ -42,14 +42,14 @@ std::vector<NotchItem> deduplicated(std::vector<NotchItem> items, FolderIdentity
     // Saved files are in order already; sorting them again only moves records around.
     if (!std::is_sorted(items.begin(), items.end(), isOlder))
         std::stable_sort(items.begin(), items.end(), isOlder);
-    std::vector<NotchItem> result;
-    result.reserve(items.size());
     // One normalised path names one folder; the folder's identity, which takes a look at the
     // disk, is needed only for paths that may have changed since they were stored. The keys
-    // are the kept records' paths and the identifiers that stay in `folders`: no copies.
+    // are the kept records' paths and the identifiers that stay in `folders`: no copies. Kept
+    // records move up in place over merged ones and then stay where they are.
     Index indexByPath;
     Index indexByFolder;
     indexByPath.reserve(items.size());
+    std::size_t keptCount = 0;
     for (NotchItem& newcomer : items) {
         const bool isCurrent = folders.isStoredPathCurrent(newcomer.path);
         if (!isCurrent) {
@@ -62,15 +62,19 @@ std::vector<NotchItem> deduplicated(std::vector<NotchItem> items, FolderIdentity
         if (!kept && identifier)
             kept = indexIn(indexByFolder, *identifier);
         if (kept) {
-            merge(result[*kept], newcomer);
+            merge(items[*kept], newcomer);
             continue;
         }
-        result.push_back(std::move(newcomer));
-        indexByPath.emplace(result.back().path, result.size() - 1);
+        NotchItem& place = items[keptCount];
+        if (&place != &newcomer)
+            place = std::move(newcomer);
+        indexByPath.emplace(place.path, keptCount);
         if (identifier)
-            indexByFolder.emplace(*identifier, result.size() - 1);
+            indexByFolder.emplace(*identifier, keptCount);
+        ++keptCount;
     }
-    return result;
+    items.erase(items.begin() + static_cast<std::ptrdiff_t>(keptCount), items.end());
+    return items;
 }
 
 } // namespace tidewell

@@ -121,9 +121,14 @@ void FolderIdentity::trustPathsStoredAt(std::int64_t writtenNanoseconds) {
     storedAt_ = writtenNanoseconds;
 }
 
+// Many records share a parent: it is looked at once, and only the last component of each
+// path needs checking here.
 bool FolderIdentity::isStoredPathCurrent(const std::string& path) {
     const std::size_t slash = path.rfind('/');
-    if (!storedAt_ || slash == 0 || slash == std::string::npos || !PathText::isStandardized(path))
+    if (!storedAt_ || slash == 0 || slash == std::string::npos)
+        return false;
+    const std::string_view name = std::string_view(path).substr(slash + 1);
+    if (name.empty() || name == "." || name == "..")
         return false;
     const std::string_view parent(path.data(), slash);
     const auto known = unchangedParents_.find(parent);
@@ -136,6 +141,8 @@ bool FolderIdentity::isStoredPathCurrent(const std::string& path) {
 
 // The parent is resolved as every path is, so that a link that appeared above it counts.
 bool FolderIdentity::isParentUnchanged(std::string_view parent) {
+    if (!parent.starts_with('/') || !PathText::isStandardized(parent))
+        return false;
     const Resolution& resolved = resolve(std::string(parent));
     if (!resolved.identity || resolved.path != parent)
         return false;

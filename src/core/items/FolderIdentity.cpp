@@ -115,8 +115,11 @@ FolderIdentity::Resolution FolderIdentity::followLink(const Resolution& parent,
     return current;
 }
 
+// What was found for one write holds for any later one (a folder unchanged since before the
+// first is unchanged since before the second), so that a file replaced by another writer
+// while the lock was awaited brings no new look at the disk for the folders known already.
 void FolderIdentity::trustPathsStoredAt(std::int64_t writtenNanoseconds) {
-    if (storedAt_ != writtenNanoseconds)
+    if (storedAt_ && writtenNanoseconds < *storedAt_)
         unchangedParents_.clear();
     storedAt_ = writtenNanoseconds;
 }

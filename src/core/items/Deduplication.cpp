@@ -1,6 +1,7 @@
 #include "core/items/Deduplication.h"
 
 #include <algorithm>
+#include <optional>
 #include <string_view>
 #include <unordered_map>
 
@@ -25,6 +26,13 @@ void merge(NotchItem& kept, const NotchItem& newcomer) {
         kept.launchCommand = newcomer.launchCommand;
 }
 
+using Index = std::unordered_map<std::string_view, std::size_t>;
+
+std::optional<std::size_t> indexIn(const Index& index, std::string_view key) {
+    const auto found = index.find(key);
+    return found == index.end() ? std::nullopt : std::optional(found->second);
+}
+
 } // namespace
 
 std::vector<NotchItem> deduplicated(std::vector<NotchItem> items, FolderIdentity& folders) {
@@ -34,23 +42,39 @@ std::vector<NotchItem> deduplicated(std::vector<NotchItem> items, FolderIdentity
     // Saved files are in order already; sorting them again only moves records around.
     if (!std::is_sorted(items.begin(), items.end(), isOlder))
         std::stable_sort(items.begin(), items.end(), isOlder);
-    std::vector<NotchItem> result;
-    result.reserve(items.size());
-    // The identifiers stay in `folders` for its lifetime, so that they need no copies here.
-    std::unordered_map<std::string_view, std::size_t> indexByFolder;
-    indexByFolder.reserve(items.size());
+    // One normalised path names one folder; the folder's identity, which takes a look at the
+    // disk, is needed only for paths that may have changed since they were stored. The keys
+    // are the kept records' paths and the identifiers that stay in `folders`: no copies. Kept
+    // records move up in place over merged ones and then stay where they are.
+    Index indexByPath;
+    Index indexByFolder;
+    indexByPath.reserve(items.size());
+    std::size_t keptCount = 0;
     for (NotchItem& newcomer : items) {
-        if (const std::string& normalized = folders.normalizedPath(newcomer.path);
-            normalized != newcomer.path)
-            newcomer.path = normalized;
-        const auto [place, isFirst] =
-            indexByFolder.try_emplace(folders.identifier(newcomer.path), result.size());
-        if (isFirst)
-            result.push_back(std::move(newcomer));
-        else
-            merge(result[place->second], newcomer);
+        const bool isCurrent = folders.isStoredPathCurrent(newcomer.path);
+        if (!isCurrent) {
+            if (const std::string& normalized = folders.normalizedPath(newcomer.path);
+                normalized != newcomer.path)
+                newcomer.path = normalized;
+        }
+        const std::string* identifier = isCurrent ? nullptr : &folders.identifier(newcomer.path);
+        std::optional<std::size_t> kept = indexIn(indexByPath, newcomer.path);
+        if (!kept && identifier)
+            kept = indexIn(indexByFolder, *identifier);
+        if (kept) {
+            merge(items[*kept], newcomer);
+            continue;
+        }
+        NotchItem& place = items[keptCount];
+        if (&place != &newcomer)
+            place = std::move(newcomer);
+        indexByPath.emplace(place.path, keptCount);
+        if (identifier)
+            indexByFolder.emplace(*identifier, keptCount);
+        ++keptCount;
     }
-    return result;
+    items.erase(items.begin() + static_cast<std::ptrdiff_t>(keptCount), items.end());
+    return items;
 }
 
 } // namespace tidewell

@@ -12,6 +12,10 @@ namespace {
 // As many links as the kernel follows in one lookup before it reports a loop.
 constexpr int maximumLinkDepth = 40;
 
+// Longer than a writer takes from examining the folders to writing the file (it looks for an
+// icon in between), so that a change made meanwhile is not taken for one the write saw.
+constexpr std::int64_t storedPathsSettleNanoseconds = 5'000'000'000;
+
 std::string parentOf(const std::string& path) {
     const std::size_t slash = path.rfind('/');
     return slash == 0 ? "/" : path.substr(0, slash);
@@ -109,6 +113,44 @@ FolderIdentity::Resolution FolderIdentity::followLink(const Resolution& parent,
                                     : resolveChild(current, component, linkDepth);
     }
     return current;
+}
+
+// What was found for one write holds for any later one (a folder unchanged since before the
+// first is unchanged since before the second), so that a file replaced by another writer
+// while the lock was awaited brings no new look at the disk for the folders known already.
+void FolderIdentity::trustPathsStoredAt(std::int64_t writtenNanoseconds) {
+    if (storedAt_ && writtenNanoseconds < *storedAt_)
+        unchangedParents_.clear();
+    storedAt_ = writtenNanoseconds;
+}
+
+// Many records share a parent: it is looked at once, and only the last component of each
+// path needs checking here.
+bool FolderIdentity::isStoredPathCurrent(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    if (!storedAt_ || slash == 0 || slash == std::string::npos)
+        return false;
+    const std::string_view name = std::string_view(path).substr(slash + 1);
+    if (name.empty() || name == "." || name == "..")
+        return false;
+    const std::string_view parent(path.data(), slash);
+    const auto known = unchangedParents_.find(parent);
+    if (known != unchangedParents_.end())
+        return known->second;
+    const bool isUnchanged = isParentUnchanged(parent);
+    unchangedParents_.emplace(parent, isUnchanged);
+    return isUnchanged;
+}
+
+// The parent is resolved as every path is, so that a link that appeared above it counts.
+bool FolderIdentity::isParentUnchanged(std::string_view parent) {
+    if (!parent.starts_with('/') || !PathText::isStandardized(parent))
+        return false;
+    const Resolution& resolved = resolve(std::string(parent));
+    if (!resolved.identity || resolved.path != parent)
+        return false;
+    const auto version = files_.fileVersion(resolved.path);
+    return version && version->changedNanoseconds < *storedAt_ - storedPathsSettleNanoseconds;
 }
 
 std::string FolderIdentity::standardizedAbsolute(const std::string& path) const {

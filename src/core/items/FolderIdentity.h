@@ -2,6 +2,8 @@
 
 #include "core/platform/FileSystem.h"
 
+#include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -25,6 +27,15 @@ public:
     // get the same identifier.
     const std::string& identifier(const std::string& path);
 
+    // Paths read from an items file written at the given time (its modification time) were
+    // normalised and told apart from each other by that write.
+    void trustPathsStoredAt(std::int64_t writtenNanoseconds);
+    // True for a stored path that still names what it named then, so that it needs no
+    // examining: it is standardised and its parent is a real folder whose entries have not
+    // changed since shortly before the write. Only folders reached through a bind mount (or
+    // files through a hard link) can then share its folder under another path.
+    bool isStoredPathCurrent(const std::string& path);
+
 private:
     struct Resolution {
         std::string path;
@@ -37,9 +48,17 @@ private:
     Resolution resolveChild(const Resolution& parent, std::string_view name, int linkDepth);
     Resolution followLink(const Resolution& parent, const std::string& link, int linkDepth);
     std::string standardizedAbsolute(const std::string& path) const;
+    bool isParentUnchanged(std::string_view parent);
+
+    // Heterogeneous lookup, so that the parents of stored paths are found without copies.
+    struct TextHash : std::hash<std::string_view> {
+        using is_transparent = void;
+    };
 
     const FileSystem& files_;
     std::unordered_map<std::string, Resolution> resolutions_;
+    std::optional<std::int64_t> storedAt_;
+    std::unordered_map<std::string, bool, TextHash, std::equal_to<>> unchangedParents_;
 };
 
 } // namespace tidewell

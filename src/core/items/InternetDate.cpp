@@ -22,7 +22,7 @@ std::optional<int> digitsAt(std::string_view text, std::size_t position, std::si
 }
 
 // Fills a fixed-width field of zeros with a non-negative number.
-void writeDigits(std::string& text, std::size_t position, std::size_t count, int value) {
+void writeDigits(char* text, std::size_t position, std::size_t count, int value) {
     for (std::size_t index = position + count; index > position; value /= 10)
         text[--index] = static_cast<char>('0' + value % 10);
 }
@@ -74,18 +74,23 @@ bool isRepresentable(sys_seconds time) {
 
 // A Date spans the years 1677 to 2262, so the year always takes four digits.
 std::string format(Date date) {
+    std::string text(formattedLength, ' ');
+    writeFormatted(date, text.data());
+    return text;
+}
+
+void writeFormatted(Date date, char* text) {
     const auto time = floor<seconds>(date);
     const auto day = floor<days>(time);
     const year_month_day calendarDate(day);
     const hh_mm_ss clockTime(time - day);
-    std::string text = "0000-00-00T00:00:00Z";
+    std::char_traits<char>::copy(text, "0000-00-00T00:00:00Z", formattedLength);
     writeDigits(text, 0, 4, static_cast<int>(calendarDate.year()));
     writeDigits(text, 5, 2, static_cast<int>(static_cast<unsigned>(calendarDate.month())));
     writeDigits(text, 8, 2, static_cast<int>(static_cast<unsigned>(calendarDate.day())));
     writeDigits(text, 11, 2, static_cast<int>(clockTime.hours().count()));
     writeDigits(text, 14, 2, static_cast<int>(clockTime.minutes().count()));
     writeDigits(text, 17, 2, static_cast<int>(clockTime.seconds().count()));
-    return text;
 }
 
 std::optional<Date> parse(std::string_view text) {

@@ -120,9 +120,11 @@ NotchItem ItemDatabase::upsert(const UpsertRequest& request) {
         const std::string key = now.folders.identifier(request.path);
         const std::string folder = now.folders.normalizedPath(request.path);
         requireUtf8("path", folder);
-        // Deduplicated paths are normalised already, so that they are looked up as they are.
+        // Deduplicated paths are normalised already: one that reads as the folder names it,
+        // and a stored one that is still current names no other folder.
         const auto isOfFolder = [&](const NotchItem& item) {
-            return now.folders.identifier(item.path) == key;
+            return item.path == folder || (!now.folders.isStoredPathCurrent(item.path) &&
+                                           now.folders.identifier(item.path) == key);
         };
         const std::vector<NotchItem>& before = now.file.items;
         const auto known = std::find_if(before.begin(), before.end(), isOfFolder);
@@ -260,6 +262,8 @@ ItemDatabase::FileContents ItemDatabase::readItemsFile(FolderIdentity& folders) 
         return contents;
     }
     const std::size_t decoded = items->size();
+    if (contents.version)
+        folders.trustPathsStoredAt(contents.version->modifiedNanoseconds);
     contents.items = tidewell::deduplicated(std::move(*items), folders);
     contents.hadDuplicates = contents.items.size() < decoded;
     return contents;

@@ -3,14 +3,28 @@
 #include "core/items/InternetDate.h"
 #include "core/items/JsonReader.h"
 
+#include <array>
 #include <charconv>
 
 namespace tidewell::ItemsJson {
 
 namespace {
 
-constexpr std::string_view shortEscapedCharacters = "\"\\/\b\f\n\r\t";
-constexpr std::string_view shortEscapeLetters = "\"\\/bfnrt";
+// By byte: 0 when it is written as it is, else the letter of its short escape, or 'u'.
+constexpr std::array<char, 256> escapes = [] {
+    std::array<char, 256> letters{};
+    for (int byte = 0; byte < 0x20; ++byte)
+        letters[byte] = 'u';
+    letters['"'] = '"';
+    letters['\\'] = '\\';
+    letters['/'] = '/';
+    letters['\b'] = 'b';
+    letters['\f'] = 'f';
+    letters['\n'] = 'n';
+    letters['\r'] = 'r';
+    letters['\t'] = 't';
+    return letters;
+}();
 
 // Escapes quote, backslash, slash and control characters; other UTF-8 is written as it is.
 void appendQuoted(std::string& out, std::string_view text) {
@@ -19,14 +33,14 @@ void appendQuoted(std::string& out, std::string_view text) {
     std::size_t plainStart = 0;
     for (std::size_t index = 0; index < text.size(); ++index) {
         const auto byte = static_cast<unsigned char>(text[index]);
-        if (byte >= 0x20 && byte != '"' && byte != '\\' && byte != '/')
+        const char letter = escapes[byte];
+        if (letter == 0)
             continue;
         out.append(text, plainStart, index - plainStart);
         plainStart = index + 1;
-        const auto shortForm = shortEscapedCharacters.find(text[index]);
         out += '\\';
-        if (shortForm != std::string_view::npos) {
-            out += shortEscapeLetters[shortForm];
+        if (letter != 'u') {
+            out += letter;
         } else {
             out += "u00";
             out += hexDigits[byte >> 4];
@@ -74,15 +88,21 @@ private:
 };
 
 void appendItem(std::string& out, const NotchItem& item) {
+    char created[InternetDate::formattedLength];
+    char opened[InternetDate::formattedLength];
+    char id[Uuid::textLength];
+    InternetDate::writeFormatted(item.createdAt, created);
+    InternetDate::writeFormatted(item.lastOpenedAt, opened);
+    item.id.writeText(id);
     out += "  {\n";
     MemberWriter members(out);
-    members.string("createdAt", InternetDate::format(item.createdAt));
+    members.string("createdAt", {created, sizeof created});
     if (item.iconPath)
         members.string("iconPath", *item.iconPath);
-    members.string("id", item.id.text());
+    members.string("id", {id, sizeof id});
     members.string("initials", item.initials);
     members.boolean("isFavorite", item.isFavorite);
-    members.string("lastOpenedAt", InternetDate::format(item.lastOpenedAt));
+    members.string("lastOpenedAt", {opened, sizeof opened});
     members.string("launchCommand", item.launchCommand);
     members.string("name", item.name);
     members.string("path", item.path);

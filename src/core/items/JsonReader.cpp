@@ -84,14 +84,16 @@ bool JsonReader::readString(std::string& into) {
     into.clear();
     for (;;) {
         const std::size_t start = position_;
+        unsigned char highBits = 0;
         while (position_ < text_.size()) {
             const auto c = static_cast<unsigned char>(text_[position_]);
             if (c == '"' || c == '\\' || c < 0x20)
                 break;
+            highBits |= c;
             ++position_;
         }
         const std::string_view run = text_.substr(start, position_ - start);
-        if (!Utf8Text::isValid(run) || position_ == text_.size())
+        if ((highBits >= 0x80 && !Utf8Text::isValid(run)) || position_ == text_.size())
             return false;
         into.append(run);
         const char stop = text_[position_++];

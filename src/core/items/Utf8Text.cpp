@@ -1,7 +1,9 @@
 #include "core/items/Utf8Text.h"
 
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <utf8proc.h>
 
 namespace tidewell::Utf8Text {
@@ -71,7 +73,15 @@ bool isAlphanumeric(char32_t codePoint) {
 }
 
 bool isValid(std::string_view text) {
+    constexpr std::uint64_t highBits = 0x8080808080808080;
     while (!text.empty()) {
+        // Stored texts are mostly ASCII: eight bytes at a time.
+        std::uint64_t word = 0;
+        if (text.size() >= sizeof word &&
+            (std::memcpy(&word, text.data(), sizeof word), !(word & highBits))) {
+            text.remove_prefix(sizeof word);
+            continue;
+        }
         if (static_cast<unsigned char>(text.front()) < 0x80) {
             text.remove_prefix(1);
             continue;

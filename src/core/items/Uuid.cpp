@@ -6,8 +6,6 @@ namespace tidewell {
 
 namespace {
 
-constexpr std::size_t textLength = 36;
-
 bool isHyphenPosition(std::size_t position) {
     return position == 8 || position == 13 || position == 18 || position == 23;
 }
@@ -69,16 +67,19 @@ std::optional<Uuid> Uuid::parse(std::string_view text) {
 }
 
 std::string Uuid::text() const {
+    std::string result(textLength, '-');
+    writeText(result.data());
+    return result;
+}
+
+void Uuid::writeText(char* out) const {
     static constexpr char digits[] = "0123456789ABCDEF";
-    std::string result;
-    result.reserve(textLength);
     for (std::size_t index = 0; index < bytes_.size(); ++index) {
         if (index == 4 || index == 6 || index == 8 || index == 10)
-            result += '-';
-        result += digits[bytes_[index] >> 4];
-        result += digits[bytes_[index] & 0x0F];
+            *out++ = '-';
+        *out++ = digits[bytes_[index] >> 4];
+        *out++ = digits[bytes_[index] & 0x0F];
     }
-    return result;
 }
 
 } // namespace tidewell

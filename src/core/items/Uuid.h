@@ -19,8 +19,11 @@ public:
     static Uuid random();
     // Accepts the canonical form with hexadecimal digits of either case; nothing else.
     static std::optional<Uuid> parse(std::string_view text);
-    // Upper-case canonical text, 36 characters.
+    static constexpr std::size_t textLength = 36;
+    // Upper-case canonical text.
     std::string text() const;
+    // The same text into a buffer of textLength characters, without an allocation.
+    void writeText(char* out) const;
 
     auto operator<=>(const Uuid&) const = default;
 

@@ -34,13 +34,17 @@ public:
             std::exchange(beforeLock, nullptr)();
         return PosixFileSystem::lockExclusive(path);
     }
+    mutable std::vector<std::string> examined;
     mutable std::vector<std::string> examinedUnderLock;
     std::function<void()> beforeLock;
 
 private:
     void note(const std::string& path) const {
         const FileDescriptor fd(::open(lockFile_.c_str(), O_RDONLY | O_CLOEXEC));
-        if (path.starts_with(watched_) && fd.get() >= 0 && ::flock(fd.get(), LOCK_EX | LOCK_NB))
+        if (!path.starts_with(watched_))
+            return;
+        examined.push_back(path);
+        if (fd.get() >= 0 && ::flock(fd.get(), LOCK_EX | LOCK_NB))
             examinedUnderLock.push_back(path);
     }
     std::string lockFile_;
@@ -122,6 +126,25 @@ TEST_F(ItemDatabaseTest, OneFolderKeepsOneRecordWhicheverPathLeadsToIt) {
     database.touch(first.id);
     EXPECT_EQ(database.load().front().lastOpenedAt, clock.now());
     EXPECT_EQ(deliveredPosts(), 5);
+}
+
+// Stored folders are examined again only where their parent changed since the file was written.
+TEST_F(ItemDatabaseTest, StoredFoldersAreExaminedAgainOnlyWhereTheirParentChanged) {
+    const std::string a = root.makeFolder("work/a"), b = root.makeFolder("work/b");
+    upsert(a);
+    upsert(b);
+    LockWatchingFileSystem watching(folder.itemsLock(), root.path() + "/work/");
+    ItemDatabase watched({watching, clock, localCenter, distributedCenter, imageFormats}, folder);
+    const auto now = std::filesystem::file_time_type::clock::now();
+    std::filesystem::last_write_time(database.itemsURL(), now + std::chrono::hours(1));
+    watched.upsert({.path = b});
+    EXPECT_EQ(watching.examined, std::vector{b});
+
+    std::filesystem::last_write_time(database.itemsURL(), now - std::chrono::hours(1));
+    std::filesystem::remove(b);
+    std::filesystem::create_directory_symlink(a, b);
+    upsert(a);
+    EXPECT_EQ(database.load().size(), 1u);
 }
 
 TEST_F(ItemDatabaseTest, UpdatesNeverUnpinAndKeepWhatIsNotGiven) {

@@ -27,10 +27,13 @@ void X11WindowControl::prepareForMapping() {
     const unsigned long desktop = allWorkspaces;
     XChangeProperty(display_, window_, atom("_NET_WM_DESKTOP"), XA_CARDINAL, 32, PropModeReplace,
                     reinterpret_cast<const unsigned char*>(&desktop), 1);
-    // Qt adds its own states to these when it maps the window.
-    const Atom states[] = {atom("_NET_WM_STATE_SKIP_TASKBAR"), atom("_NET_WM_STATE_SKIP_PAGER")};
+    // Qt writes its own states (above the rest) through its own connection when it maps the
+    // window; ours must reach the server first or they would replace Qt's.
+    const Atom states[] = {atom("_NET_WM_STATE_SKIP_TASKBAR"), atom("_NET_WM_STATE_SKIP_PAGER"),
+                           atom("_NET_WM_STATE_ABOVE")};
     XChangeProperty(display_, window_, atom("_NET_WM_STATE"), XA_ATOM, 32, PropModeReplace,
-                    reinterpret_cast<const unsigned char*>(states), 2);
+                    reinterpret_cast<const unsigned char*>(states), 3);
+    XSync(display_, False);
 }
 
 void X11WindowControl::requestAllWorkspaces() {

@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 
 // 200 x 88 points at the top centre of the program's 1920 x 1080 display.
 const Rect shelfFrame{{860, 992}, {200, 88}};
-constexpr unsigned long allWorkspaces = 0xFFFFFFFF;
+constexpr const char* allWorkspaces = "4294967295";
 // The window manager is slow to answer while the machine is busy.
 constexpr auto windowManagerDeadline = 15s;
 
@@ -47,10 +47,11 @@ TEST(X11PanelWindowTest, AppearsOnEveryWorkspaceOutOfTaskbarsAndTakesThePointerI
         ASSERT_TRUE(processEventsUntil(
             [&] {
                 return inspector.isViewable(window) &&
-                       inspector.cardinal(window, "_NET_FRAME_EXTENTS").has_value() &&
-                       inspector.cardinal(window, "_NET_WM_DESKTOP") == allWorkspaces &&
+                       !inspector.property(window, "_NET_FRAME_EXTENTS").empty() &&
+                       inspector.property(window, "_NET_WM_DESKTOP") == allWorkspaces &&
                        std::ranges::all_of(states, [&](const char* state) {
-                           return inspector.hasState(window, state);
+                           return inspector.property(window, "_NET_WM_STATE").find(state) !=
+                                  std::string::npos;
                        });
             },
             windowManagerDeadline));

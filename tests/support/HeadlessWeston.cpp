@@ -1,10 +1,10 @@
 #include "support/HeadlessWeston.h"
 
-#include <chrono>
+#include "support/WaitUntil.h"
+
 #include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
-#include <thread>
 
 namespace tidewell::testing {
 
@@ -14,12 +14,9 @@ HeadlessWeston::HeadlessWeston(const std::string& runtimeFolder)
                          std::string("--socket=") + socket},
            .workingDirectory = "/",
            .environment = {{"PATH", std::getenv("PATH")}, {"XDG_RUNTIME_DIR", runtimeFolder}}}) {
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-    while (!std::filesystem::exists(runtimeFolder + "/" + socket)) {
-        if (std::chrono::steady_clock::now() > deadline)
-            throw std::runtime_error("weston did not open its socket");
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
+    if (!waitUntil([&] { return std::filesystem::exists(runtimeFolder + "/" + socket); },
+                   std::chrono::seconds(10)))
+        throw std::runtime_error("weston did not open its socket");
 }
 
 } // namespace tidewell::testing

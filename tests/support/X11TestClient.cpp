@@ -1,12 +1,13 @@
 #include "support/X11TestClient.h"
 
+#include "support/WaitUntil.h"
+
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/extensions/XTest.h>
 #include <cctype>
 #include <map>
 #include <stdexcept>
-#include <thread>
 
 namespace tidewell::testing {
 namespace {
@@ -140,15 +141,13 @@ void X11TestClient::offerDrag(unsigned long window, const std::vector<std::strin
 }
 
 bool X11TestClient::waitForButtonPress(unsigned long window, std::chrono::milliseconds timeout) {
-    const auto deadline = std::chrono::steady_clock::now() + timeout;
     XEvent event{};
-    while (!XCheckTypedWindowEvent(display_, window, ButtonPress, &event)) {
-        if (std::chrono::steady_clock::now() > deadline)
-            return false;
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        XSync(display_, False);
-    }
-    return true;
+    return waitUntil(
+        [&] {
+            XSync(display_, False);
+            return XCheckTypedWindowEvent(display_, window, ButtonPress, &event);
+        },
+        timeout);
 }
 
 } // namespace tidewell::testing

@@ -1,36 +1,16 @@
 #include "support/X11WindowInspector.h"
 
-#include <X11/Xatom.h>
+#include "support/ChildProcess.h"
+
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <X11/extensions/shape.h>
 #include <algorithm>
-#include <cstdint>
 #include <stdexcept>
 #include <vector>
 
 namespace tidewell::testing {
 namespace {
-
-std::vector<unsigned long> readProperty(Display* display, Window window, Atom property, Atom type) {
-    Atom actualType = None;
-    int format = 0;
-    unsigned long count = 0;
-    unsigned long remaining = 0;
-    unsigned char* data = nullptr;
-    std::vector<unsigned long> values;
-    if (XGetWindowProperty(display, window, property, 0, 1024, False, type, &actualType, &format,
-                           &count, &remaining, &data) == Success &&
-        actualType == type && format == 32) {
-        // Xlib hands 32-bit items over as sign-extended longs.
-        const auto* items = reinterpret_cast<const long*>(data);
-        for (unsigned long i = 0; i < count; ++i)
-            values.push_back(static_cast<std::uint32_t>(items[i]));
-    }
-    if (data)
-        XFree(data);
-    return values;
-}
 
 // The titles the tests look for are ASCII, the same in WM_NAME as in _NET_WM_NAME.
 std::optional<std::string> windowTitle(Display* display, Window window) {
@@ -92,19 +72,15 @@ X11WindowInspector::~X11WindowInspector() {
     XCloseDisplay(display_);
 }
 
-std::optional<unsigned long> X11WindowInspector::cardinal(unsigned long window,
-                                                          const char* property) {
-    const auto values = readProperty(display_, window, atom(property), XA_CARDINAL);
-    if (values.empty())
-        return std::nullopt;
-    return values.front();
-}
-
-bool X11WindowInspector::hasState(unsigned long window, const char* state) {
-    for (const unsigned long value : readProperty(display_, window, atom("_NET_WM_STATE"), XA_ATOM))
-        if (value == atom(state))
-            return true;
-    return false;
+std::string X11WindowInspector::property(unsigned long window, const std::string& name) {
+    const std::string line =
+        ChildProcess::run({.arguments = {"xprop", "-id", std::to_string(window), "-notype", name},
+                           .workingDirectory = "/",
+                           .environment = {{"DISPLAY", DisplayString(display_)}}})
+            .standardOutput;
+    // "NAME = value", "NAME: window id # value" or "NAME:  not found."
+    const auto at = line.find_first_of("=#");
+    return at == std::string::npos ? "" : line.substr(at + 2, line.size() - at - 3);
 }
 
 bool X11WindowInspector::acceptsInput(unsigned long window) {
@@ -163,7 +139,7 @@ bool X11WindowInspector::hasBoundingShape(unsigned long window) {
 }
 
 bool X11WindowInspector::hasCompositor() {
-    return XGetSelectionOwner(display_, atom("_NET_WM_CM_S0")) != None;
+    return XGetSelectionOwner(display_, XInternAtom(display_, "_NET_WM_CM_S0", False)) != None;
 }
 
 std::optional<unsigned long> X11WindowInspector::findWindow(const std::string& title) {
@@ -212,7 +188,7 @@ void X11WindowInspector::activate(unsigned long window) {
     XEvent event{};
     event.xclient.type = ClientMessage;
     event.xclient.window = window;
-    event.xclient.message_type = atom("_NET_ACTIVE_WINDOW");
+    event.xclient.message_type = XInternAtom(display_, "_NET_ACTIVE_WINDOW", False);
     event.xclient.format = 32;
     event.xclient.data.l[0] = 2; // from a pager: honoured without question
     XSendEvent(display_, DefaultRootWindow(display_), False,
@@ -228,13 +204,8 @@ unsigned long X11WindowInspector::focusedWindow() {
 }
 
 unsigned long X11WindowInspector::activeWindow() {
-    const auto values =
-        readProperty(display_, DefaultRootWindow(display_), atom("_NET_ACTIVE_WINDOW"), XA_WINDOW);
-    return values.empty() ? None : values.front();
-}
-
-unsigned long X11WindowInspector::atom(const char* name) {
-    return XInternAtom(display_, name, False);
+    const std::string window = property(DefaultRootWindow(display_), "_NET_ACTIVE_WINDOW");
+    return window.empty() ? None : std::stoul(window, nullptr, 16);
 }
 
 } // namespace tidewell::testing

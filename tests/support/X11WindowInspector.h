@@ -40,8 +40,9 @@ public:
     X11WindowInspector(const X11WindowInspector&) = delete;
     X11WindowInspector& operator=(const X11WindowInspector&) = delete;
 
-    std::optional<unsigned long> cardinal(unsigned long window, const char* property);
-    bool hasState(unsigned long window, const char* state);
+    // The property's value as xprop prints it ("4294967295", "_NET_WM_STATE_ABOVE, ..."); empty
+    // when the window has none.
+    std::string property(unsigned long window, const std::string& name);
     // WM_HINTS' input field; true when the window sets none.
     bool acceptsInput(unsigned long window);
     bool isViewable(unsigned long window);
@@ -70,7 +71,6 @@ public:
     unsigned long activeWindow();
 
 private:
-    unsigned long atom(const char* name);
     WindowRegion shape(unsigned long window, int kind);
 
     _XDisplay* display_;

@@ -2,7 +2,7 @@
 
 #include "gui/EventLoopWait.h"
 #include "support/ChildProcess.h"
-#include "support/X11WindowInspector.h"
+#include "support/X11TestClient.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -26,9 +26,9 @@ constexpr auto windowManagerDeadline = 15s;
 // window itself.
 TEST(X11PanelWindowTest, AppearsOnEveryWorkspaceOutOfTaskbarsAndTakesThePointerInItsOutline) {
     X11PanelWindow panel;
-    testing::X11WindowInspector inspector;
+    testing::X11TestClient inspector;
     const unsigned long window = panel.view().winId();
-    const unsigned long other = inspector.createWindow();
+    const unsigned long other = inspector.createManagedWindow();
     ASSERT_TRUE(
         processEventsUntil([&] { return inspector.isViewable(other); }, windowManagerDeadline));
     inspector.activate(other);

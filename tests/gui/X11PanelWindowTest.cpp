@@ -54,7 +54,8 @@ TEST(X11PanelWindowTest, AppearsOnEveryWorkspaceOutOfTaskbarsAndTakesThePointerI
                                   std::string::npos;
                        });
             },
-            windowManagerDeadline));
+            windowManagerDeadline))
+            << inspector.property(window, "_NET_WM_STATE");
         testing::pumpEventsFor(200ms); // room for a focus change, which must not come
         EXPECT_TRUE(panel.isVisible());
         EXPECT_EQ(panel.frame(), shelfFrame);

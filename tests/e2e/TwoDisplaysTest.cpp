@@ -19,10 +19,6 @@ const Monitor primary{"P", 2560, 0, 1920, 1080};
 const Monitor left{"R", 0, 200, 2560, 1440};
 const Monitor right{"R", 4480, 200, 2560, 1440};
 
-WindowRect area(const Monitor& screen) {
-    return {screen.x, screen.y, screen.width, screen.height};
-}
-
 int centreX(const Monitor& screen) {
     return screen.x + screen.width / 2;
 }
@@ -49,7 +45,8 @@ protected:
     // edge, and its first icon has faded in: the opening has run its course, and only now
     // does the shelf follow requests and changes.
     bool isShownOn(const Monitor& screen, int scale) {
-        const WindowRect expected = panelGeometry(3, area(screen), scale);
+        const WindowRect expected =
+            panelGeometry(3, {screen.x, screen.y, screen.width, screen.height}, scale);
         const int lowerEdgeY = screen.y + scale * (topInset + 88) - 2;
         const int iconX = expected.x + scale * (shadowMargin + 44);
         unsigned long icon = black;

@@ -9,7 +9,6 @@
 #include <limits>
 #include <sstream>
 #include <stdexcept>
-#include <thread>
 
 namespace tidewell::testing {
 
@@ -126,16 +125,6 @@ std::optional<std::string> EndToEndTest::readFile(const std::string& path) {
     std::ostringstream bytes;
     bytes << file.rdbuf();
     return bytes.str();
-}
-
-bool waitUntil(const std::function<bool()>& condition, std::chrono::milliseconds timeout) {
-    const auto deadline = std::chrono::steady_clock::now() + timeout;
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > deadline)
-            return false;
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
-    return true;
 }
 
 std::vector<std::string> EndToEndTest::entries(const std::string& folder) {

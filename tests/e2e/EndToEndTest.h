@@ -4,19 +4,15 @@
 #include "support/ChildProcess.h"
 #include "support/PrivateSessionBus.h"
 #include "support/TemporaryDirectory.h"
+#include "support/WaitUntil.h"
 
 #include <chrono>
-#include <functional>
 #include <gtest/gtest.h>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace tidewell::testing {
-
-// Polls the condition until it holds or the timeout passes; returns the condition.
-bool waitUntil(const std::function<bool()>& condition,
-               std::chrono::milliseconds timeout = std::chrono::seconds(5));
 
 // The notifications Tidewell processes broadcast on the session bus, as dbus-monitor hears
 // them on the wire (path, interface, member and the name as its one string): only those posted

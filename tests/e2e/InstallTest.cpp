@@ -11,39 +11,11 @@ namespace fs = std::filesystem;
 
 using InstallTest = EndToEndTest;
 
-// The build installed into a fresh prefix: what lands there, that the installed tool knows it
-// is installed, and that the program starts without any toolkit (those libraries belong to
-// the user interface library, loaded only by an application start).
-TEST_F(InstallTest, InstallsTheProgramWithoutToolkitLibrariesItsLinkAndTheDesktopEntry) {
-    const std::string prefix = root.path() + "/prefix";
-    const ProcessResult installed = ChildProcess::run(
-        {.arguments = {TIDEWELL_CMAKE, "--install", buildFolder(), "--prefix", prefix},
-         .environment = environment()},
-        std::chrono::seconds(60));
-    ASSERT_EQ(installed.status, 0) << installed.standardError;
-    const std::string libraries = prefix + "/" TIDEWELL_INSTALL_LIBDIR "/tidewell";
-    EXPECT_EQ(fs::status(prefix + "/bin/tidewell").permissions() & fs::perms::owner_exec,
-              fs::perms::owner_exec);
-    EXPECT_EQ(fs::read_symlink(prefix + "/bin/tide"), "tidewell");
-    EXPECT_TRUE(fs::is_regular_file(
-        libraries + "/plugins/wayland-shell-integration/libtidewell-layer-shell.so"));
-    EXPECT_TRUE(fs::is_regular_file(prefix + "/share/applications/com.quorvel.tidewell.desktop"));
-    EXPECT_TRUE(fs::is_regular_file(prefix +
-                                    "/share/icons/hicolor/scalable/apps/com.quorvel.tidewell.svg"));
-    expectResult(ChildProcess::run(launch(prefix + "/bin/tide", {"login-status"}, home)),
-                 "not registered\n", "", 0);
-
-    const ProcessResult ldd = ChildProcess::run(launch("ldd", {prefix + "/bin/tidewell"}, home));
-    ASSERT_NE(ldd.standardOutput.find("libc.so"), std::string::npos) << ldd.standardOutput;
-    std::istringstream lines(ldd.standardOutput);
-    for (std::string line; std::getline(lines, line);)
-        for (const char* toolkit : {"libQt", "libglib", "libgio", "libgobject", "libX", "libxcb"})
-            EXPECT_FALSE(line.substr(line.find_first_not_of(" \t")).starts_with(toolkit)) << line;
-}
-
-// The Debian package of the build, unpacked into a scratch root: its tool works there, and
-// its program finds and loads its user interface (which then finds no display).
-TEST_F(InstallTest, TheDebianPackageUnpackedRunsTheToolAndLoadsTheInterface) {
+// The Debian package of the build, unpacked into a scratch root: what lands there, that the
+// installed tool knows it is installed and works, and that the program starts without any
+// toolkit (those libraries belong to the user interface library, loaded only by an application
+// start), then finds and loads its user interface (which then finds no display).
+TEST_F(InstallTest, TheDebianPackageHoldsTheProgramItsLinkAndDesktopEntryAndRuns) {
     const std::string packages = root.makeFolder("packages");
     const ProcessResult packed =
         ChildProcess::run({.arguments = {TIDEWELL_CPACK, "--config",
@@ -60,7 +32,26 @@ TEST_F(InstallTest, TheDebianPackageUnpackedRunsTheToolAndLoadsTheInterface) {
                                     .environment = environment()}),
                  "", "", 0);
 
-    const std::string bin = scratch + "/usr/bin";
+    const std::string prefix = scratch + "/usr";
+    const std::string bin = prefix + "/bin";
+    const std::string libraries = prefix + "/" TIDEWELL_INSTALL_LIBDIR "/tidewell";
+    EXPECT_EQ(fs::status(bin + "/tidewell").permissions() & fs::perms::owner_exec,
+              fs::perms::owner_exec);
+    EXPECT_EQ(fs::read_symlink(bin + "/tide"), "tidewell");
+    EXPECT_TRUE(fs::is_regular_file(
+        libraries + "/plugins/wayland-shell-integration/libtidewell-layer-shell.so"));
+    EXPECT_TRUE(fs::is_regular_file(prefix + "/share/applications/com.quorvel.tidewell.desktop"));
+    EXPECT_TRUE(fs::is_regular_file(prefix +
+                                    "/share/icons/hicolor/scalable/apps/com.quorvel.tidewell.svg"));
+    expectResult(ChildProcess::run(launch(bin + "/tide", {"login-status"}, home)),
+                 "not registered\n", "", 0);
+
+    const ProcessResult ldd = ChildProcess::run(launch("ldd", {bin + "/tidewell"}, home));
+    ASSERT_NE(ldd.standardOutput.find("libc.so"), std::string::npos) << ldd.standardOutput;
+    std::istringstream lines(ldd.standardOutput);
+    for (std::string line; std::getline(lines, line);)
+        for (const char* toolkit : {"libQt", "libglib", "libgio", "libgobject", "libX", "libxcb"})
+            EXPECT_FALSE(line.substr(line.find_first_not_of(" \t")).starts_with(toolkit)) << line;
     expectResult(ChildProcess::run(launch(bin + "/tide", {"help"}, home)),
                  tide({"help"}, home).standardOutput, "", 0);
     const std::string folder = project("site");

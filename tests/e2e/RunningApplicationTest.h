@@ -4,7 +4,6 @@
 #include "support/TestHandlers.h"
 #include "support/VirtualDisplay.h"
 #include "support/X11TestClient.h"
-#include "support/X11WindowInspector.h"
 
 #include <memory>
 
@@ -58,7 +57,7 @@ protected:
     std::unique_ptr<VirtualDisplay> ownDisplay;
     VirtualDisplay& display = *ownDisplay;
     X11TestClient hand;
-    X11WindowInspector inspector;
+    X11TestClient inspector;
     unsigned long desktop = hand.createDesktop(desktopColour);
     std::string desktopData = root.makeFolder("desktop-data");
     TestHandlers handlers{root.makeFolder("handlers"), desktopData, configHome};

@@ -60,9 +60,13 @@ protected:
 
 // The items file's first project, which the settings window lists first, is marked with a
 // tint no other pixel of the window has.
+// Folders dragged towards the notch then open a gap before the hovered tile and are pinned
+// there; a tile dragged onto its neighbour takes its place, saved once; one dragged far away is
+// unpinned.
 TEST_F(SettingsWindowTest, TheGearOpensTheSettingsWhereANameIsTypedAndFoldersAreDropped) {
-    for (const char* name : {"alpha", "beta", "gamma"})
-        addProject(name);
+    const std::string alpha = addProject("alpha");
+    const std::string beta = addProject("beta");
+    const std::string gamma = addProject("gamma");
     std::vector<NotchItem> items = storedItems();
     items.front().tintHex = "#FF00FF";
     writeItemsFile(ItemsJson::encode(items));
@@ -107,7 +111,7 @@ TEST_F(SettingsWindowTest, TheGearOpensTheSettingsWhereANameIsTypedAndFoldersAre
     const std::string first = project("first dropped");
     const std::string second = project("second dropped");
     openSettings();
-    const auto source = startDragSource(100, 100, {first, root.write("notes.txt"), second});
+    auto source = startDragSource(100, 100, {first, root.write("notes.txt"), second});
     const auto [x, y] = *markedIconCentre();
     // The drop target's outline lies left of the row.
     const int outlineX = inspector.rootGeometry(settings).x + 14;
@@ -121,11 +125,60 @@ TEST_F(SettingsWindowTest, TheGearOpensTheSettingsWhereANameIsTypedAndFoldersAre
     }
     EXPECT_TRUE(waitUntil([&] { return storedItems().size() == 5; }))
         << storedItems().size() << " items: the file was added too, or a folder was not";
-    const std::vector<std::string> pinned = pinnedFolders();
-    ASSERT_EQ(pinned.size(), 5u);
-    EXPECT_EQ(std::vector(pinned.end() - 2, pinned.end()), (std::vector{first, second}));
+    EXPECT_EQ(pinnedFolders(), (std::vector{alpha, beta, gamma, first, second}));
     EXPECT_TRUE(waitUntil([&] { return inspector.screenPixel(outlineX, y) == unmarked; }))
         << "the outline stayed after the drop";
+    hand.typeKey("Escape");
+    ASSERT_TRUE(waitUntil([&] { return !inspector.isViewable(settings); }));
+
+    // Straight up towards the second tile, below the notch: the widened trigger opens the shelf
+    // before the pointer reaches the tiles.
+    const std::string third = project("third dropped");
+    const std::string fourth = project("fourth dropped");
+    source = startDragSource(300, 500, {third, root.write("more-notes.txt"), fourth});
+    hand.movePointerTo(screenWidth / 2, 700);
+    ASSERT_TRUE(waitUntil([&] { return !isShelfShown(); }));
+    const int secondX = panelGeometry(5).x + shadowMargin + 14 + 66 + 30;
+    {
+        PointerDrag drag(hand, 360, 540);
+        drag.moveTo(secondX, 300);
+        drag.moveTo(secondX, 140);
+        ASSERT_TRUE(waitUntil([&] { return isShelfShown(); }))
+            << "a file drag near the notch did not open the shelf";
+        ASSERT_TRUE(waitUntilExpanded());
+        drag.moveTo(secondX, topInset + 8 + 31);
+        drag.hover(300ms);
+        EXPECT_TRUE(panelShows(6)) << "no gap opened for the folders";
+    }
+    EXPECT_TRUE(waitUntil([&] {
+        return pinnedFolders() ==
+               std::vector<std::string>{alpha, third, fourth, beta, gamma, first, second};
+    })) << "the folders were not pinned before the hovered tile: "
+        << ::testing::PrintToString(pinnedFolders());
+    EXPECT_TRUE(panelShows(7));
+    EXPECT_EQ(storedItems().size(), 7u) << "the file was pinned too";
+
+    ASSERT_TRUE(openShelf());
+    const PostedSignals signals(environment());
+    const auto drag = [&](std::pair<int, int> from, std::pair<int, int> to) {
+        PointerDrag hold(hand, from.first, from.second);
+        hold.moveTo(to.first, to.second);
+        hold.hover(300ms);
+    };
+    drag(tileCentre(0), tileCentre(1));
+    ASSERT_TRUE(signals.waitFor("Tidewell.itemsChanged"));
+    EXPECT_EQ(pinnedFolders(),
+              (std::vector<std::string>{third, alpha, fourth, beta, gamma, first, second}));
+    EXPECT_FALSE(signals.waitFor("Tidewell.itemsChanged", 2, 1s)) << "the order was saved twice";
+
+    ASSERT_TRUE(openShelf());
+    const auto [fromX, fromY] = tileCentre(0);
+    drag({fromX, fromY}, {fromX, fromY + 400});
+    EXPECT_TRUE(waitUntil([&] {
+        return pinnedFolders() ==
+               std::vector<std::string>{alpha, fourth, beta, gamma, first, second};
+    }));
+    EXPECT_EQ(storedItems().size(), 7u) << "the project was removed, not unpinned";
 }
 
 } // namespace

@@ -45,7 +45,7 @@ TEST_F(ShelfTileTest, ClicksMenusAndTheWheelReachTheTilesWhileTheFocusStaysElsew
         item.lastOpenedAt = item.createdAt - std::chrono::hours(1);
     writeItemsFile(ItemsJson::encode(items));
     startApplication();
-    const unsigned long editor = inspector.createWindow();
+    const unsigned long editor = inspector.createManagedWindow();
     ASSERT_TRUE(waitUntil([&] { return inspector.isViewable(editor); }));
     inspector.activate(editor);
     ASSERT_TRUE(waitUntil(

@@ -1,14 +1,16 @@
 #include "e2e/RunningApplicationTest.h"
 #include "linux/SingleInstanceGuard.h"
-#include "support/HeadlessWeston.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 
 namespace tidewell::testing {
 namespace {
 
+namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
 constexpr unsigned long black = 0x000000;
@@ -93,13 +95,63 @@ TEST_F(ShelfWindowTest, ThrowsAndHoverOpenTheDrawnOutlineWhichGrowsByAPinAndLets
     EXPECT_EQ(mapped.find("/dri/"), std::string::npos) << "an OpenGL driver is loaded";
 }
 
-// In a Wayland session whose compositor has no layer shell, with XWayland's display beside it
-// (here Xvfb's), the application chooses X11 with a trigger window at the top centre. A second
-// start shows the running one's shelf for a moment and ends quietly.
-TEST_F(ShelfWindowTest, WithoutLayerShellATriggerWindowOpensTheShelfAndASecondStartShowsIt) {
+// Each failed start says why in one line; the tool works all the same. The user interface is
+// loaded from beside the program or from the library folder of its prefix: a copy of the
+// program in a folder of its own finds neither. In a Wayland session whose compositor has no
+// layer shell, with XWayland's display beside it (here Xvfb's), the application chooses X11
+// with a trigger window at the top centre. A second start, also through the tool, shows the
+// running one's shelf for a moment and ends quietly.
+TEST_F(ShelfWindowTest, FailedStartsSayWhyAndWithoutLayerShellATriggerWindowOpensTheShelf) {
+    const PostedSignals startSignals(environment());
+    const std::string program = root.makeFolder("alone") + "/tidewell";
+    fs::copy_file(tidewellPath(), program);
+    const ProcessResult alone = ChildProcess::run(launch(program, {}, home), 5s);
+    EXPECT_EQ(alone.standardOutput, "");
+    EXPECT_TRUE(alone.standardError.starts_with("tidewell: cannot load the user interface: "))
+        << alone.standardError;
+    EXPECT_EQ(std::ranges::count(alone.standardError, '\n'), 1);
+    EXPECT_TRUE(alone.standardError.ends_with("\n"));
+    EXPECT_EQ(alone.status, 1);
+    EXPECT_TRUE(fs::is_regular_file(dataFolder() + "/app.lock"));
+
+    // A Wayland compositor without layer shell, as GNOME's is: weston on its headless backend.
+    const ChildProcess weston(
+        {.arguments = {"weston", "--backend=headless-backend.so", "--no-config", "--idle-time=0",
+                       "--socket=weston-0"},
+         .workingDirectory = "/",
+         .environment = {{"PATH", std::getenv("PATH")}, {"XDG_RUNTIME_DIR", runtimeFolder}}});
+    ASSERT_TRUE(waitUntil([&] { return fs::exists(runtimeFolder + "/weston-0"); }, 10s));
+    const std::map<std::string, std::string> noLayerShell = {{"WAYLAND_DISPLAY", "weston-0"}};
+    for (const auto& [variables, line] :
+         std::vector<std::pair<std::map<std::string, std::string>, std::string>>{
+             {noLayerShell, "tidewell: no window system: the Wayland compositor has no layer "
+                            "shell and DISPLAY is not set for XWayland\n"},
+             {{}, "tidewell: no window system: neither WAYLAND_DISPLAY nor DISPLAY is set\n"},
+         }) {
+        ChildProcess::Launch start = launch(tidewellPath(), {}, home);
+        start.environment.insert(variables.begin(), variables.end());
+        expectResult(ChildProcess::run(start), "", line, 1);
+    }
+    ChildProcess::Launch list = launch(tidePath(), {"list"}, home);
+    list.environment.insert(noLayerShell.begin(), noLayerShell.end());
+    expectResult(ChildProcess::run(list), "", "", 0);
+    EXPECT_TRUE(startSignals.received().empty());
+    {
+        const auto running = SingleInstanceGuard::acquire(
+            DataFolder({.home = home, .applicationSupport = dataHome}));
+        ASSERT_TRUE(running) << "the lock a running application holds";
+        expectResult(ChildProcess::run(launch(tidePath(), {"show", "ignored"}, home), 5s), "", "",
+                     0);
+        EXPECT_EQ(readFile(dataFolder() + "/.showOnLaunch"), "");
+        // The application the tool starts finds the lock held and asks the running one.
+        EXPECT_TRUE(startSignals.waitFor("Tidewell.showShelf"));
+        fs::remove(dataFolder() + "/.showOnLaunch");
+    }
+
     addProject("alpha");
-    const HeadlessWeston weston(runtimeFolder);
-    startApplication({{"WAYLAND_DISPLAY", weston.socket}, {"XDG_SESSION_TYPE", "wayland"}});
+    auto wayland = noLayerShell;
+    wayland["XDG_SESSION_TYPE"] = "wayland";
+    startApplication(wayland);
     std::optional<unsigned long> trigger;
     ASSERT_TRUE(waitUntil(
         [&] { return (trigger = inspector.findWindow("Tidewell Trigger")).has_value(); }));

@@ -19,10 +19,6 @@ const Monitor primary{"P", 2560, 0, 1920, 1080};
 const Monitor left{"R", 0, 200, 2560, 1440};
 const Monitor right{"R", 4480, 200, 2560, 1440};
 
-WindowRect area(const Monitor& screen) {
-    return {screen.x, screen.y, screen.width, screen.height};
-}
-
 int centreX(const Monitor& screen) {
     return screen.x + screen.width / 2;
 }
@@ -48,10 +44,11 @@ protected:
     // Waits until the shelf is open at the top centre of the screen, drawn down to its lower
     // edge, and its first icon has faded in: the opening has run its course, and only now
     // does the shelf follow requests and changes.
-    bool isShownOn(const Monitor& screen, int tiles = 1, int scale = 1) {
-        const WindowRect expected = panelGeometry(tiles, area(screen), scale);
+    bool isShownOn(const Monitor& screen, int scale) {
+        const WindowRect expected =
+            panelGeometry(3, {screen.x, screen.y, screen.width, screen.height}, scale);
         const int lowerEdgeY = screen.y + scale * (topInset + 88) - 2;
-        const int iconX = tiles == 1 ? centreX(screen) : expected.x + scale * (shadowMargin + 44);
+        const int iconX = expected.x + scale * (shadowMargin + 44);
         unsigned long icon = black;
         const bool shown = waitUntil([&] {
             if (!isShelfShown() || inspector.rootGeometry(panel) != expected ||
@@ -69,9 +66,9 @@ protected:
     }
 
     // The pointer onto the screen's top row opens the shelf there; away from it, it closes.
-    void openAndCloseFromTopRow(const Monitor& screen, int x, int tiles = 1, int scale = 1) {
+    void openAndCloseFromTopRow(const Monitor& screen, int x, int scale) {
         hand.movePointerTo(x, screen.y);
-        EXPECT_TRUE(isShownOn(screen, tiles, scale)) << "from x = " << x;
+        EXPECT_TRUE(isShownOn(screen, scale)) << "from x = " << x;
         hand.movePointerTo(x, screen.y + 700);
         EXPECT_TRUE(waitUntil([&] { return !isShelfShown(); })) << "from x = " << x;
     }
@@ -81,7 +78,7 @@ protected:
     // how many pixels of the first icon are drawn white (its initials).
     int expectDrawnAtScale(const Monitor& screen, int scale) {
         hand.movePointerTo(centreX(screen) - 90 * scale, screen.y); // the trigger's first column
-        if (!isShownOn(screen, 3, scale))
+        if (!isShownOn(screen, scale))
             return 0;
         // In device pixels from the shelf's top-left corner.
         const int left = inspector.rootGeometry(panel).x + scale * shadowMargin;
@@ -110,45 +107,33 @@ protected:
     }
 };
 
-TEST_F(TwoDisplaysTest, TheShelfOpensOnTheDisplayUnderThePointerAndFollowsTheDisplays) {
-    addProject("alpha");
-    startApplication();
+// Tiles, gaps, type and outline keep their sizes in points, and the trigger its place, on a
+// display at twice the pixels a point beside one at one pixel a point, and when the whole
+// application is scaled. The shelf opens on the display under the pointer and follows the
+// displays as they come and go.
+TEST_F(TwoDisplaysTest, TheShelfOpensOnTheDisplayUnderThePointerAtItsScaleAndFollowsTheDisplays) {
+    for (const char* name : {"alpha", "beta", "gamma"})
+        addProject(name);
+    startApplication({{"QT_SCREEN_SCALE_FACTORS", "P=1;R=2"}});
 
     // The top row of each display: the primary's centre, and the first, middle and last
     // columns of the other's trigger.
-    openAndCloseFromTopRow(primary, centreX(primary));
-    for (const int x : {centreX(left) - 90, centreX(left), centreX(left) + 89})
-        openAndCloseFromTopRow(left, x);
+    openAndCloseFromTopRow(primary, centreX(primary), 1);
+    for (const int x : {centreX(left) - 180, centreX(left), centreX(left) + 179})
+        openAndCloseFromTopRow(left, x, 2);
 
     // Shown on request on the display under the pointer, also while shown on the other one.
     hand.movePointerTo(centreX(left), 900);
     expectResult(tide({"show"}, home), "", "", 0);
-    isShownOn(left);
+    isShownOn(left, 2);
     hand.movePointerTo(centreX(primary), 700);
     expectResult(ChildProcess::run({.arguments = {tidewellPath()},
                                     .workingDirectory = home,
                                     .environment = applicationEnvironment()}),
                  "", "", 0);
-    isShownOn(primary);
+    isShownOn(primary, 1);
 
-    // The display under the open shelf goes: the shelf goes to the primary display. It comes
-    // back right of the primary, and the shelf opens there.
-    hand.movePointerTo(centreX(left), left.y);
-    isShownOn(left);
-    monitors().removeMonitor("R");
-    isShownOn(primary);
-    monitors().addMonitor(right);
-    hand.movePointerTo(centreX(right), right.y);
-    isShownOn(right);
-}
-
-// Tiles, gaps, type and outline keep their sizes in points, and the trigger its place, on a
-// display at twice the pixels a point, beside one at one pixel a point (the open shelf goes
-// from one to the other), and when the whole application is scaled.
-TEST_F(TwoDisplaysTest, AtScaleTwoTheShelfKeepsItsSizesInPointsAndItsTrigger) {
-    for (const char* name : {"alpha", "beta", "gamma"})
-        addProject(name);
-    startApplication({{"QT_SCREEN_SCALE_FACTORS", "P=1;R=2"}});
+    // The open shelf goes from one display to the other.
     const int whiteAtOne = expectDrawnAtScale(primary, 1);
     ASSERT_GT(whiteAtOne, 0) << "no initials drawn";
     const int whiteAtTwo = expectDrawnAtScale(left, 2);
@@ -163,7 +148,17 @@ TEST_F(TwoDisplaysTest, AtScaleTwoTheShelfKeepsItsSizesInPointsAndItsTrigger) {
     EXPECT_LT(whiteScaled, 6 * whiteAtOne);
     hand.movePointerTo(centreX(primary), 700);
     ASSERT_TRUE(waitUntil([&] { return !isShelfShown(); }));
-    openAndCloseFromTopRow(primary, centreX(primary) + 2 * 90 - 1, 3, 2); // its last column
+    openAndCloseFromTopRow(primary, centreX(primary) + 2 * 90 - 1, 2); // its last column
+
+    // The display under the open shelf goes: the shelf goes to the primary display. It comes
+    // back right of the primary, and the shelf opens there.
+    hand.movePointerTo(centreX(left), left.y);
+    isShownOn(left, 2);
+    monitors().removeMonitor("R");
+    isShownOn(primary, 2);
+    monitors().addMonitor(right);
+    hand.movePointerTo(centreX(right), right.y);
+    isShownOn(right, 2);
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "gui/shelf/ShelfToolTip.h"
 
 #include "gui/EventLoopWait.h"
-#include "support/X11WindowInspector.h"
+#include "support/X11TestClient.h"
 
 #include <QQuickWindow>
 #include <algorithm>
@@ -12,7 +12,7 @@ namespace {
 
 using testing::processEventsUntil;
 using testing::WindowRect;
-using testing::X11WindowInspector;
+using testing::X11TestClient;
 
 // A tile alone in a window of its own (override-redirect, so exactly where it is asked to be) on
 // the program's 1920 x 1080 display, whose tooltip is a path wider than the tile. The tooltip
@@ -29,7 +29,7 @@ TEST(ShelfToolTip, ShowsInAWindowOfItsOwnBelowTheTileAndOnTheScreen) {
                  {"at the right edge", {1860, 30}, true, false},
                  {"at the bottom edge", {400, 1017}, false, true}};
     const QSize tileSize(60, 63);
-    X11WindowInspector inspector;
+    X11TestClient inspector;
     for (const auto& row : cases) {
         SCOPED_TRACE(row.name);
         QQuickWindow owner;

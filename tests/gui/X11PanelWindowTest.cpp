@@ -1,7 +1,7 @@
 #include "gui/windowsystem/x11/X11PanelWindow.h"
 
 #include "gui/EventLoopWait.h"
-#include "support/X11WindowInspector.h"
+#include "support/X11TestClient.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@ using namespace std::chrono_literals;
 
 // 200 x 88 points at the top centre of the program's 1920 x 1080 display.
 const Rect shelfFrame{{860, 992}, {200, 88}};
-constexpr unsigned long allWorkspaces = 0xFFFFFFFF;
+constexpr const char* allWorkspaces = "4294967295";
 // The window manager is slow to answer while the machine is busy.
 constexpr auto windowManagerDeadline = 15s;
 
@@ -24,9 +24,9 @@ constexpr auto windowManagerDeadline = 15s;
 // to end.
 TEST(X11PanelWindowTest, AppearsOnEveryWorkspaceOutOfTaskbarsAndTakesThePointerInItsOutline) {
     X11PanelWindow panel;
-    testing::X11WindowInspector inspector;
+    testing::X11TestClient inspector;
     const unsigned long window = panel.view().winId();
-    const unsigned long other = inspector.createWindow();
+    const unsigned long other = inspector.createManagedWindow();
     ASSERT_TRUE(
         processEventsUntil([&] { return inspector.isViewable(other); }, windowManagerDeadline));
     inspector.activate(other);
@@ -45,13 +45,15 @@ TEST(X11PanelWindowTest, AppearsOnEveryWorkspaceOutOfTaskbarsAndTakesThePointerI
         ASSERT_TRUE(processEventsUntil(
             [&] {
                 return inspector.isViewable(window) &&
-                       inspector.cardinal(window, "_NET_FRAME_EXTENTS").has_value() &&
-                       inspector.cardinal(window, "_NET_WM_DESKTOP") == allWorkspaces &&
+                       !inspector.property(window, "_NET_FRAME_EXTENTS").empty() &&
+                       inspector.property(window, "_NET_WM_DESKTOP") == allWorkspaces &&
                        std::ranges::all_of(states, [&](const char* state) {
-                           return inspector.hasState(window, state);
+                           return inspector.property(window, "_NET_WM_STATE").find(state) !=
+                                  std::string::npos;
                        });
             },
-            windowManagerDeadline));
+            windowManagerDeadline))
+            << inspector.property(window, "_NET_WM_STATE");
         testing::pumpEventsFor(200ms); // room for a focus change, which must not come
         EXPECT_TRUE(panel.isVisible());
         // The shelf's frame with the shadow margins beside and below it.

@@ -8,11 +8,9 @@
 // offering the paths as file URLs (text/uri-list, in the given order) and as text/plain, one
 // per line, to be copied or moved. It prints "ready" once the window is shown, "pressed X,Y"
 // (in the window) for each press of a button, "finished copy", "finished move" or "finished
-// ignore" when a drag ends, and "dropped URL..." when files are dropped onto it; it stays
-// until it is ended.
+// ignore" when a drag ends; it stays until it is ended.
 
 #include <QDrag>
-#include <QDropEvent>
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -54,24 +52,6 @@ protected:
         std::cout << "pressed " << point.x() << "," << point.y() << std::endl;
         if (event->button() == Qt::LeftButton && !paths_.isEmpty())
             pressedAt_ = event->position();
-    }
-
-    bool event(QEvent* event) override {
-        if (event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove) {
-            auto* drag = static_cast<QDragMoveEvent*>(event);
-            drag->setAccepted(drag->mimeData()->hasUrls());
-            return true;
-        }
-        if (event->type() == QEvent::Drop) {
-            auto* drop = static_cast<QDropEvent*>(event);
-            std::cout << "dropped";
-            for (const QUrl& url : drop->mimeData()->urls())
-                std::cout << ' ' << url.toString().toStdString();
-            std::cout << std::endl;
-            drop->acceptProposedAction();
-            return true;
-        }
-        return QRasterWindow::event(event);
     }
 
     void mouseReleaseEvent(QMouseEvent*) override { pressedAt_.reset(); }

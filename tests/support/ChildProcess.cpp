@@ -1,5 +1,7 @@
 #include "support/ChildProcess.h"
 
+#include "support/WaitUntil.h"
+
 #include <cerrno>
 #include <csignal>
 #include <cstring>
@@ -112,13 +114,8 @@ std::string ChildProcess::standardError() const {
 }
 
 bool ChildProcess::waitForOutput(const std::string& text, std::chrono::milliseconds timeout) const {
-    const auto deadline = std::chrono::steady_clock::now() + timeout;
-    while (standardOutput().find(text) == std::string::npos) {
-        if (!isRunning() || std::chrono::steady_clock::now() > deadline)
-            return false;
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
-    return true;
+    const auto found = [&] { return standardOutput().find(text) != std::string::npos; };
+    return waitUntil([&] { return found() || !isRunning(); }, timeout) && found();
 }
 
 void ChildProcess::writeInput(const std::string& text) {

@@ -28,8 +28,7 @@ PointerDrag::PointerDrag(X11TestClient& hand, int x, int y) : hand_(hand) {
 }
 
 PointerDrag::~PointerDrag() {
-    if (isHeld_)
-        release();
+    hand_.setPrimaryButton(false);
 }
 
 void PointerDrag::moveTo(int x, int y) {
@@ -53,11 +52,6 @@ void PointerDrag::stepTo(int x, int y) {
 
 void PointerDrag::hover(std::chrono::milliseconds duration) {
     std::this_thread::sleep_for(duration);
-}
-
-void PointerDrag::release() {
-    hand_.setPrimaryButton(false);
-    isHeld_ = false;
 }
 
 } // namespace tidewell::testing

@@ -9,8 +9,7 @@ class X11TestClient;
 // A drag with the primary button as a hand makes it, through the client's XTest pointer:
 // pressed at a point, moved in small relative steps (raw motion, as the shelf's pointer
 // monitor hears it) with pauses that let the drag-and-drop exchanges of the source and the
-// target keep up, and released. A drag still held when the object goes away is released
-// where the pointer is.
+// target keep up, and released where the pointer is when the object goes away: the drop.
 class PointerDrag {
 public:
     // Moves the pointer onto the point and presses the primary button there.
@@ -23,14 +22,11 @@ public:
     void moveTo(int x, int y);
     // Keeps the button held where the pointer is for this long.
     void hover(std::chrono::milliseconds duration);
-    // Releases the button where the pointer is: the drop.
-    void release();
 
 private:
     void stepTo(int x, int y);
 
     X11TestClient& hand_;
-    bool isHeld_ = true;
 };
 
 } // namespace tidewell::testing

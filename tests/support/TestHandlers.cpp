@@ -1,10 +1,10 @@
 #include "support/TestHandlers.h"
 
+#include "support/WaitUntil.h"
+
 #include <algorithm>
-#include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <thread>
 
 namespace tidewell::testing {
 namespace {
@@ -78,12 +78,8 @@ bool TestHandlers::hasReport(const std::string& handlerId) const {
 
 std::optional<HandlerLaunch> TestHandlers::waitForLaunch(const std::string& handlerId) const {
     const std::string report = folder_ + "/reports/" + handlerId;
-    const auto deadline = std::chrono::steady_clock::now() + 10s;
-    while (!hasReport(handlerId)) {
-        if (std::chrono::steady_clock::now() > deadline)
-            return std::nullopt;
-        std::this_thread::sleep_for(10ms);
-    }
+    if (!waitUntil([&] { return hasReport(handlerId); }, 10s))
+        return std::nullopt;
     std::ifstream lines(report);
     HandlerLaunch launch = parseReport(lines);
     std::filesystem::remove(report);

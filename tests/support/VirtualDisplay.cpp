@@ -1,8 +1,8 @@
 #include "support/VirtualDisplay.h"
 
-#include <chrono>
+#include "support/WaitUntil.h"
+
 #include <stdexcept>
-#include <thread>
 #include <unistd.h>
 
 extern char** environ;
@@ -53,13 +53,14 @@ void VirtualDisplay::start(const std::vector<std::string>& server) {
     name_.pop_back();
     environment_.set("DISPLAY", name_);
     windowManager_ = std::make_unique<ChildProcess>(inherited({"openbox", "--sm-disable"}));
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-    while (ChildProcess::run(inherited({"xprop", "-root", "_NET_SUPPORTING_WM_CHECK"}))
-               .standardOutput.find("window id") == std::string::npos) {
-        if (!windowManager_->isRunning() || std::chrono::steady_clock::now() > deadline)
-            throw std::runtime_error("openbox did not start");
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    }
+    const auto announced = [] {
+        return ChildProcess::run(inherited({"xprop", "-root", "_NET_SUPPORTING_WM_CHECK"}))
+                   .standardOutput.find("window id") != std::string::npos;
+    };
+    if (!waitUntil([&] { return announced() || !windowManager_->isRunning(); },
+                   std::chrono::seconds(10)) ||
+        !windowManager_->isRunning())
+        throw std::runtime_error("openbox did not start");
 }
 
 void VirtualDisplay::runClient(const std::vector<std::string>& arguments) {

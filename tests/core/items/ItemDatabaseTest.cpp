@@ -223,23 +223,6 @@ TEST_F(ItemDatabaseTest, ProjectFoldersAreExaminedBeforeTheLockIsTaken) {
     EXPECT_EQ(files.list(folder.iconsFolder()).size(), copies);
 }
 
-TEST_F(ItemDatabaseTest, ExternalIconsAreCopiedIntoTheCache) {
-    NotchItem outside = record("outside", root.makeFolder("a"), clock.now());
-    outside.iconPath = root.write("pictures/logo.PNG", "png");
-    NotchItem cached = record("cached", root.makeFolder("b"), clock.now());
-    cached.iconPath = root.write("data/Tidewell/Icons/" + cached.id.text() + ".png", "png");
-    NotchItem gone = record("gone", root.makeFolder("c"), clock.now());
-    gone.iconPath = root.path() + "/missing.png";
-    writeItems({outside, cached, gone});
-
-    EXPECT_EQ(database.cacheExternalIcons(), 1);
-    outside.iconPath = folder.iconsFolder() + "/" + outside.id.text() + ".png";
-    EXPECT_EQ(database.load(), (std::vector{outside, cached, gone}));
-    // Even with nothing to copy the file is saved, and the save announced.
-    EXPECT_EQ(database.cacheExternalIcons(), 0);
-    EXPECT_EQ(deliveredPosts(), 2);
-}
-
 // A copy kept earlier in the same second is not replaced.
 TEST_F(ItemDatabaseTest, AnUndecodableFileIsKeptBesideTheNewOne) {
     for (const std::string suffix : {"", "-2"}) {

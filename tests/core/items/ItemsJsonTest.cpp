@@ -93,7 +93,7 @@ TEST(ItemsJson, DecodesAnyLayoutLowerCaseIdsOffsetsUnknownKeysAndNullOptionals) 
         EXPECT_FALSE(item.iconPath) << record;
         EXPECT_FALSE(item.sortOrder) << record;
     }
-    EXPECT_EQ(decodeOne(recordWith("sortOrder", "-3")).sortOrder, -3);
+    EXPECT_EQ(decodeOne(recordWith("sortOrder", "-39")).sortOrder, -39);
     EXPECT_EQ(decodeOne(recordWith("iconPath", R"("\/i.png")")).iconPath, "/i.png");
     EXPECT_EQ(decodeOne(recordWith("id", R"("3f2504e0-4f89-11d3-9a0c-0305e82c3301")")).id,
               *Uuid::parse("3F2504E0-4F89-11D3-9A0C-0305E82C3301"));
@@ -116,6 +116,7 @@ TEST(ItemsJson, AnyBadRecordOrDocumentFailsTheWholeDecode) {
         recordWith("iconPath", "false"),
         recordWith("sortOrder", R"("1")"),
         recordWith("sortOrder", "1.5"),
+        recordWith("sortOrder", "1e2"),
         recordWith("sortOrder", "9223372036854775808"),
         recordWith("createdAt", R"("2025-03-04T18:07:41.250Z")"),
         recordWith("id", R"("3F2504E0-4F89-11D3-9A0C-0305E82C330")"),

@@ -207,7 +207,6 @@ std::vector<Sample> samples() {
          {{24, 16}}},
         {"svg, pt and in", R"(<svg width="72pt" height="1in"/>)", {{96, 96}}},
         {"svg, pc", R"(<svg width="6pc" height="3pc"/>)", {{96, 48}}},
-        {"another element", R"(<svgz width="5" height="5"/>)"},
         {"svg viewBox with commas", R"(<svg viewBox="-5,-5, 30,10"/>)", {{30, 10}}},
         {"svg percent", R"(<svg width="100%" height="100%" viewBox="0 0 64 32"/>)", {{64, 32}}},
         {"svg width only", R"(<svg width="128" viewBox="0 0 64 32"/>)", {{128, 64}}},

@@ -216,6 +216,7 @@ std::vector<Sample> samples() {
          "<!DOCTYPE svg PUBLIC \"-//W3C//DTD SVG 1.1//EN\" [ <!ENTITY a \"b\"> ]>\n"
          "<svg data-width=\"3\" width=\"12\" height=\"12\">",
          {{12, 12}}},
+        {"svg after an empty comment", "<!----><svg width=\"5\" height=\"6\"/>", {{5, 6}}},
         {"svg after a plain doctype", "<!DOCTYPE svg><svg width=\"5\" height=\"5\"/>", {{5, 5}}},
         {"svg inside html", R"(<html><svg width="10" height="10"/></html>)"},
         {"svg zero width", R"(<svg width="0" height="10"/>)"},

@@ -99,11 +99,12 @@ TEST(ItemsJson, DecodesAnyLayoutLowerCaseIdsOffsetsUnknownKeysAndNullOptionals) 
               *Uuid::parse("3F2504E0-4F89-11D3-9A0C-0305E82C3301"));
     EXPECT_EQ(decodeOne(recordWith("createdAt", R"("2025-03-04T20:07:41+02:00")")).createdAt,
               march4);
-    EXPECT_EQ(decodeOne(recordWith("colour", R"({"nested": [1, 2.5, null]})")).path, "/srv/web");
+    EXPECT_EQ(decodeOne(recordWith("colour", R"({"nested": [1, 2.5e+2, null]})")).path, "/srv/web");
     EXPECT_EQ(ItemsJson::decode("\xEF\xBB\xBF[" + validRecord + "]")->size(), 1u);
     EXPECT_EQ(
-        decodeOne(recordWith("name", R"("caf\u00e9e \"x\" \ud83d\ude80\ud800\udc00\n")")).name,
-        "caf\u00e9e \"x\" \U0001F680\U00010000\n");
+        decodeOne(recordWith("name", R"("caf\u00e9e \"x\" \ud83d\ude80\ud800\udc00\ue000\n")"))
+            .name,
+        "caf\u00e9e \"x\" \U0001F680\U00010000\ue000\n");
 }
 
 TEST(ItemsJson, AnyBadRecordOrDocumentFailsTheWholeDecode) {
@@ -125,6 +126,7 @@ TEST(ItemsJson, AnyBadRecordOrDocumentFailsTheWholeDecode) {
         recordWith("name", "\"raw\ttab\""),
         recordWith("sortOrder", "01"),
         recordWith("isFavorite", "truex"),
+        recordWith("isFavorite", ""),
         recordWith("colour", "1."),
         recordWith("colour", "-"),
         "42",

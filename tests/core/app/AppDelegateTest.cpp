@@ -41,15 +41,14 @@ protected:
 
     void writeShowOnLaunchFlag() { root.write("data/Tidewell/.showOnLaunch"); }
     bool hasShowOnLaunchFlag() const { return files.exists(database.showOnLaunchFlagURL()); }
-    bool isShelfShown() const { return panel.visible; }
     // The shelf shows now, and has closed once 2.5 seconds and the closing are over.
     void expectShownBriefly() {
         advanceMilliseconds(300);
-        EXPECT_TRUE(isShelfShown());
+        EXPECT_TRUE(panel.visible);
         advanceMilliseconds(2100);
-        EXPECT_TRUE(isShelfShown()) << "still open just before 2.5 s";
+        EXPECT_TRUE(panel.visible) << "still open just before 2.5 s";
         advanceMilliseconds(600);
-        EXPECT_FALSE(isShelfShown());
+        EXPECT_FALSE(panel.visible);
     }
     bool isStartAtLoginChecked() {
         return statusItem.checked[StatusMenuAction::toggleStartAtLogin];
@@ -74,7 +73,7 @@ TEST_F(AppDelegateTest, TheFlagLeftByTheToolShowsTheShelfBrieflyAtLaunchAndIsCon
 
     writeShowOnLaunchFlag();
     distributedCenter.post(notchShowShelf);
-    EXPECT_FALSE(isShelfShown()) << "the handler hops to a main-queue task";
+    EXPECT_FALSE(panel.visible) << "the handler hops to a main-queue task";
     queue.runUntilIdle();
     EXPECT_FALSE(hasShowOnLaunchFlag());
     expectShownBriefly();
@@ -84,7 +83,7 @@ TEST_F(AppDelegateTest, TheFlagLeftByTheToolShowsTheShelfBrieflyAtLaunchAndIsCon
     delegate->applicationWillTerminate();
     distributedCenter.post(notchShowShelf);
     queue.advance(1s);
-    EXPECT_FALSE(isShelfShown());
+    EXPECT_FALSE(panel.visible);
 }
 
 // Launching starts the panel, which opens for a pointer already in the trigger.
@@ -92,7 +91,7 @@ TEST_F(AppDelegateTest, TheShelfShowsOnTheDisplayUnderThePointerElseOnTheMainOne
     pointer.where = inTrigger;
     launch();
     advanceMilliseconds(300);
-    EXPECT_TRUE(isShelfShown());
+    EXPECT_TRUE(panel.visible);
     advanceMilliseconds(3000);
     pointer.where = {2000, 500};
     delegate->showShelf();

@@ -80,6 +80,7 @@ TEST_F(CLITest, CommandWordsOptionsAndFoldersAreReadInEveryForm) {
         {{"favorite", ".", "--name"}, {0, "Pinned: myProject\n", ""}}, // a name needs a value
         {{"add", "--name"}, {2, "", missing + "/--name\n"}},           // ... or is the folder
         {{"nowhere"}, {2, "", missing + "/nowhere\n"}},
+        {{"remove", "nothing"}, {1, "", "No item matched nothing\n"}},
         {{"-psn"}, {2, "", missing + "/-psn\n"}},
         {{"add", "~/code"}, {0, "Pinned: code\n", ""}},
         {{"add", "../sibling/"}, {0, "Pinned: sibling\n", ""}},

@@ -20,19 +20,6 @@ std::string image(int width, int height) {
 const std::string square = image(64, 64);
 const std::string wide = image(64, 32);
 
-class IconScannerTest : public ::testing::Test {
-protected:
-    std::optional<std::string> best() const { return scanner.bestIcon(project.path()); }
-    std::string inProject(const std::string& relativePath) const {
-        return project.path() + "/" + relativePath;
-    }
-
-    testing::TemporaryDirectory project;
-    PosixFileSystem files;
-    testing::FakeImageFormats formats{{"heic"}};
-    IconScanner scanner{files, formats};
-};
-
 // The numbers are the scores of the files compared; square images earn a bonus.
 TEST(IconScanner, ScoresNamePlaceAndShape) {
     using Files = std::vector<std::pair<std::string, std::string>>;
@@ -112,45 +99,43 @@ TEST(IconScanner, ScoresNamePlaceAndShape) {
     }
 }
 
-TEST_F(IconScannerTest, ARootThatIsAFileIsItsOwnIconWhenItIsAnImage) {
+// A root that is a file is its own icon when it is an image. At most 2,000 entries are
+// examined; opening a FIFO without a writer would wait for one; links to folders may loop.
+TEST(IconScannerTest, ExaminesAtMostTwoThousandRegularFilesAndNoLinkedFolders) {
+    testing::TemporaryDirectory project;
+    const auto at = [&](const std::string& path) { return project.path() + "/" + path; };
+    PosixFileSystem files;
+    const testing::FakeImageFormats formats{{"heic"}};
+    const IconScanner scanner{files, formats};
     const std::string logo = project.write("logo.PNG", square);
     EXPECT_EQ(scanner.bestIcon(logo), logo);
     EXPECT_EQ(scanner.bestIcon(project.write("notes.txt", "text")), std::nullopt);
     EXPECT_EQ(scanner.bestIcon(project.write("logo.heic", "")), std::nullopt);
-    EXPECT_EQ(scanner.bestIcon(inProject("missing")), std::nullopt);
-}
-
-TEST_F(IconScannerTest, ExaminesAtMostTwoThousandEntries) {
-    // Pre-order: the folder "a" is entry 1, its files 2 to 1999, logo.png entry 2000.
-    for (int i = 0; i < 1998; ++i)
-        project.write("a/" + std::to_string(i), "");
-    project.write("logo.png", wide);
-    EXPECT_EQ(best(), inProject("logo.png"));
-    project.write("a/one-more", "");
-    EXPECT_EQ(best(), std::nullopt);
-}
-
-// Opening a FIFO without a writer would wait for one; links to folders may loop.
-TEST_F(IconScannerTest, PassesOverWhatIsNoRegularFileAndLinksToDirectories) {
-    ASSERT_EQ(::mkfifo(inProject("icon.png").c_str(), 0600), 0);
-    project.makeFolder("logo.png");
-    std::filesystem::create_directory_symlink(project.path(), inProject("loop"));
-    std::filesystem::create_directory_symlink("..", project.makeFolder("a") + "/up");
-    testing::TemporaryDirectory elsewhere;
-    elsewhere.write("icon.png", square);
-    std::filesystem::create_directory_symlink(elsewhere.path(), inProject("shared"));
-    EXPECT_EQ(best(), std::nullopt);
-    EXPECT_EQ(scanner.bestIcon(inProject("icon.png")), std::nullopt);
-    project.write("z/mark.svg", wide);
-    EXPECT_EQ(best(), inProject("z/mark.svg"));
-}
-
-TEST_F(IconScannerTest, SquareMeansWithinEightPercent) {
+    EXPECT_EQ(scanner.bestIcon(at("missing")), std::nullopt);
     EXPECT_TRUE(scanner.isSquare(project.write("a.png", image(100, 93))));
     EXPECT_FALSE(scanner.isSquare(project.write("b.png", image(100, 92))));
     EXPECT_TRUE(scanner.isSquare(project.write("c.svg", R"(<svg viewBox="0 0 24 24"/>)")));
-    EXPECT_FALSE(scanner.isSquare(project.write("e.png", "not an image")));
     EXPECT_FALSE(scanner.isSquare(project.makeFolder("f.png")));
+    std::filesystem::remove_all(project.path());
+
+    ASSERT_EQ(::mkfifo((project.makeFolder("fifo") + "/icon.png").c_str(), 0600), 0);
+    EXPECT_EQ(scanner.bestIcon(at("fifo/icon.png")), std::nullopt);
+    project.makeFolder("logo.png");
+    std::filesystem::create_directory_symlink(project.path(), at("loop"));
+    std::filesystem::create_directory_symlink("..", project.makeFolder("a") + "/up");
+    testing::TemporaryDirectory elsewhere;
+    elsewhere.write("icon.png", square);
+    std::filesystem::create_directory_symlink(elsewhere.path(), at("shared"));
+    EXPECT_EQ(scanner.bestIcon(project.path()), std::nullopt);
+    project.write("z/mark.svg", wide);
+    EXPECT_EQ(scanner.bestIcon(project.path()), at("z/mark.svg"));
+    // Pre-order: "a" is entry 1, its files 2 to 1999, logo.png entry 2000.
+    for (int i = 0; i < 1998; ++i)
+        project.write("limit/a/" + std::to_string(i), "");
+    project.write("limit/logo.png", wide);
+    EXPECT_EQ(scanner.bestIcon(at("limit")), at("limit/logo.png"));
+    project.write("limit/a/one-more", "");
+    EXPECT_EQ(scanner.bestIcon(at("limit")), std::nullopt);
 }
 
 } // namespace

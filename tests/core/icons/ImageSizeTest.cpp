@@ -206,6 +206,7 @@ std::vector<Sample> samples() {
          R"(<svg xmlns="http://www.w3.org/2000/svg" width="24" height="16"></svg>)",
          {{24, 16}}},
         {"svg, pt and in", R"(<svg width="72pt" height="1in"/>)", {{96, 96}}},
+        {"svg, pc", R"(<svg width="6pc" height="3pc"/>)", {{96, 48}}},
         {"svg viewBox with commas", R"(<svg viewBox="-5,-5, 30,10"/>)", {{30, 10}}},
         {"svg percent", R"(<svg width="100%" height="100%" viewBox="0 0 64 32"/>)", {{64, 32}}},
         {"svg width only", R"(<svg width="128" viewBox="0 0 64 32"/>)", {{128, 64}}},
@@ -215,6 +216,7 @@ std::vector<Sample> samples() {
          "<!DOCTYPE svg PUBLIC \"-//W3C//DTD SVG 1.1//EN\" [ <!ENTITY a \"b\"> ]>\n"
          "<svg data-width=\"3\" width=\"12\" height=\"12\">",
          {{12, 12}}},
+        {"svg after an empty comment", "<!----><svg width=\"5\" height=\"6\"/>", {{5, 6}}},
         {"svg after a plain doctype", "<!DOCTYPE svg><svg width=\"5\" height=\"5\"/>", {{5, 5}}},
         {"svg inside html", R"(<html><svg width="10" height="10"/></html>)"},
         {"svg zero width", R"(<svg width="0" height="10"/>)"},

@@ -112,6 +112,13 @@ TEST_F(ItemDatabaseTest, OneFolderKeepsOneRecordWhicheverPathLeadsToIt) {
     EXPECT_EQ(second.id, first.id);
     EXPECT_EQ(second.path, project);
     EXPECT_EQ(second.lastOpenedAt, clock.now());
+    // Updates never unpin and keep what is not given; a new name gives new initials only.
+    upsert(project, false, std::nullopt, "make dev");
+    const NotchItem renamed = upsert(project, false, "Studio", "");
+    EXPECT_EQ(std::tie(renamed.isFavorite, renamed.launchCommand, renamed.initials),
+              std::tie(second.isFavorite, "make dev", "ST"));
+    EXPECT_EQ(std::tie(renamed.tintHex, renamed.createdAt),
+              std::tie(first.tintHex, first.createdAt));
 
     // A folder that does not exist is known by its normalised path.
     const std::string missing = root.path() + "/gone/project";
@@ -125,7 +132,7 @@ TEST_F(ItemDatabaseTest, OneFolderKeepsOneRecordWhicheverPathLeadsToIt) {
     clock.advance(seconds(60));
     database.touch(first.id);
     EXPECT_EQ(database.load().front().lastOpenedAt, clock.now());
-    EXPECT_EQ(deliveredPosts(), 5);
+    EXPECT_EQ(deliveredPosts(), 7);
 }
 
 // Stored folders are examined again only where their parent changed since the file was written.
@@ -145,22 +152,6 @@ TEST_F(ItemDatabaseTest, StoredFoldersAreExaminedAgainOnlyWhereTheirParentChange
     std::filesystem::create_directory_symlink(a, b);
     upsert(a);
     EXPECT_EQ(database.load().size(), 1u);
-}
-
-TEST_F(ItemDatabaseTest, UpdatesNeverUnpinAndKeepWhatIsNotGiven) {
-    const std::string project = root.makeFolder("web-dashboard");
-    const NotchItem original = upsert(project, true, std::nullopt, "make dev");
-    const NotchItem recorded = upsert(project, false, "", "");
-    EXPECT_TRUE(recorded.isFavorite);
-    EXPECT_EQ(recorded.name, "web-dashboard");
-    EXPECT_EQ(recorded.launchCommand, "make dev");
-
-    const NotchItem renamed = upsert(project, false, "Studio");
-    EXPECT_EQ(renamed.name, "Studio");
-    EXPECT_EQ(renamed.initials, "ST");
-    EXPECT_EQ(renamed.tintHex, original.tintHex);
-    EXPECT_EQ(renamed.createdAt, original.createdAt);
-    EXPECT_TRUE(upsert(upsert(root.makeFolder("recent")).path, true).isFavorite);
 }
 
 // The earliest record keeps its id and creation; the most recently opened one gives its look.
@@ -230,23 +221,6 @@ TEST_F(ItemDatabaseTest, ProjectFoldersAreExaminedBeforeTheLockIsTaken) {
     EXPECT_EQ(updated.id, meanwhile.id);
     EXPECT_EQ(updated.iconPath, std::nullopt); // a known folder is not searched for an icon
     EXPECT_EQ(files.list(folder.iconsFolder()).size(), copies);
-}
-
-TEST_F(ItemDatabaseTest, ExternalIconsAreCopiedIntoTheCache) {
-    NotchItem outside = record("outside", root.makeFolder("a"), clock.now());
-    outside.iconPath = root.write("pictures/logo.PNG", "png");
-    NotchItem cached = record("cached", root.makeFolder("b"), clock.now());
-    cached.iconPath = root.write("data/Tidewell/Icons/" + cached.id.text() + ".png", "png");
-    NotchItem gone = record("gone", root.makeFolder("c"), clock.now());
-    gone.iconPath = root.path() + "/missing.png";
-    writeItems({outside, cached, gone});
-
-    EXPECT_EQ(database.cacheExternalIcons(), 1);
-    outside.iconPath = folder.iconsFolder() + "/" + outside.id.text() + ".png";
-    EXPECT_EQ(database.load(), (std::vector{outside, cached, gone}));
-    // Even with nothing to copy the file is saved, and the save announced.
-    EXPECT_EQ(database.cacheExternalIcons(), 0);
-    EXPECT_EQ(deliveredPosts(), 2);
 }
 
 // A copy kept earlier in the same second is not replaced.

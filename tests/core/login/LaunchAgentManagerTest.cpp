@@ -47,7 +47,6 @@ protected:
         home.write("Library/LaunchAgents/" + name, "old");
     }
     bool isMigrated() const { return defaults.boolean("Tidewell.didMigrateLoginItem") == true; }
-    int postsDelivered() const { return statusChangedCount; }
 
     TemporaryDirectory home;
     UserPaths paths{home.path(), home.path() + "/.local/share"};
@@ -83,35 +82,25 @@ TEST_F(LaunchAgentManagerTest, InstallRegistersWithTheServiceOrFallsBackToTheAge
                          (expected.registerFails ? ", failing" : "") +
                          (application.isInstalled ? "" : ", not installed"));
             const bool fails = expected.usesAgentFile && !application.isInstalled;
-            const int posts = postsDelivered();
+            const int posts = statusChangedCount;
 
             EXPECT_EQ(installFailure(application),
                       fails ? "The packaged app could not be located for launch at login." : "");
             EXPECT_EQ(service.registerCount, expected.registerCount);
             EXPECT_EQ(service.unregisterCount, 0);
             EXPECT_EQ(files.exists(agentFile()), expected.usesAgentFile && !fails);
-            EXPECT_EQ(postsDelivered(), posts + (fails ? 0 : 1));
+            EXPECT_EQ(statusChangedCount, posts + (fails ? 0 : 1));
             if (files.exists(agentFile()))
                 files.removeFile(agentFile());
         }
     }
-}
-
-TEST_F(LaunchAgentManagerTest, TheAgentFileNamesTheProgramEscapedAndIsRewrittenEveryTime) {
-    defaults.setBoolean("Tidewell.didMigrateLoginItem", true);
-    service.currentStatus = LoginItemStatus::notFound;
+    // The agent file names the program escaped and replaces whatever was there.
     writeAgentFile();
     manager({"/opt/R&D <new>/bin/tidewell", true}).install(defaults, notifications);
-    EXPECT_EQ(
-        files.readFile(agentFile()),
-        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE plist PUBLIC "
-        "\"-//Apple//DTD PLIST 1.0//EN\" \"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
-        "<plist version=\"1.0\">\n<dict>\n"
-        "\t<key>Label</key>\n\t<string>com.quorvel.tidewell.login</string>\n"
-        "\t<key>ProgramArguments</key>\n\t<array>\n\t\t<string>/usr/bin/open</string>\n"
-        "\t\t<string>/opt/R&amp;D &lt;new&gt;/bin/tidewell</string>\n\t</array>\n"
-        "\t<key>RunAtLoad</key>\n\t<true/>\n\t<key>KeepAlive</key>\n\t<false/>\n"
-        "\t<key>ProcessType</key>\n\t<string>Interactive</string>\n</dict>\n</plist>\n");
+    EXPECT_NE(files.readFile(agentFile())
+                  ->find("<string>/usr/bin/open</string>\n\t\t<string>/opt/R&amp;D "
+                         "&lt;new&gt;/bin/tidewell</string>"),
+              std::string::npos);
 }
 
 // A registration that cannot be removed is made again anyway.
@@ -127,7 +116,7 @@ TEST_F(LaunchAgentManagerTest, FirstInstallCleansUpOldRegistrationsOnce) {
         service.currentStatus = LoginItemStatus::requiresApproval;
         if (unregisterFails)
             service.unregisterFailure = "Busy.";
-        const int posts = postsDelivered();
+        const int posts = statusChangedCount;
 
         EXPECT_EQ(installFailure(), "");
         for (const std::string& name : oldAgentFiles)
@@ -137,7 +126,7 @@ TEST_F(LaunchAgentManagerTest, FirstInstallCleansUpOldRegistrationsOnce) {
         EXPECT_TRUE(isMigrated());
         EXPECT_EQ(service.unregisterCount, 1);
         EXPECT_EQ(service.registerCount, unregisterFails ? 0 : 1);
-        EXPECT_EQ(postsDelivered(), posts + 1);
+        EXPECT_EQ(statusChangedCount, posts + 1);
 
         writeAgentFile(oldAgentFiles[0]);
         manager().install(defaults, notifications);
@@ -157,7 +146,7 @@ TEST_F(LaunchAgentManagerTest, AnOldAgentFileThatCannotBeRemovedStopsBeforeAnyth
     EXPECT_TRUE(files.exists(agentFile("com.ledgebox.app.plist")));
     EXPECT_FALSE(isMigrated());
     EXPECT_EQ(service.unregisterCount, 0);
-    EXPECT_EQ(postsDelivered(), 0);
+    EXPECT_EQ(statusChangedCount, 0);
 }
 
 // The status follows the service unless the agent file exists.
@@ -175,19 +164,19 @@ TEST_F(LaunchAgentManagerTest, UninstallRemovesTheAgentFileAndTheRegistration) {
     EXPECT_FALSE(files.exists(agentFile()));
     EXPECT_EQ(service.unregisterCount, 0);
     EXPECT_TRUE(isMigrated());
-    EXPECT_EQ(postsDelivered(), 1);
+    EXPECT_EQ(statusChangedCount, 1);
 
     service.currentStatus = LoginItemStatus::enabled;
     manager().uninstall(defaults, notifications);
     EXPECT_EQ(service.unregisterCount, 1);
     EXPECT_EQ(manager().statusDescription(), "not registered");
-    EXPECT_EQ(postsDelivered(), 2);
+    EXPECT_EQ(statusChangedCount, 2);
 
     // A failure to unregister is passed on, and nothing is announced.
     service.currentStatus = LoginItemStatus::requiresApproval;
     service.unregisterFailure = "Operation not permitted.";
     EXPECT_THROW(manager().uninstall(defaults, notifications), Error);
-    EXPECT_EQ(postsDelivered(), 2);
+    EXPECT_EQ(statusChangedCount, 2);
 }
 
 } // namespace

@@ -14,25 +14,22 @@ using std::chrono::seconds;
 using Names = std::vector<std::string>;
 using SortOrders = std::vector<std::optional<std::int64_t>>;
 
-template <typename Member> auto each(const std::vector<NotchItem>& items, Member member) {
-    std::vector<std::decay_t<decltype(items[0].*member)>> result;
-    for (const NotchItem& item : items)
-        result.push_back(item.*member);
+Names names(const std::vector<NotchItem>& items) {
+    Names result;
+    std::ranges::transform(items, std::back_inserter(result), &NotchItem::name);
     return result;
 }
-Names names(const std::vector<NotchItem>& items) {
-    return each(items, &NotchItem::name);
-}
 SortOrders sortOrders(const std::vector<NotchItem>& items) {
-    return each(items, &NotchItem::sortOrder);
+    SortOrders result;
+    std::ranges::transform(items, std::back_inserter(result), &NotchItem::sortOrder);
+    return result;
 }
 
 // The favourites in the file, in the order their sort orders give.
 Names placedNamesInFile(ItemDatabase& database) {
     auto items = database.load();
     std::erase_if(items, [](const NotchItem& item) { return !item.sortOrder; });
-    std::sort(items.begin(), items.end(),
-              [](const NotchItem& a, const NotchItem& b) { return a.sortOrder < b.sortOrder; });
+    std::ranges::sort(items, {}, &NotchItem::sortOrder);
     return names(items);
 }
 

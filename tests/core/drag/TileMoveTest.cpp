@@ -64,20 +64,5 @@ TEST_F(TileMoveTest, EndingTheDragSavesTheOrderOrUnpins) {
     EXPECT_FALSE(state.draggedItemID());
 }
 
-TEST_F(TileMoveTest, InsertionPointOfEachDropPosition) {
-    const struct {
-        std::optional<ShelfDropPosition> position;
-        std::optional<Uuid> expected;
-    } cases[] = {
-        {std::nullopt, std::nullopt},
-        {ShelfDropPosition::before(ids[0]), ids[0]},
-        {ShelfDropPosition::after(ids[1]), ids[2]},
-        {ShelfDropPosition::after(ids[2]), std::nullopt},
-        {ShelfDropPosition::after(Uuid::random()), std::nullopt},
-    };
-    for (const auto& [position, expected] : cases)
-        EXPECT_EQ(ShelfTileDrop::insertionBefore(position, store.favorites()), expected);
-}
-
 } // namespace
 } // namespace tidewell::testing

@@ -84,7 +84,8 @@ TEST_F(FolderHoverTest, APendingCloseWaitsOnTheButtonAndYieldsToAHoverOrAPointer
          1, 90ms},
         // The panel spans x 400..800 and y 800..920; its margins are 16 and 14 points.
         {"pointer within the margins", 0, movePointer({384, 933.9}), 1, 0ms},
-        {"pointer past the margins", 0, movePointer({383.9, 786}), 1, 90ms},
+        {"pointer left of the margin", 0, movePointer({383.9, 786}), 1, 90ms},
+        {"pointer below the margin", 0, movePointer({600, 785.9}), 1, 90ms},
         {"panel faded out", 0, movePointer({600, 850}), 0.01, 90ms},
     };
     for (const auto& [name, buttons, meanwhile, alpha, closesAfter] : cases) {

@@ -103,6 +103,8 @@ TEST_F(PanelClosing, LeavingArmsOneCloseAndMovesCountEverywhereUntilItHasEnded) 
     EXPECT_EQ(changes, 3);
     controller->scheduleHide(std::chrono::milliseconds(450)); // armed while off screen
     EXPECT_TRUE(controller->pointerInterest().everywhere);
+    advanceMilliseconds(450);
+    EXPECT_EQ(controller->panelState(), PanelState::hidden);
 }
 
 TEST_F(PanelMenuTracking, HoldsTheShelfOpenAndArmsACloseWhenTrackingEndsOutside) {

@@ -1,5 +1,7 @@
 #include "core/drag/TileDragSource.h"
 
+#include "core/drag/ShelfItemMove.h"
+
 #include <gtest/gtest.h>
 
 namespace tidewell::testing {
@@ -41,6 +43,18 @@ TEST(TileDragSourceTest, ASessionEndsInsideWithin60PointsOfTheWindow) {
     for (const auto& [accepted, point, frame, expected] : cases)
         EXPECT_EQ(TileDragSource().sessionEnded(accepted, point, frame), expected)
             << point.x << ", " << point.y;
+}
+
+TEST(ShelfItemMoveTest, WireFormIsOneCompactMemberWithTheUpperCaseIdAndNothingElseDecodes) {
+    const std::string upper = "0F8FAD5B-D9CB-469F-A165-70867728950E";
+    const ShelfItemMove move{*Uuid::parse("0f8fad5b-d9cb-469f-a165-70867728950e")};
+    EXPECT_EQ(move.encoded(), R"({"id":")" + upper + R"("})");
+    EXPECT_EQ(ShelfItemMove::decoded(R"( { "id" : "0f8fad5b-d9cb-469f-a165-70867728950e" } )")->id,
+              move.id);
+    for (const std::string& bytes :
+         {R"({"id":")" + upper + R"(","name":"A"})", R"({"identifier":")" + upper + R"("})",
+          std::string(R"({"id":"0F8FAD5B-D9CB-469F-A165"})"), "[\"" + upper + "\"]"})
+        EXPECT_FALSE(ShelfItemMove::decoded(bytes)) << bytes;
 }
 
 } // namespace

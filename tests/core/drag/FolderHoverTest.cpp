@@ -34,11 +34,12 @@ protected:
 };
 
 TEST_F(FolderHoverTest, TheLastTileTakesTheGapBehindItPastTheThresholds) {
-    for (const auto& [x, expected] :
-         {std::pair{44.0, Position::before(ids[2])}, std::pair{44.5, Position::after(ids[2])}}) {
+    for (const auto& [tile, x, expected] : {std::tuple{1, 44.5, Position::before(ids[1])},
+                                            std::tuple{2, 44.0, Position::before(ids[2])},
+                                            std::tuple{2, 44.5, Position::after(ids[2])}}) {
         closeGap();
-        hover(2, x);
-        EXPECT_EQ(state.folderDropPosition(), expected) << x;
+        hover(tile, x);
+        EXPECT_EQ(state.folderDropPosition(), expected) << tile << " " << x;
         EXPECT_TRUE(state.isPositionChangeAnimated());
         EXPECT_EQ(layout.expandedSize(), layout.size(4, 0));
     }

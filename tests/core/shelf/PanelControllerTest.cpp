@@ -82,8 +82,12 @@ TEST_F(PanelClosing, LeavingArmsOneCloseAndMovesCountEverywhereUntilItHasEnded) 
     advanceMilliseconds(1000);
     EXPECT_EQ(controller->panelState(), PanelState::visible);
     move({832, 800});
+    advanceMilliseconds(200);
+    move({831.9, 774}); // takes the close back
+    advanceMilliseconds(100);
+    move({607.9, 800});
     advanceMilliseconds(300);
-    move({607.9, 800}); // does not postpone the close
+    move({150, 300}); // does not postpone the close
     advanceMilliseconds(149);
     EXPECT_EQ(controller->panelState(), PanelState::visible);
     advanceMilliseconds(1);

@@ -110,6 +110,10 @@ TEST(NotchTransition, ProgressRunsMonotonicallyFromZeroToOneInTheShapeOfEachCurv
     EXPECT_LT(progress(NotchTransition::collapse, 0.5), 0.5);
     EXPECT_NEAR(progress(NotchTransition::contentFadeOut, 0.5), 0.3153, 1e-3);
     EXPECT_NEAR(progress(NotchTransition::contentFadeIn, 0.5), 0.6847, 1e-3);
+    // Control points on the diagonal make time and progress equal.
+    const Animation linear{Animation::Curve::bezier, 1.0 / 3, 1.0 / 3, 2.0 / 3, 2.0 / 3, {}};
+    for (double time : {0.1, 0.37, 0.93})
+        EXPECT_NEAR(progress(linear, time), time, 1e-6) << time;
 }
 
 } // namespace

@@ -40,7 +40,6 @@ TEST_F(FolderDropDecoderTest, UriListFileUrlsNamingFoldersFormThePasteboard) {
         "# dragged from the file manager",
         "file://" + escaped,
         "file://" + root.path() + "/a%3f%C3%A9",
-        "file://" + root.path() + "/a%3F%c3%a9",
         "file://localhost" + root.path() + "/./other/",
         "file://LOCALHOST" + other + "\n", // a bare LF ends a line too
         "file://example.org" + other,
@@ -54,7 +53,7 @@ TEST_F(FolderDropDecoderTest, UriListFileUrlsNamingFoldersFormThePasteboard) {
     for (const std::string& line : lines)
         uriList += line + "\r\n";
     EXPECT_EQ(FolderDropDecoder::directoryPathsFromDragPasteboard({.uriList = uriList}, files),
-              (Paths{folder, odd, odd, other, other, folder}));
+              (Paths{folder, odd, other, other, folder}));
 }
 
 TEST_F(FolderDropDecoderTest, DataIsTrimmedOfNulsThenBlanksButStringsAreTakenAsTheyAre) {
@@ -65,13 +64,10 @@ TEST_F(FolderDropDecoderTest, DataIsTrimmedOfNulsThenBlanksButStringsAreTakenAsT
         std::optional<std::string> expected;
     } cases[] = {
         {Kind::data, "file://" + escaped, folder},
-        {Kind::data, "\0\0"s + folder + "\0"s, folder},
         {Kind::data, " \t" + folder + "\r\n", folder},
         {Kind::data, "\0 file://"s + escaped + "\n\0"s, folder},
         {Kind::data, " \0"s + folder, std::nullopt}, // NULs only go at the very ends
-        {Kind::data, "my project", std::nullopt},
         {Kind::data, "\xff" + folder, std::nullopt},
-        {Kind::string, folder, folder},
         {Kind::string, "file://" + escaped, folder},
         {Kind::string, folder + " ", std::nullopt},
         {Kind::string, "\0"s + folder, std::nullopt},
@@ -81,8 +77,7 @@ TEST_F(FolderDropDecoderTest, DataIsTrimmedOfNulsThenBlanksButStringsAreTakenAsT
 }
 
 TEST_F(FolderDropDecoderTest, ProvidersFollowTheUriListOrElseThePlainText) {
-    // A line that is no valid URL still yields its folder once its data is trimmed; a
-    // non-file URL yields none.
+    // A line that is no valid URL still yields its folder once trimmed; a non-file URL none.
     const DroppedData uriList{.uriList = "file://" + other + " \r\nhttps://example.org" + folder +
                                          "\r\nfile://" + escaped + "\r\n",
                               .plainText = folder};

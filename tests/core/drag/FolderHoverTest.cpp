@@ -34,11 +34,12 @@ protected:
 };
 
 TEST_F(FolderHoverTest, TheLastTileTakesTheGapBehindItPastTheThresholds) {
-    for (const auto& [x, expected] :
-         {std::pair{44.0, Position::before(ids[2])}, std::pair{44.5, Position::after(ids[2])}}) {
+    for (const auto& [tile, x, expected] : {std::tuple{1, 44.5, Position::before(ids[1])},
+                                            std::tuple{2, 44.0, Position::before(ids[2])},
+                                            std::tuple{2, 44.5, Position::after(ids[2])}}) {
         closeGap();
-        hover(2, x);
-        EXPECT_EQ(state.folderDropPosition(), expected) << x;
+        hover(tile, x);
+        EXPECT_EQ(state.folderDropPosition(), expected) << tile << " " << x;
         EXPECT_TRUE(state.isPositionChangeAnimated());
         EXPECT_EQ(layout.expandedSize(), layout.size(4, 0));
     }
@@ -84,7 +85,8 @@ TEST_F(FolderHoverTest, APendingCloseWaitsOnTheButtonAndYieldsToAHoverOrAPointer
          1, 90ms},
         // The panel spans x 400..800 and y 800..920; its margins are 16 and 14 points.
         {"pointer within the margins", 0, movePointer({384, 933.9}), 1, 0ms},
-        {"pointer past the margins", 0, movePointer({383.9, 786}), 1, 90ms},
+        {"pointer left of the margin", 0, movePointer({383.9, 786}), 1, 90ms},
+        {"pointer below the margin", 0, movePointer({600, 785.9}), 1, 90ms},
         {"panel faded out", 0, movePointer({600, 850}), 0.01, 90ms},
     };
     for (const auto& [name, buttons, meanwhile, alpha, closesAfter] : cases) {

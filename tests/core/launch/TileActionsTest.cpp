@@ -50,13 +50,6 @@ protected:
 
 TEST_F(TileActionsTest, EachMenuEntryRunsItsActionAndTheStartCommandNeedsOne) {
     using enum TileAction;
-    const auto entries = [this] {
-        std::vector<std::pair<std::string, TileAction>> result;
-        for (const TileMenuEntry& entry : TileActions::menu(item))
-            if (!entry.isDivider)
-                result.emplace_back(entry.title, entry.action);
-        return result;
-    };
     std::vector<std::pair<std::string, TileAction>> expected = {
         {"Open folder", openFolder},
         {"Open in Terminal", openInTerminal},
@@ -64,10 +57,15 @@ TEST_F(TileActionsTest, EachMenuEntryRunsItsActionAndTheStartCommandNeedsOne) {
         {"Start Claude Code", startClaudeCode},
         {"Show in File Manager", showInFileManager},
         {"Configure", configure}};
-    EXPECT_EQ(entries(), expected);
-    item.launchCommand = " ";
-    expected.insert(expected.begin() + 4, {"Run start command", runStartCommand});
-    EXPECT_EQ(entries(), expected);
+    for (const std::string command : {"", " "}) {
+        item.launchCommand = command;
+        std::vector<std::pair<std::string, TileAction>> entries;
+        for (const TileMenuEntry& entry : TileActions::menu(item))
+            if (!entry.isDivider)
+                entries.emplace_back(entry.title, entry.action);
+        EXPECT_EQ(entries, expected);
+        expected.insert(expected.begin() + 4, {"Run start command", runStartCommand});
+    }
 }
 
 // Terminal actions run in the item's folder, in the terminal chosen when they run, and record
@@ -101,17 +99,10 @@ TEST_F(TileActionsTest, TerminalActionsRunTheirCommandInTheItemFolderAndAClickOp
 TEST_F(TileActionsTest, CodexOpensInTheAppOnlyWhenChosenAndInstalled) {
     const FakeWorkspace::Call openInApp{FakeWorkspace::Operation::openWithApplication, item.path,
                                         "com.openai.codex"};
-    const struct {
-        CodexLaunchMode mode;
-        bool isAppInstalled;
-        Calls calls;
-        bool startsTerminal;
-    } cases[] = {
-        {CodexLaunchMode::app, true, {openInApp}, false},
-        {CodexLaunchMode::app, false, {openInApp}, true},
-        {CodexLaunchMode::cli, true, {}, true},
-    };
-    for (const auto& [mode, isAppInstalled, calls, startsTerminal] : cases) {
+    for (const auto& [mode, isAppInstalled, calls, startsTerminal] :
+         {std::tuple{CodexLaunchMode::app, true, Calls{openInApp}, false},
+          std::tuple{CodexLaunchMode::app, false, Calls{openInApp}, true},
+          std::tuple{CodexLaunchMode::cli, true, Calls{}, true}}) {
         settings.setCodexLaunchMode(mode);
         workspace.installedApplications.clear();
         if (isAppInstalled)
@@ -120,8 +111,8 @@ TEST_F(TileActionsTest, CodexOpensInTheAppOnlyWhenChosenAndInstalled) {
         processes.launches.clear();
         actions.perform(TileAction::startCodex, item);
         EXPECT_EQ(workspace.calls, calls);
-        const std::pair<std::string, std::string> none;
-        EXPECT_EQ(lastTerminal(), startsTerminal ? konsoleRunning("codex") : none);
+        EXPECT_EQ(lastTerminal(),
+                  startsTerminal ? konsoleRunning("codex") : decltype(lastTerminal()){});
     }
 }
 

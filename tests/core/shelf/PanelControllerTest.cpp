@@ -1,4 +1,7 @@
 #include "PanelControllerFixture.h"
+#include "core/notify/InterfaceNotificationNames.h"
+
+#include <algorithm>
 
 namespace tidewell::testing {
 namespace {
@@ -6,6 +9,9 @@ namespace {
 using PanelOpening = PanelControllerFixture;
 using PanelClosing = PanelControllerFixture;
 using PanelTrigger = PanelControllerFixture;
+using PanelMenuTracking = PanelControllerFixture;
+using PanelResizing = PanelControllerFixture;
+using PanelOnRequest = PanelControllerFixture;
 
 TEST_F(PanelOpening, EnteringTheTriggerGrowsBackgroundThenContentThenSettles) {
     move(inTrigger);
@@ -14,9 +20,7 @@ TEST_F(PanelOpening, EnteringTheTriggerGrowsBackgroundThenContentThenSettles) {
     EXPECT_EQ(panel.alpha(), 1);
     EXPECT_EQ(panel.frame(), emptyShelfFrame);
     const ShelfLayout& layout = controller->layout();
-    EXPECT_EQ(layout.availableWidth(), 1376);
     EXPECT_EQ(layout.collapsedSize(), (Size{180, 28}));
-    EXPECT_EQ(layout.expandedSize(), emptyShelfFrame.size);
     EXPECT_TRUE(layout.isBackgroundExpanded());
 
     advanceMilliseconds(164);
@@ -62,7 +66,8 @@ TEST_F(PanelTrigger, DraggedFilesWidenTheTriggerBy56EachSideAndLowerItTo160) {
 }
 
 // A pointer monitor may drop moves outside the triggers while the panel is off screen with no
-// close armed; from the opening to the end of the close every move counts.
+// close armed; from the opening to the end of the close every move counts. The panel grown by
+// 12 by 10 points holds the shelf open.
 TEST_F(PanelClosing, LeavingArmsOneCloseAndMovesCountEverywhereUntilItHasEnded) {
     int changes = 0;
     const Connection connection = controller->pointerInterestChanged.connect([&] { ++changes; });
@@ -73,7 +78,14 @@ TEST_F(PanelClosing, LeavingArmsOneCloseAndMovesCountEverywhereUntilItHasEnded) 
                                .regions = {{{630, 872}, {180, 28}}, {{2310, 1052}, {180, 28}}}}));
     openFully();
     EXPECT_TRUE(controller->pointerInterest().everywhere);
-    move(farAway);
+    move({831.9, 774});
+    advanceMilliseconds(1000);
+    EXPECT_EQ(controller->panelState(), PanelState::visible);
+    move({832, 800});
+    advanceMilliseconds(200);
+    move({831.9, 774}); // takes the close back
+    advanceMilliseconds(100);
+    move({607.9, 800});
     advanceMilliseconds(300);
     move({150, 300}); // does not postpone the close
     advanceMilliseconds(149);
@@ -95,48 +107,152 @@ TEST_F(PanelClosing, LeavingArmsOneCloseAndMovesCountEverywhereUntilItHasEnded) 
     EXPECT_EQ(changes, 3);
     controller->scheduleHide(std::chrono::milliseconds(450)); // armed while off screen
     EXPECT_TRUE(controller->pointerInterest().everywhere);
+    advanceMilliseconds(450);
+    EXPECT_EQ(controller->panelState(), PanelState::hidden);
 }
 
-TEST_F(PanelClosing, ReturningIntoThePanelGrownBy12By10CancelsTheClose) {
+TEST_F(PanelMenuTracking, HoldsTheShelfOpenAndArmsACloseWhenTrackingEndsOutside) {
+    const auto track = [this](bool begins, Point pointerAt) {
+        pointer.where = pointerAt;
+        localCenter.post(begins ? menuDidBeginTracking : menuDidEndTracking);
+        queue.runUntilIdle();
+    };
+    openFully();
+    move(farAway); // arms a close, which the menu takes back
+    track(true, farAway);
+    move({150, 300}); // arms nothing while a menu is open
+    controller->scheduleHide(std::chrono::milliseconds(450));
+    advanceMilliseconds(2000);
+    track(false, {700, 800}); // ends over the shelf: arms nothing
+    advanceMilliseconds(2000);
+    EXPECT_EQ(controller->panelState(), PanelState::visible);
+
+    track(true, farAway);
+    track(false, farAway);
+    advanceMilliseconds(449);
+    EXPECT_EQ(controller->panelState(), PanelState::visible);
+    advanceMilliseconds(1);
+    EXPECT_EQ(controller->panelState(), PanelState::hiding);
+}
+
+TEST_F(PanelResizing, GrowingAppliesAtOnceAndShrinkingWaitsForTheDrawing) {
+    for (const char* name : {"one", "two", "three"})
+        pin(name);
+    openFully();
+    const Rect three{{720 - 128.5, 784}, {257, 116}};
+    const Rect four{{720 - 161.5, 784}, {323, 116}};
+    ASSERT_EQ(panel.frame(), three);
+
+    pin("four");
+    queue.runUntilIdle();
+    EXPECT_EQ(panel.frame(), four);
+    EXPECT_EQ(controller->layout().expandedSize(), four.size);
+
+    store.unpin(store.favorites().back().id);
+    queue.runUntilIdle();
+    EXPECT_EQ(controller->layout().expandedSize(), three.size);
+    advanceMilliseconds(249);
+    EXPECT_EQ(panel.frame(), four);
+    advanceMilliseconds(1);
+    EXPECT_EQ(panel.frame(), three);
+
+    // A shrink overtaken by a growth never lands at the smaller frame.
+    const auto framesBefore = panel.frames.size();
+    pin("five");
+    queue.runUntilIdle();
+    store.unpin(store.favorites().back().id);
+    queue.runUntilIdle();
+    advanceMilliseconds(100);
+    pin("six");
+    queue.runUntilIdle();
+    advanceMilliseconds(400);
+    EXPECT_EQ(std::count(panel.frames.begin() + framesBefore, panel.frames.end(), three), 0);
+    EXPECT_EQ(panel.frames.back(), four);
+    EXPECT_EQ(controller->layout().expandedSize(), four.size);
+}
+
+TEST_F(PanelResizing, APinWhileOpeningResizesTheDrawingAndThePanelOnceOpen) {
+    for (const char* name : {"one", "two", "three"})
+        pin(name);
+    move(inTrigger);
+    const Rect three = panel.frame();
+    pin("four");
+    queue.runUntilIdle();
+    EXPECT_EQ(controller->layout().expandedSize(), (Size{323, 116}));
+    EXPECT_EQ(panel.frame(), three);
+    advanceMilliseconds(300);
+    EXPECT_EQ(panel.frame(), (Rect{{720 - 161.5, 784}, {323, 116}}));
+}
+
+// Differences under half a point are rounding, not a new place or size.
+TEST_F(PanelResizing, HalfAPointMovesOrResizesTheOpenPanel) {
+    const Rect frame = mainDisplay.frame;
     const struct {
-        Point returnedTo;
-        bool keepsOpen;
-    } cases[] = {{{608, 800}, true},    {{831.9, 800}, true}, {{700, 774}, true},
-                 {{607.9, 800}, false}, {{832, 800}, false},  {{700, 773.9}, false}};
-    for (const auto& [returnedTo, keepsOpen] : cases) {
-        SCOPED_TRACE(::testing::Message() << returnedTo.x << "," << returnedTo.y);
+        const char* change;
+        Rect displayFrame;
+        Size drawing;
+        bool applies;
+    } cases[] = {
+        {"display 0.5 lower", {{0, -0.5}, frame.size}, emptyShelfFrame.size, true},
+        {"display 0.4 lower", {{0, -0.4}, frame.size}, emptyShelfFrame.size, false},
+        {"display 1 wider", {{0, 0}, {1441, 900}}, emptyShelfFrame.size, true},
+        {"drawing 0.5 wider", frame, {200.5, 116}, true},
+        {"drawing 0.5 taller", frame, {200, 116.5}, true},
+        {"drawing 0.4 wider and taller", frame, {200.4, 116.4}, false},
+    };
+    for (const auto& [change, displayFrame, drawing, applies] : cases) {
+        SCOPED_TRACE(change);
         restart();
+        controller->start();
         openFully();
-        move(farAway);
-        advanceMilliseconds(200);
-        move(returnedTo);
-        advanceMilliseconds(1000);
-        EXPECT_EQ(controller->panelState() == PanelState::visible, keepsOpen);
+        const auto framesBefore = panel.frames.size();
+        displays.displays.front().frame = displayFrame;
+        controller->layout().setExpandedSize(drawing);
+        localCenter.post(screenParametersDidChange);
+        queue.runUntilIdle();
+        EXPECT_EQ(panel.frames.size() > framesBefore, applies);
     }
 }
 
-// Back into the trigger before the background shrank takes the close back; later, the shelf
-// opens afresh. Either way it stays on screen.
-TEST_F(PanelClosing, ReenteringReopensAtOnceUntilTheBackgroundShrank) {
-    for (const auto& [sinceLeaving, atOnce] : {std::pair{500, true}, std::pair{650, false}}) {
-        SCOPED_TRACE(sinceLeaving);
-        restart();
-        openFully();
-        move(farAway);
-        advanceMilliseconds(sinceLeaving);
-        ASSERT_EQ(controller->panelState(), PanelState::hiding);
-        move(inTrigger);
-        EXPECT_EQ(controller->panelState() == PanelState::visible, atOnce);
-        EXPECT_EQ(controller->layout().isExpanded(), atOnce);
-        EXPECT_TRUE(controller->layout().isBackgroundExpanded());
-        advanceMilliseconds(165);
-        EXPECT_TRUE(controller->layout().isExpanded());
-        advanceMilliseconds(1000);
-        EXPECT_EQ(controller->panelState(), PanelState::visible);
-        EXPECT_EQ(panel.orderOutCount, 0);
-        EXPECT_TRUE(panel.isVisible());
-        EXPECT_TRUE(controller->layout().isBackgroundExpanded());
-    }
+// The hiding preference reaches the open panel without reopening it.
+TEST_F(PanelOnRequest, FollowsDisplayChangesAndPrivacyAndLeavesNothingBehindWhenDestroyed) {
+    controller->start();
+    openFully();
+    appearance.setHideFromScreenCapture(true);
+    queue.runUntilIdle();
+    EXPECT_TRUE(panel.sharingHidden);
+    appearance.setHideFromScreenCapture(false);
+    queue.runUntilIdle();
+    EXPECT_FALSE(panel.sharingHidden);
+    EXPECT_EQ(panel.orderFrontCount, 1);
+    displays.displays.front().frame.size.width = 1600;
+    displays.displays.front().visibleFrame.size = {1600, 860}; // a 40-point top bar
+    localCenter.post(screenParametersDidChange);
+    queue.runUntilIdle();
+    EXPECT_EQ(panel.frame(), (Rect{{700, 772}, {200, 128}}));
+    EXPECT_EQ(controller->layout().expandedSize(), (Size{200, 128}));
+    EXPECT_EQ(controller->layout().availableWidth(), 1536);
+
+    // Shown on another display, the open shelf moves there; it follows that display when it
+    // moves, and returns to the main display when it goes.
+    controller->show(sideDisplay);
+    EXPECT_EQ(panel.frame(), (Rect{{2300, 964}, {200, 116}}));
+    displays.displays.back().frame.origin.y = -50;
+    localCenter.post(screenParametersDidChange);
+    advanceMilliseconds(250);
+    EXPECT_EQ(panel.frame(), (Rect{{2300, 914}, {200, 116}}));
+    displays.displays.pop_back();
+    localCenter.post(screenParametersDidChange);
+    advanceMilliseconds(250);
+    EXPECT_EQ(panel.frame(), (Rect{{700, 772}, {200, 128}}));
+
+    move(farAway);
+    advanceMilliseconds(450);
+    ASSERT_EQ(controller->panelState(), PanelState::hiding);
+    controller.reset();
+    localCenter.post(screenParametersDidChange);
+    advanceMilliseconds(1000);
+    EXPECT_EQ(panel.orderOutCount, 0);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "core/shelf/ShelfLayout.h"
 
 #include "core/shelf/ShelfMeasurements.h"
+#include "core/shelf/StripScroll.h"
 #include "support/FakeClock.h"
 #include "support/FakeMainQueue.h"
 
@@ -98,6 +99,38 @@ TEST_F(ShelfLayoutTest, ScheduledClearRunsAfterItsDelayUnlessVoided) {
         queue.advance(1s);
         EXPECT_EQ(cleared, expected) << name;
     }
+}
+
+using StripScrollTest = ShelfLayoutTest;
+
+TEST_F(StripScrollTest, TheWheelAndDropsScrollWithinTheTilesUntilTheShelfCloses) {
+    layout.setIsBackgroundExpanded(true);
+    StripScroll scroll(layout);
+    int changes = 0;
+    const Connection connection = scroll.changed.connect([&] { ++changes; });
+    // 40 tiles, 27 and a bit of them in view: at most 843 points to scroll.
+    scroll.setExtent(40 * 66 - 6, 1791);
+    const struct {
+        const char* step;
+        std::function<void()> action;
+        double offset;
+    } steps[] = {
+        {"a notch down", [&] { scroll.wheel(0, -120); }, 66},
+        {"a notch left", [&] { scroll.wheel(120, 0); }, 0},
+        {"a touchpad's right", [&] { scroll.wheel(-12, 0); }, 6.6},
+        {"far down", [&] { scroll.wheel(0, -12000); }, 843},
+        {"a drop before the start", [&] { scroll.reveal(600, 666); }, 600},
+        {"a drop behind the end", [&] { scroll.reveal(2500, 2566); }, 775},
+        {"a span wider than the strip", [&] { scroll.reveal(100, 2000); }, 100},
+        {"fewer tiles", [&] { scroll.setExtent(1850, 1791); }, 59},
+        {"the shelf stays open", [&] { layout.setIsExpanded(false); }, 59},
+        {"the shelf shrinks into the notch", [&] { layout.setIsBackgroundExpanded(false); }, 0},
+    };
+    for (const auto& [step, action, offset] : steps) {
+        action();
+        EXPECT_DOUBLE_EQ(scroll.offset(), offset) << step;
+    }
+    EXPECT_EQ(changes, 9);
 }
 
 } // namespace

@@ -307,14 +307,14 @@ void NotchPanelController::syncVisibleFrameIfNeeded(const Rect& frame, Size cont
     const bool moves = std::abs(centre(panelFrame).x - centre(frame).x) >= sizeTolerance ||
                        std::abs(panelFrame.maxY() - frame.maxY()) >= sizeTolerance;
     if (changed || grows || moves)
-        applyFrame(frame, true);
+        applyFrame(frame);
 }
 
-void NotchPanelController::applyFrame(const Rect& frame, bool animated) {
+void NotchPanelController::applyFrame(const Rect& frame) {
     const Size expanded = layout_.expandedSize();
     const bool sizeChanged = std::abs(expanded.width - frame.width()) > sizeTolerance ||
                              std::abs(expanded.height - frame.height()) > sizeTolerance;
-    if (!animated || !services_.panel.isVisible()) {
+    if (!services_.panel.isVisible()) {
         services_.panel.setFrame(frame);
         if (sizeChanged)
             layout_.setExpandedSize(frame.size);

@@ -83,7 +83,7 @@ private:
     void hide();
     void cancelHide();
     void syncVisibleFrameIfNeeded(const Rect& frame, Size contentSize);
-    void applyFrame(const Rect& frame, bool animated);
+    void applyFrame(const Rect& frame);
     void repositionVisible();
     // A change in the number of pinned items resizes the expanded drawing.
     void followPinnedCount();

@@ -221,6 +221,14 @@ TEST_F(ItemDatabaseTest, ProjectFoldersAreExaminedBeforeTheLockIsTaken) {
     EXPECT_EQ(updated.id, meanwhile.id);
     EXPECT_EQ(updated.iconPath, std::nullopt); // a known folder is not searched for an icon
     EXPECT_EQ(files.list(folder.iconsFolder()).size(), copies);
+
+    NotchItem changed = record("d", root.makeFolder("work/d"), clock.now());
+    changed.iconPath = root.write("work/d.png", "png");
+    writeItems({changed});
+    changed.iconPath = root.write("work/d/chosen-meanwhile.png", "png");
+    watching.beforeLock = [&] { writeItems({changed}); };
+    EXPECT_EQ(watched.cacheExternalIcons(), 0);
+    EXPECT_EQ(itemsFileBytes(), ItemsJson::encode({changed}));
 }
 
 // A copy kept earlier in the same second is not replaced.

@@ -1,6 +1,5 @@
 #include "gui/EventLoopWait.h"
-#include "gui/images/RoundedImageProvider.h"
-#include "gui/images/SoftShadow.h"
+#include "gui/images/ImageProviders.h"
 #include "linux/QtPluginImageFormats.h"
 #include "support/TemporaryDirectory.h"
 
@@ -22,8 +21,7 @@ TEST(ProjectIconView, DrawsEveryFormatThatDiscoveryMayPick) {
     const QtPluginImageFormats formats = QtPluginImageFormats::installed();
     const testing::TemporaryDirectory folder;
     QQmlEngine engine;
-    registerSoftShadow();
-    engine.addImageProvider(QStringLiteral("rounded"), new RoundedImageProvider);
+    addImageProviders(engine);
     QQmlComponent component(&engine, QUrl(QStringLiteral("qrc:/qml/ProjectIconView.qml")));
     QImage red(64, 64, QImage::Format_ARGB32);
     red.fill(Qt::red);

@@ -76,11 +76,13 @@ bool isValid(std::string_view text) {
     constexpr std::uint64_t highBits = 0x8080808080808080;
     while (!text.empty()) {
         // Stored texts are mostly ASCII: eight bytes at a time.
-        std::uint64_t word = 0;
-        if (text.size() >= sizeof word &&
-            (std::memcpy(&word, text.data(), sizeof word), !(word & highBits))) {
-            text.remove_prefix(sizeof word);
-            continue;
+        if (text.size() >= sizeof(std::uint64_t)) {
+            std::uint64_t word = 0;
+            std::memcpy(&word, text.data(), sizeof word);
+            if ((word & highBits) == 0) {
+                text.remove_prefix(sizeof word);
+                continue;
+            }
         }
         if (static_cast<unsigned char>(text.front()) < 0x80) {
             text.remove_prefix(1);

@@ -1,9 +1,7 @@
 #include "gui/settings/SettingsWindowController.h"
 
 #include "core/settings/SettingsView.h"
-#include "gui/images/RoundedImageProvider.h"
-#include "gui/images/SoftShadow.h"
-#include "gui/images/SymbolImageProvider.h"
+#include "gui/images/ImageProviders.h"
 #include "gui/settings/ColorPicker.h"
 #include "gui/settings/ItemSettingsModel.h"
 #include "gui/settings/SettingsBridge.h"
@@ -72,9 +70,7 @@ struct SettingsWindowController::Parts {
     // The QML reads the bridges: it is loaded once they exist, the first time it is shown.
     void loadContents() {
         registerSettingsTypes();
-        registerSoftShadow();
-        window.engine()->addImageProvider(QStringLiteral("symbol"), new SymbolImageProvider);
-        window.engine()->addImageProvider(QStringLiteral("rounded"), new RoundedImageProvider);
+        addImageProviders(*window.engine());
         QQmlContext& context = *window.rootContext();
         context.setContextProperty(QStringLiteral("settings"), &bridge);
         context.setContextProperty(QStringLiteral("projects"), &projects);

@@ -3,9 +3,7 @@
 #include "core/drag/ShelfDragReset.h"
 #include "core/drag/ShelfDragState.h"
 #include "core/drag/ShelfDropContext.h"
-#include "gui/images/RoundedImageProvider.h"
-#include "gui/images/SoftShadow.h"
-#include "gui/images/SymbolImageProvider.h"
+#include "gui/images/ImageProviders.h"
 #include "gui/shelf/FavoritesModel.h"
 #include "gui/shelf/ShelfActions.h"
 #include "gui/shelf/ShelfBridge.h"
@@ -73,10 +71,7 @@ ShelfView::ShelfView(QQuickView& view, Services services)
     bridges_->view = &view;
     connect(&bridges_->shelf, &ShelfBridge::outlineReported, this, &ShelfView::outlineChanged);
     registerShelfTypes();
-    registerSoftShadow();
-    QQmlEngine& engine = *view.engine();
-    engine.addImageProvider(QStringLiteral("symbol"), new SymbolImageProvider);
-    engine.addImageProvider(QStringLiteral("rounded"), new RoundedImageProvider);
+    addImageProviders(*view.engine());
     QQmlContext& context = *view.rootContext();
     context.setContextProperty(QStringLiteral("shelf"), &bridges_->shelf);
     context.setContextProperty(QStringLiteral("favorites"), &bridges_->favorites);
@@ -92,8 +87,7 @@ ShelfView::ShelfView(QQuickView& view, Services services)
 // The QML goes first: its bindings read the bridges.
 ShelfView::~ShelfView() {
     bridges_->view->setSource({});
-    bridges_->view->engine()->removeImageProvider(QStringLiteral("symbol"));
-    bridges_->view->engine()->removeImageProvider(QStringLiteral("rounded"));
+    removeImageProviders(*bridges_->view->engine());
 }
 
 void ShelfView::pointerMoved(Point screenPoint) {

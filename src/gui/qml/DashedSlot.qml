@@ -25,7 +25,9 @@ Item {
     }
     Shape {
         anchors.fill: parent
-        layer.enabled: true
+        // The software renderer draws shapes antialiased on its own; there a layer would only
+        // keep one more picture of the slot's size.
+        layer.enabled: GraphicsInfo.api !== GraphicsInfo.Software
         layer.samples: 4
 
         ShapePath {

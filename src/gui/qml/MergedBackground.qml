@@ -46,7 +46,9 @@ Item {
     Shape {
         id: outline
         anchors.fill: parent
-        layer.enabled: true
+        // The software renderer draws shapes antialiased on its own; there a layer would only
+        // keep one more picture of the body's size.
+        layer.enabled: GraphicsInfo.api !== GraphicsInfo.Software
         layer.samples: 4
 
         ShapePath {

@@ -23,15 +23,10 @@ public:
     }
     void setString(const std::string& key, const std::string& value) override {
         values[key] = value;
-        ++writeCount;
     }
-    void setBoolean(const std::string& key, bool value) override {
-        values[key] = value;
-        ++writeCount;
-    }
+    void setBoolean(const std::string& key, bool value) override { values[key] = value; }
 
     std::map<std::string, std::variant<std::string, bool>> values;
-    int writeCount = 0;
 };
 
 } // namespace tidewell::testing

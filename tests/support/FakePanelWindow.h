@@ -25,10 +25,7 @@ public:
         ++orderOutCount;
     }
     bool isVisible() const override { return visible; }
-    void setSharingHidden(bool hidden) override {
-        sharingHidden = hidden;
-        ++sharingChanges;
-    }
+    void setSharingHidden(bool hidden) override { sharingHidden = hidden; }
 
     Rect currentFrame;
     std::vector<Rect> frames;
@@ -37,7 +34,6 @@ public:
     bool sharingHidden = false;
     int orderFrontCount = 0;
     int orderOutCount = 0;
-    int sharingChanges = 0;
 };
 
 } // namespace tidewell::testing

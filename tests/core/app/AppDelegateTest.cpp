@@ -18,7 +18,6 @@ namespace {
 using namespace std::chrono_literals;
 
 const ApplicationLocation installedCopy{"/usr/local/bin/tidewell", true};
-const ApplicationLocation buildTreeCopy{"/home/user/src/tidewell/build/tidewell", false};
 
 // The delegate over a real panel controller, item store and launch-at-login component, on
 // fake displays, windows, dialogs and time. The pointer rests on the main display, away from
@@ -28,7 +27,7 @@ protected:
     AppDelegateTest() { pointer.where = farAway; }
 
     // Every service has a type of its own, so none can be passed in another's place.
-    void launch(const ApplicationLocation& application = buildTreeCopy) {
+    void launch(const ApplicationLocation& application) {
         launchAtLogin = std::make_unique<LaunchAgentManager>(files, loginItems, paths, application);
         delegate = std::make_unique<AppDelegate>(AppDelegate::Services{
             store, database, files, defaults, localCenter, distributedCenter, queue, workspace,
@@ -39,8 +38,6 @@ protected:
         queue.runUntilIdle();
     }
 
-    void writeShowOnLaunchFlag() { root.write("data/Tidewell/.showOnLaunch"); }
-    bool hasShowOnLaunchFlag() const { return files.exists(database.showOnLaunchFlagURL()); }
     // The shelf shows now, and has closed once 2.5 seconds and the closing are over.
     void expectShownBriefly() {
         advanceMilliseconds(300);
@@ -63,54 +60,6 @@ protected:
     FakeRunningApplication runningApplication;
     std::unique_ptr<AppDelegate> delegate;
 };
-
-// Also a second start, a reopen, and nothing once the application terminates.
-TEST_F(AppDelegateTest, TheFlagLeftByTheToolShowsTheShelfBrieflyAtLaunchAndIsConsumed) {
-    writeShowOnLaunchFlag();
-    launch();
-    EXPECT_FALSE(hasShowOnLaunchFlag());
-    expectShownBriefly();
-
-    writeShowOnLaunchFlag();
-    distributedCenter.post(notchShowShelf);
-    EXPECT_FALSE(panel.visible) << "the handler hops to a main-queue task";
-    queue.runUntilIdle();
-    EXPECT_FALSE(hasShowOnLaunchFlag());
-    expectShownBriefly();
-    EXPECT_FALSE(delegate->applicationShouldHandleReopen());
-    expectShownBriefly();
-
-    delegate->applicationWillTerminate();
-    distributedCenter.post(notchShowShelf);
-    queue.advance(1s);
-    EXPECT_FALSE(panel.visible);
-}
-
-// Launching starts the panel, which opens for a pointer already in the trigger.
-TEST_F(AppDelegateTest, TheShelfShowsOnTheDisplayUnderThePointerElseOnTheMainOneElseNowhere) {
-    pointer.where = inTrigger;
-    launch();
-    advanceMilliseconds(300);
-    EXPECT_TRUE(panel.visible);
-    advanceMilliseconds(3000);
-    pointer.where = {2000, 500};
-    delegate->showShelf();
-    advanceMilliseconds(300);
-    EXPECT_GE(panel.currentFrame.minX(), sideDisplay.frame.minX());
-    advanceMilliseconds(3000);
-
-    pointer.where = {-500, -500};
-    statusItem.choose(StatusMenuAction::showShelf);
-    advanceMilliseconds(300);
-    EXPECT_EQ(panel.currentFrame, emptyShelfFrame);
-    advanceMilliseconds(3000);
-
-    displays.displays.clear();
-    const int shownBefore = panel.orderFrontCount;
-    delegate->showShelf();
-    advanceMilliseconds(3000);
-    EXPECT_EQ(panel.orderFrontCount, shownBefore);
-}
 
 TEST_F(AppDelegateTest, TheMenuAddsFoldersTogglesOpenAtLoginRevealsDataShowsSettingsAndQuits) {
     launch(installedCopy);
@@ -149,33 +98,6 @@ TEST_F(AppDelegateTest, TheMenuAddsFoldersTogglesOpenAtLoginRevealsDataShowsSett
     EXPECT_EQ(settingsWindow.showCount, 1);
     statusItem.choose(StatusMenuAction::quit);
     EXPECT_EQ(runningApplication.terminateCount, 1);
-}
-
-// At launch, failures pass quietly; a failed toggle shows the error and keeps the mark.
-TEST_F(AppDelegateTest, OnlyAnInstalledCopyInstallsOpenAtLoginAtLaunchAndFailuresPassQuietly) {
-    launch(buildTreeCopy);
-    EXPECT_EQ(loginItems.registerCount, 0);
-    launch(installedCopy);
-    EXPECT_EQ(loginItems.registerCount, 1);
-    EXPECT_EQ(loginItems.currentStatus, LoginItemStatus::enabled);
-
-    // Neither the service nor the fallback agent file can be set up.
-    loginItems.currentStatus = LoginItemStatus::notRegistered;
-    loginItems.registerFailure = "The login item could not be registered.";
-    root.write("home/Library", "a file where the folder belongs");
-    writeShowOnLaunchFlag();
-    launch(installedCopy);
-    EXPECT_EQ(loginItems.registerCount, 2);
-    EXPECT_TRUE(alerts.messages.empty());
-    EXPECT_EQ(statusItem.entries.size(), 8u) << "the launch went on";
-    expectShownBriefly();
-
-    loginItems.currentStatus = LoginItemStatus::enabled;
-    loginItems.unregisterFailure = "The login item could not be removed.";
-    statusItem.openMenu();
-    statusItem.choose(StatusMenuAction::toggleStartAtLogin);
-    EXPECT_EQ(alerts.messages, std::vector<std::string>{"The login item could not be removed."});
-    EXPECT_TRUE(isStartAtLoginChecked());
 }
 
 } // namespace

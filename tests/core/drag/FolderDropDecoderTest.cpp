@@ -56,26 +56,6 @@ TEST_F(FolderDropDecoderTest, UriListFileUrlsNamingFoldersFormThePasteboard) {
               (Paths{folder, odd, other, other, folder}));
 }
 
-TEST_F(FolderDropDecoderTest, DataIsTrimmedOfNulsThenBlanksButStringsAreTakenAsTheyAre) {
-    using Kind = ProvidedItem::Kind;
-    const struct {
-        Kind kind;
-        std::string bytes;
-        std::optional<std::string> expected;
-    } cases[] = {
-        {Kind::data, "file://" + escaped, folder},
-        {Kind::data, " \t" + folder + "\r\n", folder},
-        {Kind::data, "\0 file://"s + escaped + "\n\0"s, folder},
-        {Kind::data, " \0"s + folder, std::nullopt}, // NULs only go at the very ends
-        {Kind::data, "\xff" + folder, std::nullopt},
-        {Kind::string, "file://" + escaped, folder},
-        {Kind::string, folder + " ", std::nullopt},
-        {Kind::string, "\0"s + folder, std::nullopt},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(decoded(c.kind, c.bytes), c.expected) << c.bytes;
-}
-
 TEST_F(FolderDropDecoderTest, ProvidersFollowTheUriListOrElseThePlainText) {
     // A line that is no valid URL still yields its folder once trimmed; a non-file URL none.
     const DroppedData uriList{.uriList = "file://" + other + " \r\nhttps://example.org" + folder +

@@ -27,24 +27,6 @@ TEST(TileDragSourceTest, APressTravellingMoreThanThreePointsDragsInsteadOfClicki
     EXPECT_TRUE(source.release());
 }
 
-TEST(TileDragSourceTest, ASessionEndsInsideWithin60PointsOfTheWindow) {
-    const Rect window{{100, 200}, {300, 100}};
-    const struct {
-        bool accepted;
-        Point point;
-        std::optional<Rect> frame;
-        SessionEnd expected;
-    } cases[] = {
-        {true, {1000, 1000}, window, SessionEnd::accepted},
-        {false, {41, 250}, window, SessionEnd::endedInside},    // 59 left of it
-        {false, {39, 250}, window, SessionEnd::droppedOutside}, // 61 left of it
-        {false, {250, 250}, std::nullopt, SessionEnd::droppedOutside},
-    };
-    for (const auto& [accepted, point, frame, expected] : cases)
-        EXPECT_EQ(TileDragSource().sessionEnded(accepted, point, frame), expected)
-            << point.x << ", " << point.y;
-}
-
 TEST(ShelfItemMoveTest, WireFormIsOneCompactMemberWithTheUpperCaseIdAndNothingElseDecodes) {
     const std::string upper = "0F8FAD5B-D9CB-469F-A165-70867728950E";
     const ShelfItemMove move{*Uuid::parse("0f8fad5b-d9cb-469f-a165-70867728950e")};

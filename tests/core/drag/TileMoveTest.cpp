@@ -37,30 +37,5 @@ TEST_F(TileMoveTest, ATileTakesTheEnteredPlaceOnceUntilThePointerTravels30Points
     EXPECT_EQ(favoriteNamesInFile(), (Names{"A", "B", "C"}));
 }
 
-// A drop on a tile or the end of the drag inside saves the order once; a drag dropped outside
-// unpins its tile.
-TEST_F(TileMoveTest, EndingTheDragSavesTheOrderOrUnpins) {
-    enter(1, 500);
-    const int postsBefore = deliveredLocalPosts();
-    ShelfTileDrop drop(ids[2], context());
-    EXPECT_TRUE(drop.performDrop(tileMove(), {}));
-    EXPECT_FALSE(drop.performDrop(tileMove(), {}));
-    EXPECT_EQ(deliveredLocalPosts(), postsBefore + 1);
-    EXPECT_EQ(favoriteNamesInFile(), (Names{"B", "A", "C"}));
-
-    TileDragActions::dragBegan(dragContext, ids[0]);
-    enter(2, 500);
-    TileDragActions::dragEnded(dragContext);
-    EXPECT_EQ(favoriteNamesInFile(), (Names{"B", "C", "A"}));
-    EXPECT_FALSE(state.draggedItemID() || state.lastReorderPointer());
-
-    layout.setExpandedSize(layout.size(3));
-    TileDragActions::dragBegan(dragContext, ids[2]);
-    TileDragActions::droppedOutside(dragContext, ids[2]);
-    EXPECT_EQ(favoriteNamesInFile(), (Names{"B", "A"}));
-    EXPECT_EQ(layout.expandedSize(), layout.size(2));
-    EXPECT_FALSE(state.draggedItemID());
-}
-
 } // namespace
 } // namespace tidewell::testing

@@ -10,19 +10,6 @@ using namespace std::chrono;
 
 const Date march4 = Date(sys_days(2025y / March / 4) + 18h + 7min + 41s);
 
-NotchItem fullItem() {
-    return {.id = *Uuid::parse("3F2504E0-4F89-11D3-9A0C-0305E82C3301"),
-            .name = "myProject",
-            .path = "/home/a/myProject",
-            .iconPath = "/home/a/.local/share/Tidewell/Icons/3F25.png",
-            .initials = "MP",
-            .tintHex = "#5E7CE2",
-            .isFavorite = true,
-            .createdAt = march4,
-            .lastOpenedAt = march4 + 3600s,
-            .sortOrder = 0};
-}
-
 // One valid record with a member replaced by raw JSON text, or left out when it has none.
 std::string recordWith(const std::string& key = "", std::optional<std::string> value = {}) {
     std::map<std::string, std::string> members = {
@@ -54,38 +41,6 @@ NotchItem decodeOne(const std::string& record) {
     return items && !items->empty() ? items->front() : NotchItem();
 }
 
-TEST(ItemsJson, EncodesTheExactLayout) {
-    NotchItem recent = fullItem();
-    recent.iconPath.reset();
-    recent.sortOrder.reset();
-    recent.isFavorite = false;
-    recent.launchCommand = "a\"b\\c/d\b\f\n\r\t\x01\x1f\x7f\u00e9\U0001F680";
-    recent.launchCommand += '\0';
-    EXPECT_EQ(ItemsJson::encode({fullItem()}), R"([
-  {
-    "createdAt" : "2025-03-04T18:07:41Z",
-    "iconPath" : "\/home\/a\/.local\/share\/Tidewell\/Icons\/3F25.png",
-    "id" : "3F2504E0-4F89-11D3-9A0C-0305E82C3301",
-    "initials" : "MP",
-    "isFavorite" : true,
-    "lastOpenedAt" : "2025-03-04T19:07:41Z",
-    "launchCommand" : "",
-    "name" : "myProject",
-    "path" : "\/home\/a\/myProject",
-    "sortOrder" : 0,
-    "tintHex" : "#5E7CE2"
-  }
-])");
-    EXPECT_EQ(ItemsJson::decode(ItemsJson::encode({fullItem(), recent})),
-              (std::vector{fullItem(), recent}));
-    EXPECT_NE(
-        ItemsJson::encode({recent}).find(R"("launchCommand" : "a\"b\\c\/d\b\f\n\r\t\u0001\u001f)"
-                                         "\x7f\u00e9\U0001F680\\u0000\""),
-        std::string::npos);
-    EXPECT_EQ(ItemsJson::encode({recent}).find("sortOrder"), std::string::npos);
-    EXPECT_EQ(ItemsJson::encode({}), "[\n\n]");
-}
-
 TEST(ItemsJson, DecodesAnyLayoutLowerCaseIdsOffsetsUnknownKeysAndNullOptionals) {
     for (const std::string& record :
          {validRecord, recordWith("iconPath", "null"), recordWith("sortOrder", "null")}) {
@@ -101,10 +56,11 @@ TEST(ItemsJson, DecodesAnyLayoutLowerCaseIdsOffsetsUnknownKeysAndNullOptionals) 
               march4);
     EXPECT_EQ(decodeOne(recordWith("colour", R"({"nested": [1, 2.5e+2, null]})")).path, "/srv/web");
     EXPECT_EQ(ItemsJson::decode("\xEF\xBB\xBF[" + validRecord + "]")->size(), 1u);
-    EXPECT_EQ(decodeOne(recordWith("name",
-                                   R"("caf\u00e9e \"x\" \ud83d\ude80\ud800\udc00\ue000\u0080\n")"))
-                  .name,
-              "caf\u00e9e \"x\" \U0001F680\U00010000\ue000\u0080\n");
+    EXPECT_EQ(
+        decodeOne(
+            recordWith("name", R"("é caf\u00e9e \"x\" \ud83d\ude80\ud800\udc00\ue000\u0080\n")"))
+            .name,
+        "\u00e9 caf\u00e9e \"x\" \U0001F680\U00010000\ue000\u0080\n");
 }
 
 TEST(ItemsJson, AnyBadRecordOrDocumentFailsTheWholeDecode) {

@@ -33,10 +33,3 @@ TEST(NotchItem, InitialsAreTheFirstLettersOfTwoWordsOrTheStartOfOne) {
     for (const auto& [name, initials] : cases)
         EXPECT_EQ(NotchItem::makeInitials(name), initials) << name;
 }
-
-TEST(NotchItem, TintHashesTheNameIntoThePalette) {
-    EXPECT_EQ(NotchItem::makeTint("Studio"), "#4E91A8");
-    EXPECT_EQ(NotchItem::makeTint("web"), "#A45CC2");
-    // The hash of this name wraps past 64 bits.
-    EXPECT_EQ(NotchItem::makeTint("backend-service"), "#CD5D7D");
-}

@@ -68,34 +68,6 @@ TEST_F(TileActionsTest, EachMenuEntryRunsItsActionAndTheStartCommandNeedsOne) {
     }
 }
 
-// Terminal actions run in the item's folder, in the terminal chosen when they run, and record
-// no opening; a click opens the folder and records it.
-TEST_F(TileActionsTest, TerminalActionsRunTheirCommandInTheItemFolderAndAClickOpensIt) {
-    const Date openedAt = storedLastOpenedAt();
-    clock.advance(1h);
-    for (const auto& [action, command] : {std::pair{TileAction::openInTerminal, ""},
-                                          std::pair{TileAction::startClaudeCode, "claude"},
-                                          std::pair{TileAction::startCodex, "codex"},
-                                          std::pair{TileAction::runStartCommand, "  "}}) {
-        item.launchCommand = command;
-        actions.perform(action, item);
-        EXPECT_EQ(lastTerminal(), konsoleRunning(command));
-    }
-    settings.setPreferredTerminalApp(TerminalApp::kitty);
-    actions.perform(TileAction::openInTerminal, item);
-    EXPECT_EQ(lastTerminal().first, "kitty");
-    actions.perform(TileAction::configure, item);
-    EXPECT_EQ(settingsOpened, 1);
-    EXPECT_TRUE(workspace.calls.empty());
-    EXPECT_EQ(storedLastOpenedAt(), openedAt);
-
-    processes.launches.clear();
-    actions.primaryAction(item);
-    EXPECT_EQ(workspace.calls, (Calls{{FakeWorkspace::Operation::openFolder, item.path}}));
-    EXPECT_EQ(storedLastOpenedAt(), openedAt + 1h);
-    EXPECT_TRUE(processes.launches.empty());
-}
-
 TEST_F(TileActionsTest, CodexOpensInTheAppOnlyWhenChosenAndInstalled) {
     const FakeWorkspace::Call openInApp{FakeWorkspace::Operation::openWithApplication, item.path,
                                         "com.openai.codex"};

@@ -119,24 +119,5 @@ TEST_F(SettingsViewTest, CaptionsNameAChosenTerminalOrAppThatIsMissing) {
     EXPECT_EQ(open(installedCopy, true).screenCaptureCaption(), std::nullopt);
 }
 
-// Choosing or dropping folders pins those that exist, in order; nothing else changes anything.
-TEST_F(SettingsViewTest, AddingPinsTheChosenOrDroppedFolders) {
-    SettingsView& settings = open();
-    settings.chooseNewFolder();
-    const std::string file = root.write("drop/notes.txt", "text");
-    const std::string missing = root.path() + "/drop/missing";
-    EXPECT_FALSE(settings.handleDrop({file, missing}));
-    EXPECT_EQ(saves(), 0u);
-
-    folders.choice = root.makeFolder("projects/harbour");
-    settings.chooseNewFolder();
-    EXPECT_EQ(folders.prompts, (Names{"Add", "Add"}));
-    const std::string linkToBeta = root.path() + "/drop/beta-link";
-    std::filesystem::create_directory_symlink(root.makeFolder("elsewhere/beta"), linkToBeta);
-    EXPECT_TRUE(settings.handleDrop({root.makeFolder("drop/alpha"), file, linkToBeta, missing}));
-    EXPECT_EQ(favoriteNames(), (Names{"harbour", "alpha", "beta"}));
-    EXPECT_EQ(store.items(), database.load());
-}
-
 } // namespace
 } // namespace tidewell::testing

@@ -37,46 +37,6 @@ TEST(ScreenNotchGeometry, GapBetweenTheAreasInWholePointsOrTheFallback) {
             << left.maxX() << " " << right.minX();
 }
 
-TEST(ShelfMeasurements, TopInsetIsTheTallestTopStripInWholePointsAndAtLeast28) {
-    const auto display = [](double menuBar, double safeTop, double leftArea, double rightArea) {
-        const auto strip = [](double height) { return Rect{{1920, 900 - height}, {600, height}}; };
-        return Display{.frame = {{1920, 0}, {1440, 900}},
-                       .visibleFrame = {{1920, 0}, {1440, 900 - menuBar}},
-                       .safeAreaTop = safeTop,
-                       .auxiliaryTopLeftArea = strip(leftArea),
-                       .auxiliaryTopRightArea = strip(rightArea)};
-    };
-    const struct {
-        Display display;
-        double expected;
-    } cases[] = {{display(24, 0, 0, 0), 28},
-                 {display(33.4, 0, 0, 0), 33},
-                 {display(24, 37.5, 0, 0), 38},
-                 {display(24, 0, 37.6, 32), 38},
-                 {display(24, 0, 32, 34.2), 34}};
-    for (const auto& [display, expected] : cases)
-        EXPECT_EQ(topInset(display), expected) << expected;
-}
-
-TEST(NotchMergeShape, PathFollowsTheFlaresSidesAndLowerCorners) {
-    using Kind = PathElement::Kind;
-    const auto line = [](double x, double y) { return PathElement{Kind::lineTo, {x, y}, {}}; };
-    const auto quad = [](double x, double y, double cx, double cy) {
-        return PathElement{Kind::quadTo, {x, y}, {cx, cy}};
-    };
-    EXPECT_EQ((NotchMergeShape{8, 18}.path(0, 0, 300, 120)),
-              (std::vector<PathElement>{{Kind::moveTo, {0, 0}, {}},
-                                        quad(8, 8, 8, 0),
-                                        line(8, 102),
-                                        quad(26, 120, 8, 120),
-                                        line(274, 120),
-                                        quad(292, 102, 292, 120),
-                                        line(292, 8),
-                                        quad(300, 0, 292, 0),
-                                        {Kind::close, {}, {}}}));
-    EXPECT_EQ(NotchMergeShape::interpolated({0, 10}, {4, 0}, 0.25), (NotchMergeShape{1, 7.5}));
-}
-
 TEST(MergedBackground, ExpansionChoosesSizeAndLowerRadiusAppearanceChoosesFill) {
     using Fill = MergedBackground::Fill;
     constexpr Size panel{420, 96};

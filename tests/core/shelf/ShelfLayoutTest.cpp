@@ -40,28 +40,6 @@ protected:
     Connection observation;
 };
 
-TEST_F(ShelfLayoutTest, SizeGrowsByTilePitchWithinTheAvailableWidth) {
-    const struct {
-        double availableWidth;
-        int favoritesCount;
-        std::optional<int> reservingSlot;
-        Size expected;
-    } cases[] = {
-        {1000, 0, 0, {200, 120}},  {1000, 3, 0, {257, 120}},        {1000, 3, 1, {323, 120}},
-        {300.8, 5, 0, {300, 120}}, {0, 30, 0, {30 * 66 + 59, 120}}, {150, 5, 0, {200, 120}},
-    };
-    for (const auto& [availableWidth, favoritesCount, reservingSlot, expected] : cases) {
-        layout.setAvailableWidth(availableWidth);
-        EXPECT_EQ(layout.size(favoritesCount, reservingSlot), expected) << availableWidth;
-    }
-    // On a display, its width less the margins is the limit, and a reserved slot counts.
-    Display display{.frame = {{1920, 0}, {300.8 + 64, 900}}};
-    EXPECT_EQ(shelfSize(display, layout, 5), (Size{300, 120}));
-    display.frame.size.width = 1440;
-    layout.reserveFolderSlot(3);
-    EXPECT_EQ(shelfSize(display, layout, 3), (Size{323, 120}));
-}
-
 TEST_F(ShelfLayoutTest, ReservingTwiceGrowsOnceClearingClosesTheSlotAndVoidsClears) {
     layout.reserveFolderSlot(3);
     layout.reserveFolderSlot(3);
@@ -75,30 +53,6 @@ TEST_F(ShelfLayoutTest, ReservingTwiceGrowsOnceClearingClosesTheSlotAndVoidsClea
     EXPECT_EQ(seen, (std::vector<Snapshot>{
                         {{323, 120}, false}, {{257, 120}, false}, {{323, 120}, false}}));
     EXPECT_EQ(layout.slotClearGeneration(), 2u);
-}
-
-TEST_F(ShelfLayoutTest, ScheduledClearRunsAfterItsDelayUnlessVoided) {
-    const struct {
-        const char* name;
-        std::function<void()> meanwhile;
-        int expected;
-    } cases[] = {
-        {"not voided", [] {}, 1},
-        {"voided by an increment", [&] { layout.voidScheduledSlotClears(); }, 0},
-        {"voided by clearing", [&] { layout.clearFolderSlot(0); }, 0},
-    };
-    for (const auto& [name, meanwhile, expected] : cases) {
-        int cleared = 0;
-        layout.scheduleSlotClear(300ms, [&] { ++cleared; });
-        queue.advance(100ms);
-        meanwhile();
-        queue.advance(199ms);
-        EXPECT_EQ(cleared, 0) << name;
-        queue.advance(1ms);
-        EXPECT_EQ(cleared, expected) << name;
-        queue.advance(1s);
-        EXPECT_EQ(cleared, expected) << name;
-    }
 }
 
 using StripScrollTest = ShelfLayoutTest;

@@ -27,10 +27,12 @@ TEST(X11PanelWindowTest, AppearsOnEveryWorkspaceOutOfTaskbarsAndAboveTheRestWhen
         panel.setFrame({{860, 992}, {200, 88}});
         panel.setAlpha(1);
         panel.orderFrontWithoutActivating();
-        // The window manager is slow to answer while the machine is busy.
+        // Once the window manager has framed the window, it has decided about its states too;
+        // it is slow to answer while the machine is busy.
         ASSERT_TRUE(processEventsUntil(
             [&] {
                 return inspector.isViewable(window) &&
+                       !inspector.property(window, "_NET_FRAME_EXTENTS").empty() &&
                        inspector.property(window, "_NET_WM_DESKTOP") == "4294967295" &&
                        std::ranges::all_of(states, [&](const char* state) {
                            return inspector.property(window, "_NET_WM_STATE").find(state) !=

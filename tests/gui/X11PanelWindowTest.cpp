@@ -27,12 +27,10 @@ TEST(X11PanelWindowTest, AppearsOnEveryWorkspaceOutOfTaskbarsAndAboveTheRestWhen
         panel.setFrame({{860, 992}, {200, 88}});
         panel.setAlpha(1);
         panel.orderFrontWithoutActivating();
-        // Once the window manager has framed the window, it has decided about its states too;
-        // it is slow to answer while the machine is busy.
+        // The window manager is slow to answer while the machine is busy.
         ASSERT_TRUE(processEventsUntil(
             [&] {
                 return inspector.isViewable(window) &&
-                       !inspector.property(window, "_NET_FRAME_EXTENTS").empty() &&
                        inspector.property(window, "_NET_WM_DESKTOP") == "4294967295" &&
                        std::ranges::all_of(states, [&](const char* state) {
                            return inspector.property(window, "_NET_WM_STATE").find(state) !=
@@ -40,12 +38,18 @@ TEST(X11PanelWindowTest, AppearsOnEveryWorkspaceOutOfTaskbarsAndAboveTheRestWhen
                        });
             },
             15s))
-            << inspector.property(window, "_NET_WM_STATE");
+            << inspector.property(window, "_NET_WM_STATE") << " on "
+            << inspector.property(window, "_NET_WM_DESKTOP");
         EXPECT_TRUE(panel.isVisible());
         EXPECT_TRUE(inspector.inputShape(window).isEmpty());
         EXPECT_FALSE(inspector.boundingShape(window).contains(116, 44)) << "drawn all black";
         panel.orderOut();
-        ASSERT_TRUE(processEventsUntil([&] { return !inspector.isViewable(window); }));
+        // Shown again only once the window manager has withdrawn it: a panel shown again at
+        // once can still lose its states to the withdrawal, which this test does not cover.
+        ASSERT_TRUE(processEventsUntil([&] {
+            return !inspector.isViewable(window) &&
+                   inspector.property(window, "_NET_WM_STATE").empty();
+        }));
         EXPECT_FALSE(panel.isVisible());
     }
 }

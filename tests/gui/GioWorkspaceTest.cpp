@@ -30,11 +30,12 @@ TEST(GioWorkspace, OpeningStartsTheHandlerDetachedWithTheFolderURIAndRevealOpens
         std::function<void()> open;
         const char* handler;
         std::string argument;
-    } cases[] = {{[&] { workspace.openFolder(folder); }, TestDesktop::folderHandlerId,
-                  uri + "/Tide%20%22well%22%20%C3%A9"},
-                 {[&] { EXPECT_TRUE(workspace.openWithApplication(TestDesktop::codexId, folder)); },
-                  TestDesktop::codexId, uri + "/Tide%20%22well%22%20%C3%A9"},
-                 {[&] { workspace.reveal(folder + "/"); }, TestDesktop::folderHandlerId, uri}};
+    } cases[] = {
+        {[&] { workspace.openFolder(folder); }, testing::TestHandlers::folderHandlerId,
+         uri + "/Tide%20%22well%22%20%C3%A9"},
+        {[&] { EXPECT_TRUE(workspace.openWithApplication(TestDesktop::codexId, folder)); },
+         TestDesktop::codexId, uri + "/Tide%20%22well%22%20%C3%A9"},
+        {[&] { workspace.reveal(folder + "/"); }, testing::TestHandlers::folderHandlerId, uri}};
     for (const auto& row : cases) {
         row.open();
         const auto launch = TestDesktop::waitForLaunch(row.handler);

@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
-#include <QTimer>
 #include <chrono>
 #include <functional>
 
@@ -20,13 +19,6 @@ inline bool processEventsUntil(const std::function<bool()>& condition,
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
     return true;
-}
-
-// Runs the Qt event loop for this long.
-inline void pumpEventsFor(std::chrono::milliseconds duration) {
-    QEventLoop loop;
-    QTimer::singleShot(duration, &loop, &QEventLoop::quit);
-    loop.exec();
 }
 
 } // namespace tidewell::testing

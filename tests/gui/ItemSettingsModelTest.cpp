@@ -3,62 +3,43 @@
 #include "gui/ShelfFixture.h"
 
 #include <QUrl>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace tidewell {
 namespace {
 
-class ItemSettingsModelTest : public testing::ShelfFixture {
-protected:
-    ItemSettingsModelTest() {
-        QObject::connect(&model, &ItemSettingsModel::modelReset, [this] { ++resets; });
-        QObject::connect(&model, &ItemSettingsModel::dataChanged,
-                         [this](const QModelIndex& from) { changedRows.push_back(from.row()); });
-    }
-    QVariant value(int row, ItemSettingsModel::Role role) const {
-        return model.data(model.index(row), role);
-    }
-    void forgetSignals() {
-        resets = 0;
-        changedRows.clear();
-    }
-    NotchItem stored(int row) {
-        const std::string id = value(row, ItemSettingsModel::ItemIdRole).toString().toStdString();
-        for (const NotchItem& candidate : database.load())
-            if (candidate.id.text() == id)
-                return candidate;
-        return {};
-    }
+using Role = ItemSettingsModel::Role;
+using ItemSettingsModelTest = testing::ShelfFixture;
 
+// Each edit is saved into its own field and changes its row in place: a reset would take the
+// cursor from the text field being typed in. Removing an item makes the rows anew, and the
+// other keeps its open details.
+TEST_F(ItemSettingsModelTest, EditsChangeOnlyTheirRowInPlaceAndDetailsStayOpenAcrossRemovals) {
     ItemSettingsModel model{{store, iconCache, folders, images, QString()}};
     int resets = 0;
     std::vector<int> changedRows;
-};
-
-// Each edit is saved into its own field and changes its row in place: a reset would take the
-// cursor from the text field being typed in.
-TEST_F(ItemSettingsModelTest, RowsShowEveryItemAndEditsChangeOnlyTheirRowInPlace) {
-    pin("alpha");
+    QObject::connect(&model, &ItemSettingsModel::modelReset, [&] { ++resets; });
+    QObject::connect(&model, &ItemSettingsModel::dataChanged,
+                     [&](const QModelIndex& from) { changedRows.push_back(from.row()); });
+    const auto value = [&](int row, Role role) { return model.data(model.index(row), role); };
+    const NotchItem item = pin("alpha");
     database.upsert({.path = root.makeFolder("recent"), .command = "make run"});
     queue.runUntilIdle();
     ASSERT_EQ(model.rowCount(), 2);
-    for (int row = 0; row < 2; ++row)
-        EXPECT_EQ(value(row, ItemSettingsModel::ItemIdRole).toString().toStdString(),
-                  store.items().at(static_cast<std::size_t>(row)).id.text());
-    const int alpha = stored(0).isFavorite ? 0 : 1;
-    const NotchItem item = stored(alpha);
-    EXPECT_EQ(value(1 - alpha, ItemSettingsModel::LaunchCommandRole).toString(), "make run");
-    forgetSignals();
-
-    model.setName(alpha, "Site");
-    model.setInitials(alpha, "Q");
-    model.setTintHex(alpha, "#112233");
-    model.setLaunchCommand(alpha, "npm");
-    model.setIsFavorite(alpha, false);
+    const int row = value(0, Role::ItemIdRole).toString().toStdString() == item.id.text() ? 0 : 1;
+    EXPECT_EQ(value(1 - row, Role::LaunchCommandRole).toString(), "make run");
+    resets = 0;
+    changedRows.clear();
+    model.setName(row, "Site");
+    model.setInitials(row, "Q");
+    model.setTintHex(row, "#112233");
+    model.setLaunchCommand(row, "npm");
+    model.setIsFavorite(row, false);
     images.choice = root.write("elsewhere/logo.png", "png bytes");
-    model.chooseIcon(alpha);
+    model.chooseIcon(row);
     folders.choice = root.makeFolder("moved");
-    model.chooseFolder(alpha);
+    model.chooseFolder(row);
     model.setName(5, "out of range: ignored");
     NotchItem expected = item;
     expected.name = "Site";
@@ -68,32 +49,27 @@ TEST_F(ItemSettingsModelTest, RowsShowEveryItemAndEditsChangeOnlyTheirRowInPlace
     expected.isFavorite = false;
     expected.iconPath = iconCache.directory() + "/" + item.id.text() + ".png";
     expected.path = *folders.choice;
-    EXPECT_EQ(stored(alpha), expected);
+    const std::vector<NotchItem> saved = database.load();
+    const auto found = std::ranges::find(saved, item.id, &NotchItem::id);
+    ASSERT_NE(found, saved.end());
+    EXPECT_EQ(*found, expected);
     EXPECT_EQ(files.readFile(*expected.iconPath), "png bytes");
-    EXPECT_EQ(value(alpha, ItemSettingsModel::TintHexRole).toString(), "#112233");
-    EXPECT_EQ(value(alpha, ItemSettingsModel::IconSourceRole).toUrl().toLocalFile().toStdString(),
+    EXPECT_EQ(value(row, Role::TintHexRole).toString(), "#112233");
+    EXPECT_EQ(value(row, Role::IconSourceRole).toUrl().toLocalFile().toStdString(),
               *expected.iconPath);
     EXPECT_EQ(resets, 0);
-    EXPECT_EQ(changedRows, std::vector<int>(7, alpha));
-}
-
-// The row removes its own item: the rows are made anew, the other keeps its open details.
-TEST_F(ItemSettingsModelTest, DetailsOpenPerRowAndStayOpenWhileOtherItemsComeAndGo) {
-    pin("alpha");
-    pin("beta");
-    const QVariant kept = value(1, ItemSettingsModel::ItemIdRole);
-    forgetSignals();
-    model.toggleDetails(1);
+    EXPECT_EQ(changedRows, std::vector<int>(7, row));
+    changedRows.clear();
+    model.toggleDetails(1 - row);
     model.toggleDetails(-1);
-    EXPECT_TRUE(value(1, ItemSettingsModel::ShowsDetailsRole).toBool());
-    EXPECT_FALSE(value(0, ItemSettingsModel::ShowsDetailsRole).toBool());
-    EXPECT_EQ(changedRows, (std::vector<int>{1}));
-
-    model.remove(0);
+    EXPECT_TRUE(value(1 - row, Role::ShowsDetailsRole).toBool());
+    EXPECT_FALSE(value(row, Role::ShowsDetailsRole).toBool());
+    EXPECT_EQ(changedRows, (std::vector<int>{1 - row}));
+    model.remove(row);
     EXPECT_EQ(resets, 1);
     ASSERT_EQ(model.rowCount(), 1);
-    EXPECT_EQ(value(0, ItemSettingsModel::ItemIdRole), kept);
-    EXPECT_TRUE(value(0, ItemSettingsModel::ShowsDetailsRole).toBool());
+    EXPECT_NE(value(0, Role::ItemIdRole).toString().toStdString(), item.id.text());
+    EXPECT_TRUE(value(0, Role::ShowsDetailsRole).toBool());
     EXPECT_EQ(database.load().size(), 1u);
 }
 

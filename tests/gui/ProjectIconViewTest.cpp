@@ -3,7 +3,6 @@
 #include "linux/QtPluginImageFormats.h"
 #include "support/TemporaryDirectory.h"
 
-#include <QFont>
 #include <QImage>
 #include <QImageReader>
 #include <QImageWriter>
@@ -46,22 +45,6 @@ TEST(ProjectIconView, DrawsEveryFormatThatDiscoveryMayPick) {
             return view->property("showsImage").toBool();
         })) << extension.data();
     }
-    // Initials too long for the icon shrink, and what still does not fit is cut off at its
-    // edges instead of being drawn over the neighbours.
-    const auto label = [&](const QString& initials) {
-        const std::unique_ptr<QObject> view(
-            component.createWithInitialProperties({{"initials", initials}}));
-        for (const QObject* child : view->children())
-            if (child->property("text") == initials)
-                return std::pair(child->property("font").value<QFont>().pointSizeF(),
-                                 child->property("clip").toBool());
-        return std::pair(0.0, false);
-    };
-    const auto [shortSize, shortClips] = label("AB");
-    const auto [longSize, longClips] = label("WWWWWWWWWW");
-    EXPECT_LT(longSize, shortSize);
-    EXPECT_GT(longSize, 0);
-    EXPECT_TRUE(longClips);
 }
 
 } // namespace

@@ -3,17 +3,17 @@
 #include "gui/ShelfFixture.h"
 
 #include <QStringList>
+#include <QVariant>
 #include <gtest/gtest.h>
 
 namespace tidewell {
 namespace {
 
-class SettingsBridgeTest : public testing::ShelfFixture {
-protected:
-    SettingsBridgeTest() {
-        QObject::connect(&bridge, &SettingsBridge::changed, [this] { ++changes; });
-    }
+using SettingsBridgeTest = testing::ShelfFixture;
 
+// Each picker lists its cases by name, writes the preference of the picked place and ignores
+// a place outside the list.
+TEST_F(SettingsBridgeTest, PickersListTheCasesByNameAndWriteThePreferenceOfThePickedPlace) {
     SettingsView view{{.store = store,
                        .appearance = settings,
                        .launchAtLogin = launchAtLogin,
@@ -26,33 +26,32 @@ protected:
                        .canHideFromScreenCapture = false}};
     SettingsBridge bridge{view, settings, store};
     int changes = 0;
-};
-
-TEST_F(SettingsBridgeTest, PickersListTheCasesByNameAndWriteThePreferenceOfThePickedPlace) {
+    QObject::connect(&bridge, &SettingsBridge::changed, [&] { ++changes; });
     EXPECT_EQ(SettingsBridge::shelfAppearanceNames(), (QStringList{"Notch Black", "Warm Glass"}));
     EXPECT_EQ(SettingsBridge::codexLaunchModeNames(), (QStringList{"CLI", "App"}));
     ASSERT_EQ(SettingsBridge::terminalAppNames().at(3), "Konsole");
-
-    bridge.setShelfAppearanceIndex(1);
-    bridge.setTerminalAppIndex(3);
-    bridge.setCodexLaunchModeIndex(1);
+    struct Case {
+        const char* property;
+        QVariant picked;
+        const char* key;
+        std::string stored;
+    };
+    for (const auto& [property, picked, key, stored] : std::vector<Case>{
+             {"shelfAppearanceIndex", 1, "shelfAppearance", "warmGlass"},
+             {"terminalAppIndex", 3, "preferredTerminalApp", "konsole"},
+             {"codexLaunchModeIndex", 1, "codexLaunchMode", "app"},
+         }) {
+        ASSERT_TRUE(bridge.setProperty(property, picked)) << property;
+        EXPECT_EQ(defaults.string(key), stored);
+        for (const int outside : {-1, 10})
+            bridge.setProperty(property, outside);
+        EXPECT_EQ(bridge.property(property), picked) << property;
+    }
     bridge.setHideFromScreenCapture(true);
-    EXPECT_EQ(defaults.string("shelfAppearance"), "warmGlass");
-    EXPECT_EQ(defaults.string("preferredTerminalApp"), "konsole");
-    EXPECT_EQ(defaults.string("codexLaunchMode"), "app");
     EXPECT_EQ(defaults.boolean("hideFromScreenCapture"), true);
-    EXPECT_EQ(bridge.shelfAppearanceIndex(), 1);
-    EXPECT_EQ(bridge.terminalAppIndex(), 3);
-    EXPECT_EQ(bridge.codexLaunchModeIndex(), 1);
     EXPECT_TRUE(bridge.hideFromScreenCapture());
     EXPECT_EQ(bridge.terminalCaption(), "Konsole not found — using Terminal instead.");
     EXPECT_GE(changes, 4);
-
-    // A place outside the list changes nothing.
-    bridge.setTerminalAppIndex(10);
-    bridge.setShelfAppearanceIndex(-1);
-    EXPECT_EQ(bridge.terminalAppIndex(), 3);
-    EXPECT_EQ(bridge.shelfAppearanceIndex(), 1);
 }
 
 } // namespace

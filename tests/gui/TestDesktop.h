@@ -19,7 +19,6 @@ namespace tidewell::testing {
 // per process, so main() installs the desktop for the whole program, before any test.
 class TestDesktop : public ::testing::Environment {
 public:
-    static constexpr const char* folderHandlerId = TestHandlers::folderHandlerId;
     static constexpr const char* codexId = "com.openai.codex";
 
     void SetUp() override { current_ = std::make_unique<World>(); }

@@ -5,8 +5,6 @@
 #include "gui/ShelfFixture.h"
 
 #include <QAction>
-#include <QApplication>
-#include <QImage>
 #include <QMenu>
 #include <QPointer>
 #include <gtest/gtest.h>
@@ -14,12 +12,7 @@
 namespace tidewell {
 namespace {
 
-class TileMenuTest : public testing::ShelfFixture {
-protected:
-    QMenu* menuFor(const NotchItem& item) {
-        return TileMenu::build(item, {store, actions, localCenter, settings});
-    }
-};
+using TileMenuTest = testing::ShelfFixture;
 
 // Every entry has its symbol and runs its action on the item as stored now. While the menu
 // is open the shelf stays open; a hidden menu deletes itself.
@@ -28,7 +21,7 @@ TEST_F(TileMenuTest, ListsTheEntriesInOrderWithTheirSymbolsAndRunsThem) {
     localCenter.addObserver(menuDidBeginTracking, [&] { tracking.push_back("begin"); });
     localCenter.addObserver(menuDidEndTracking, [&] { tracking.push_back("end"); });
     const NotchItem item = pin("project");
-    QPointer<QMenu> menu = menuFor(item);
+    QPointer<QMenu> menu = TileMenu::build(item, {store, actions, localCenter, settings});
     std::vector<std::string> titles;
     for (const QAction* action : menu->actions()) {
         titles.push_back(action->isSeparator() ? "---" : action->text().toStdString());
@@ -48,24 +41,6 @@ TEST_F(TileMenuTest, ListsTheEntriesInOrderWithTheirSymbolsAndRunsThem) {
     queue.runUntilIdle();
     EXPECT_EQ(tracking, (std::vector<std::string>{"begin", "end"}));
     EXPECT_TRUE(testing::processEventsUntil([&] { return menu.isNull(); }));
-}
-
-TEST_F(TileMenuTest, IsDarkInTheBlackLookOnALightDesktopAndLightInGlass) {
-    const NotchItem item = pin("project");
-    ASSERT_GT(QApplication::palette().color(QPalette::Window).lightness(), 128);
-    const auto meanLightness = [&](ShelfAppearance look) {
-        settings.setShelfAppearance(look);
-        const std::unique_ptr<QMenu> menu(menuFor(item));
-        menu->adjustSize();
-        const QImage image = menu->grab().toImage();
-        long long sum = 0;
-        for (int y = 0; y < image.height(); ++y)
-            for (int x = 0; x < image.width(); ++x)
-                sum += image.pixelColor(x, y).lightness();
-        return sum / (image.width() * image.height());
-    };
-    EXPECT_LT(meanLightness(ShelfAppearance::notchBlack), 64);
-    EXPECT_GT(meanLightness(ShelfAppearance::warmGlass), 128);
 }
 
 } // namespace

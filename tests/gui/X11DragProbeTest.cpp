@@ -10,6 +10,7 @@ namespace {
 using testing::DesktopDisplay;
 using testing::X11TestClient;
 
+// A file drag to the shelf is walked end to end; a drag of text or a released button is not.
 TEST(X11DragProbe, SeesFilesDraggedWithThePrimaryButtonHeld) {
     DesktopDisplay display;
     X11TestClient source;

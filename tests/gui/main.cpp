@@ -6,9 +6,8 @@
 #include <gtest/gtest.h>
 
 // The services and windows run on the event loop of a Qt application on an X server of the
-// program's own (tests that drive a display of their own open further ones), and GIO and
-// QSettings read the desktop's folders once per process: all are in place before the first
-// test.
+// program's own, and GIO and QSettings read the desktop's folders once per process: all are in
+// place before the first test.
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
     if (GTEST_FLAG_GET(list_tests))

@@ -29,7 +29,6 @@ protected:
 
 TEST_F(XdgAutostartLoginItemServiceTest, RegisterWritesAnEntryAndUnregisterRemovesIt) {
     auto autostart = service();
-    EXPECT_EQ(autostart.entryPath(), entryPath());
     EXPECT_EQ(autostart.status(), LoginItemStatus::notRegistered);
     autostart.registerApplication();
     EXPECT_EQ(autostart.status(), LoginItemStatus::enabled);
@@ -44,7 +43,6 @@ TEST_F(XdgAutostartLoginItemServiceTest, RegisterWritesAnEntryAndUnregisterRemov
     EXPECT_FALSE(files.exists(entryPath()));
     EXPECT_EQ(autostart.status(), LoginItemStatus::notRegistered);
     EXPECT_NO_THROW(autostart.unregisterApplication());
-    EXPECT_EQ(service("/home/user/build/tidewell", false).status(), LoginItemStatus::notFound);
 }
 
 // Inside quotes '$' is escaped with a backslash, which the string value escapes again; '%' is

@@ -3,6 +3,7 @@
 #include "e2e/EndToEndTest.h"
 
 #include <filesystem>
+#include <regex>
 
 namespace tidewell::testing {
 namespace {
@@ -127,8 +128,21 @@ TEST_F(ToolCommandsTest, AUserRecordsPinsOpensAndCachesFoldersAndOnlySavesAreAnn
               (std::vector<std::string>{saved, saved, saved, saved, saved, "marker"}));
 }
 
-// Names match in any case, ids by an upper-case prefix; only the first word is looked for.
-TEST_F(ToolCommandsTest, ListShowsTheMostRecentFirstAndRemoveMatchesNamesAndIdPrefixes) {
+// An undecodable file lists as empty and is kept, under a name that says when it was made, once
+// the next save replaces it. Names match in any case, ids by an upper-case prefix; only the
+// first word is looked for.
+TEST_F(ToolCommandsTest, DamagedFilesAreKeptListShowsTheMostRecentFirstAndRemoveMatchesNames) {
+    const std::string damaged("[{\"id\": \0\xFF", 10);
+    writeItemsFile(damaged);
+    expectResult(tide({"list"}, project("anywhere")), "", "", 0);
+    EXPECT_EQ(itemsFileBytes(), damaged);
+    expectResult(tide({"add", "."}, project("anywhere")), "Pinned: anywhere\n", "", 0);
+    const std::vector<std::string> names = entries(dataFolder());
+    ASSERT_EQ(names.size(), 3u); // items.json, the kept copy and items.lock
+    EXPECT_TRUE(std::regex_match(names[1], std::regex(R"(items\.json\.corrupt-\d{8}T\d{6}Z)")))
+        << names[1];
+    EXPECT_EQ(readFile(dataFolder() + "/" + names[1]), damaged);
+
     const NotchItem alpha = record("Alpha", false, "2025-02-01T10:00:00Z",
                                    *Uuid::parse("A1B2C3D4-0000-4000-8000-000000000002"));
     const NotchItem bravo = record("Bravo", true, "2025-02-01T12:00:00Z");

@@ -78,7 +78,10 @@ TEST(ApplicationLocation, InstalledMeansBinTidewellWithTheDesktopEntryBesideIt) 
     TemporaryDirectory prefix;
     const std::string executable = prefix.write("bin/tidewell");
     EXPECT_FALSE(applicationLocation(executable).isInstalled);
+    const std::string entry = prefix.makeFolder("share/applications/com.quorvel.tidewell.desktop");
+    EXPECT_FALSE(applicationLocation(executable).isInstalled) << "a folder is no desktop entry";
 
+    std::filesystem::remove(entry);
     prefix.write("share/applications/com.quorvel.tidewell.desktop", "[Desktop Entry]\n");
     const ApplicationLocation installed = applicationLocation(executable);
     EXPECT_EQ(installed.executable, executable);

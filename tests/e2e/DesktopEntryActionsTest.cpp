@@ -53,16 +53,15 @@ TEST_F(DesktopEntryActionsTest, RevealDataShowShelfAndQuitActAsTheStatusMenuDoes
     const std::unique_ptr<GDesktopAppInfo, void (*)(void*)> entry(
         g_desktop_app_info_new_from_filename(TIDEWELL_DESKTOP_ENTRY), g_object_unref);
     ASSERT_TRUE(entry);
-    std::vector<std::pair<std::string, std::string>> actions;
+    std::vector<std::string> actions;
     for (const char* const* id = g_desktop_app_info_list_actions(entry.get()); *id; ++id) {
-        char* name = g_desktop_app_info_get_action_name(entry.get(), *id);
-        actions.emplace_back(*id, name);
-        g_free(name);
+        const std::unique_ptr<char, void (*)(void*)> name(
+            g_desktop_app_info_get_action_name(entry.get(), *id), g_free);
+        actions.push_back(std::string(*id) + ": " + name.get());
     }
     EXPECT_EQ(actions,
-              (std::vector<std::pair<std::string, std::string>>{{"show-shelf", "Show shelf"},
-                                                                {"reveal-data", "Reveal data"},
-                                                                {"quit", "Quit Tidewell"}}));
+              (std::vector<std::string>{"show-shelf: Show shelf", "reveal-data: Reveal data",
+                                        "quit: Quit Tidewell"}));
 
     ASSERT_FALSE(std::filesystem::exists(dataFolder()));
     expectResult(run("reveal-data"), "", "", 0);

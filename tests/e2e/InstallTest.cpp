@@ -35,14 +35,12 @@ TEST_F(InstallTest, TheDebianPackageHoldsTheProgramItsLinkAndDesktopEntryAndRuns
     const std::string prefix = scratch + "/usr";
     const std::string bin = prefix + "/bin";
     const std::string libraries = prefix + "/" TIDEWELL_INSTALL_LIBDIR "/tidewell";
-    EXPECT_EQ(fs::status(bin + "/tidewell").permissions() & fs::perms::owner_exec,
-              fs::perms::owner_exec);
     EXPECT_EQ(fs::read_symlink(bin + "/tide"), "tidewell");
-    EXPECT_TRUE(fs::is_regular_file(
-        libraries + "/plugins/wayland-shell-integration/libtidewell-layer-shell.so"));
-    EXPECT_TRUE(fs::is_regular_file(prefix + "/share/applications/com.quorvel.tidewell.desktop"));
-    EXPECT_TRUE(fs::is_regular_file(prefix +
-                                    "/share/icons/hicolor/scalable/apps/com.quorvel.tidewell.svg"));
+    for (const std::string& file :
+         {libraries + "/plugins/wayland-shell-integration/libtidewell-layer-shell.so",
+          prefix + "/share/applications/com.quorvel.tidewell.desktop",
+          prefix + "/share/icons/hicolor/scalable/apps/com.quorvel.tidewell.svg"})
+        EXPECT_TRUE(fs::is_regular_file(file)) << file;
     expectResult(ChildProcess::run(launch(bin + "/tide", {"login-status"}, home)),
                  "not registered\n", "", 0);
 
@@ -52,13 +50,9 @@ TEST_F(InstallTest, TheDebianPackageHoldsTheProgramItsLinkAndDesktopEntryAndRuns
     for (std::string line; std::getline(lines, line);)
         for (const char* toolkit : {"libQt", "libglib", "libgio", "libgobject", "libX", "libxcb"})
             EXPECT_FALSE(line.substr(line.find_first_not_of(" \t")).starts_with(toolkit)) << line;
-    expectResult(ChildProcess::run(launch(bin + "/tide", {"help"}, home)),
-                 tide({"help"}, home).standardOutput, "", 0);
     const std::string folder = project("site");
     expectResult(ChildProcess::run(launch(bin + "/tide", {"add", folder}, home)), "Pinned: site\n",
                  "", 0);
-    expectResult(ChildProcess::run(launch(bin + "/tide", {"list"}, home)),
-                 "* site\t" + folder + "\n", "", 0);
     const ProcessResult started = ChildProcess::run(launch(bin + "/tidewell", {}, home));
     EXPECT_NE(started.standardError.find("tidewell: no window system: "), std::string::npos)
         << started.standardError;

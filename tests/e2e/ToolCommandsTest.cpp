@@ -3,11 +3,10 @@
 #include "e2e/EndToEndTest.h"
 
 #include <filesystem>
+#include <regex>
 
 namespace tidewell::testing {
 namespace {
-
-using std::chrono::seconds;
 
 // A 32 x 32 icon: the header and directory entry of an .ico file and a few pixel bytes.
 const std::string favicon("\0\0\1\0\1\0\x20\x20\0\0\1\0\x20\0\x04\0\0\0\x16\0\0\0PIXL", 26);
@@ -38,155 +37,84 @@ NotchItem record(const std::string& name, bool isFavorite, const std::string& la
             .lastOpenedAt = *InternetDate::parse(lastOpenedAt)};
 }
 
+struct Step {
+    std::vector<std::string> arguments;
+    std::string out;
+    std::string errors = "";
+    int status = 0;
+};
+
 using ToolCommandsTest = EndToEndTest;
 
-// The desktop's opener is replaced by a script that notes its arguments and fails with 3.
-TEST_F(ToolCommandsTest, DotAddOpenAndCacheIconsRecordFoldersWithTheirIconsAndOptions) {
+// The desktop's opener is replaced by a script that notes its arguments and fails with 3. Each
+// command has ended before the next starts, and the next one's handshake with the daemon takes
+// a round trip, by which time the daemon has passed on all that earlier ones sent: once the
+// closing marker is in, every signal of the commands before it is in too.
+TEST_F(ToolCommandsTest, AUserRecordsPinsOpensAndCachesFoldersAndOnlySavesAreAnnounced) {
+    const PostedSignals signals(environment());
     const std::string web = project("web");
+    const std::string site = project("site");
     root.write("projects/web/public/favicon.ico", favicon);
-    expectResult(tide({"."}, web), "Added to recent: web\n", "", 0);
-    const std::vector<NotchItem> recent = storedItems();
-    ASSERT_EQ(recent.size(), 1u);
-    const std::string id = recent[0].id.text();
-    NotchItem expected = {.id = recent[0].id,
-                          .name = "web",
-                          .path = web,
-                          .iconPath = dataFolder() + "/Icons/" + id + ".ico",
-                          .initials = "WE",
-                          .tintHex = "#A45CC2",
-                          .createdAt = recent[0].createdAt,
-                          .lastOpenedAt = recent[0].createdAt + seconds(2)};
-    EXPECT_EQ(recent, std::vector{expected});
-    EXPECT_EQ(entries(dataFolder() + "/Icons"), std::vector<std::string>{id + ".ico"});
-    EXPECT_EQ(readFile(*expected.iconPath), favicon);
-
-    expectResult(tide({"add", ".", "--name", "Studio", "--command", "npm run dev"}, web),
-                 "Pinned: Studio\n", "", 0);
-    ASSERT_EQ(storedItems().size(), 1u);
-    EXPECT_GE(storedItems()[0].lastOpenedAt, expected.lastOpenedAt);
-    expected = {.id = expected.id,
-                .name = "Studio",
-                .path = web,
-                .iconPath = expected.iconPath,
-                .initials = "ST",
-                .tintHex = expected.tintHex,
-                .launchCommand = "npm run dev",
-                .isFavorite = true,
-                .createdAt = expected.createdAt,
-                .lastOpenedAt = storedItems()[0].lastOpenedAt};
-    EXPECT_EQ(itemsFileBytes(), ItemsJson::encode({expected}));
-    expectResult(tide({"list"}, web), "* Studio\t" + web + "\n", "", 0);
-
     const std::string opened = root.path() + "/opened";
     std::filesystem::permissions(
         root.write("fake-bin/xdg-open",
                    "#!/bin/sh\nprintf '%s\\n' \"$@\" > '" + opened + "'\nexit 3\n"),
         std::filesystem::perms::owner_all);
-    const std::string site = project("site");
-    const auto tideOpen = [&](const std::string& folder) {
-        ChildProcess::Launch command = launch(tidePath(), {"open", folder}, site);
-        command.environment["PATH"] = root.path() + "/fake-bin:" + command.environment["PATH"];
-        return ChildProcess::run(command);
+    const auto walk = [&](const std::vector<Step>& steps) {
+        for (const Step& step : steps) {
+            SCOPED_TRACE(step.arguments.front());
+            ChildProcess::Launch command = launch(tidePath(), step.arguments, web);
+            command.environment["PATH"] = root.path() + "/fake-bin:" + command.environment["PATH"];
+            expectResult(ChildProcess::run(command), step.out, step.errors, step.status);
+        }
     };
-    expectResult(tideOpen("missing"), "", "Path does not exist: " + site + "/missing\n", 2);
+    const std::string missing = "Path does not exist: " + web + "/";
+    walk({{{"list"}, ""},
+          {{"help", "extra"}, usageText},
+          {{"--help"}, usageText},
+          {{"-h"}, usageText},
+          {{"--version"}, "tide " TIDEWELL_VERSION "\n"},
+          // The build folder is no install prefix, so there is nothing to register at login.
+          {{"login-status"}, "not found\n"},
+          {{"nowhere"}, "", missing + "nowhere\n", 2},
+          {{"open", "missing"}, "", missing + "missing\n", 2},
+          {{"remove", "web"}, "", "No item matched web\n", 1}});
+    EXPECT_FALSE(readFile(itemsFile())) << "made before the first save";
     EXPECT_FALSE(readFile(opened));
-    expectResult(tideOpen("."), "Added to recent: site\n", "", 3);
+
+    walk({{{"."}, "Added to recent: web\n"},
+          {{"add", ".", "--name", "Studio", "--command", "npm run dev"}, "Pinned: Studio\n"},
+          {{"list"}, "* Studio\t" + web + "\n"},
+          {{"open", site}, "Added to recent: site\n", "", 3}});
+    const std::vector<NotchItem> stored = storedItems();
+    ASSERT_EQ(stored.size(), 2u);
+    const std::string id = stored[0].id.text();
+    const NotchItem studio = {.id = stored[0].id,
+                              .name = "Studio",
+                              .path = web,
+                              .iconPath = dataFolder() + "/Icons/" + id + ".ico",
+                              .initials = "ST",
+                              .tintHex = "#A45CC2",
+                              .launchCommand = "npm run dev",
+                              .isFavorite = true,
+                              .createdAt = stored[0].createdAt,
+                              .lastOpenedAt = stored[0].lastOpenedAt};
+    EXPECT_EQ(stored[0], studio);
+    EXPECT_EQ(entries(dataFolder() + "/Icons"), std::vector<std::string>{id + ".ico"});
+    EXPECT_EQ(readFile(*studio.iconPath), favicon);
+    EXPECT_EQ(stored[1].path, site);
     EXPECT_EQ(readFile(opened), site + "\n");
-    ASSERT_EQ(storedItems().size(), 2u);
-    EXPECT_EQ(storedItems()[1].path, site);
 
     // Which icons are copied is the unit tests' matter; here is what the command reports.
     NotchItem logo = record("Logo", true, "2025-02-01T10:00:00Z");
     logo.iconPath = root.write("projects/site/logo.PNG", "not really a png");
     writeItemsFile(ItemsJson::encode({logo}));
-    expectResult(tide({"cache-icons"}, site), "Cached 1 project icon\n", "", 0);
+    walk({{{"cache-icons"}, "Cached 1 project icon\n"}});
     logo.iconPath = dataFolder() + "/Icons/" + logo.id.text() + ".png";
     EXPECT_EQ(itemsFileBytes(), ItemsJson::encode({logo}));
     EXPECT_EQ(readFile(*logo.iconPath), "not really a png");
-    expectResult(tide({"cache-icons"}, site), "Cached 0 project icons\n", "", 0);
-}
+    walk({{{"cache-icons"}, "Cached 0 project icons\n"}});
 
-TEST_F(ToolCommandsTest, ListShowsMostRecentlyOpenedFirstAndKeepsFileOrderForEqualTimes) {
-    const std::string folder = project("anywhere");
-    expectResult(tide({"list"}, folder), "", "", 0);
-    EXPECT_FALSE(readFile(itemsFile())) << "listing must not create the file";
-
-    writeItemsFile(ItemsJson::encode({record("Alpha", false, "2025-02-01T10:00:00Z"),
-                                      record("Bravo", true, "2025-02-01T12:00:00Z"),
-                                      record("Charlie", true, "2025-02-01T11:00:00Z"),
-                                      record("Delta", false, "2025-02-01T11:00:00Z")}));
-    expectResult(tide({"list", "ignored"}, folder),
-                 "* Bravo\t/projects/Bravo\n* Charlie\t/projects/Charlie\n"
-                 "- Delta\t/projects/Delta\n- Alpha\t/projects/Alpha\n",
-                 "", 0);
-}
-
-TEST_F(ToolCommandsTest, RemoveMatchesNamesInAnyCaseAndUpperCaseIdPrefixes) {
-    const NotchItem studio = record("Studio", true, "2025-02-01T10:00:00Z");
-    const NotchItem alpha = record("Alpha", false, "2025-02-01T10:00:00Z",
-                                   *Uuid::parse("A1B2C3D4-0000-4000-8000-000000000002"));
-    const NotchItem upperX = record("X", false, "2025-02-01T10:00:00Z");
-    const NotchItem lowerX = record("x", false, "2025-02-01T10:00:00Z");
-    const NotchItem accented = record("\u00c6r\u00f8", false, "2025-02-01T10:00:00Z");
-    const std::vector<NotchItem> all = {studio, alpha, upperX, lowerX, accented};
-    writeItemsFile(ItemsJson::encode(all));
-    const std::string usage = "Usage: tide remove <name-or-id>\n";
-    const struct {
-        std::vector<std::string> arguments;
-        std::string errors;
-        int status;
-        std::vector<NotchItem> left;
-    } steps[] = {
-        {{"remove"}, usage, 2, all},
-        {{"remove", ""}, usage, 2, all},
-        {{"remove", "Nothing"}, "No item matched Nothing\n", 1, all},
-        {{"remove", "a1b2c3d4"}, "No item matched a1b2c3d4\n", 1, all},
-        {{"remove", "sTUDIO", "Alpha"}, "", 0, {alpha, upperX, lowerX, accented}},
-        {{"remove", "A1B2C3D4"}, "", 0, {upperX, lowerX, accented}},
-        {{"remove", "\u00e6r\u00d8"}, "", 0, {upperX, lowerX}},
-        {{"remove", "x"}, "", 0, {}},
-    };
-    for (const auto& step : steps) {
-        SCOPED_TRACE(step.arguments.back());
-        expectResult(tide(step.arguments, project("anywhere")), "", step.errors, step.status);
-        EXPECT_EQ(itemsFileBytes(), ItemsJson::encode(step.left));
-    }
-}
-
-// Each command has ended before the next starts, and the next one's handshake with the daemon
-// takes a round trip, by which time the daemon has passed on all that earlier ones sent: once
-// the closing marker is in, every signal of the commands before it is in too.
-TEST_F(ToolCommandsTest, HelpVersionAndLoginStatusPrintTheirTextAndOnlySavesAreAnnounced) {
-    const PostedSignals signals(environment());
-    const struct {
-        std::vector<std::string> arguments;
-        std::string out;
-        int status = 0;
-    } commands[] = {
-        {{"help", "extra"}, usageText},
-        {{"--help"}, usageText},
-        {{"-h"}, usageText},
-        {{"--version"}, "tide " TIDEWELL_VERSION "\n"},
-        // The build folder is no install prefix, so there is nothing to register at login.
-        {{"login-status"}, "not found\n"},
-        {{"add", "."}, "Pinned: web\n"},
-        {{"add", ".", "--name", "Web"}, "Pinned: Web\n"},
-        {{"cache-icons"}, "Cached 0 project icons\n"},
-        {{"list"}, "* Web\t" + project("web") + "\n"},
-        {{"remove", "nothing-by-this-name"}, "", 1},
-        {{"nowhere"}, "", 2},
-        {{"remove", "Web"}, ""},
-    };
-    for (const auto& command : commands) {
-        SCOPED_TRACE(command.arguments.front());
-        if (command.arguments == std::vector<std::string>{"add", "."}) {
-            EXPECT_FALSE(readFile(itemsFile())) << "made before the first save";
-        }
-        const ProcessResult result = tide(command.arguments, project("web"));
-        EXPECT_EQ(result.standardOutput, command.out);
-        EXPECT_EQ(result.standardError.empty(), command.status == 0) << result.standardError;
-        EXPECT_EQ(result.status, command.status);
-    }
     ASSERT_EQ(
         ChildProcess::run(launch("dbus-send",
                                  {"--session", "--type=signal", "/com/quorvel/tidewell",
@@ -196,7 +124,58 @@ TEST_F(ToolCommandsTest, HelpVersionAndLoginStatusPrintTheirTextAndOnlySavesAreA
         0);
     ASSERT_TRUE(signals.waitFor("marker"));
     const std::string saved = "Tidewell.itemsChanged";
-    EXPECT_EQ(signals.received(), (std::vector<std::string>{saved, saved, saved, saved, "marker"}));
+    EXPECT_EQ(signals.received(),
+              (std::vector<std::string>{saved, saved, saved, saved, saved, "marker"}));
+}
+
+// An undecodable file lists as empty and is kept, under a name that says when it was made, once
+// the next save replaces it. Names match in any case, ids by an upper-case prefix; only the
+// first word is looked for.
+TEST_F(ToolCommandsTest, DamagedFilesAreKeptListShowsTheMostRecentFirstAndRemoveMatchesNames) {
+    const std::string damaged("[{\"id\": \0\xFF", 10);
+    writeItemsFile(damaged);
+    expectResult(tide({"list"}, project("anywhere")), "", "", 0);
+    EXPECT_EQ(itemsFileBytes(), damaged);
+    expectResult(tide({"add", "."}, project("anywhere")), "Pinned: anywhere\n", "", 0);
+    const std::vector<std::string> names = entries(dataFolder());
+    ASSERT_EQ(names.size(), 3u); // items.json, the kept copy and items.lock
+    EXPECT_TRUE(std::regex_match(names[1], std::regex(R"(items\.json\.corrupt-\d{8}T\d{6}Z)")))
+        << names[1];
+    EXPECT_EQ(readFile(dataFolder() + "/" + names[1]), damaged);
+
+    const NotchItem alpha = record("Alpha", false, "2025-02-01T10:00:00Z",
+                                   *Uuid::parse("A1B2C3D4-0000-4000-8000-000000000002"));
+    const NotchItem bravo = record("Bravo", true, "2025-02-01T12:00:00Z");
+    const NotchItem charlie = record("Charlie", true, "2025-02-01T11:00:00Z");
+    const NotchItem delta = record("Delta", false, "2025-02-01T11:00:00Z");
+    const NotchItem upperX = record("X", false, "2025-02-01T10:00:00Z");
+    const NotchItem lowerX = record("x", false, "2025-02-01T10:00:00Z");
+    const NotchItem accented = record("\u00c6r\u00f8", false, "2025-02-01T10:00:00Z");
+    const std::vector<NotchItem> all = {alpha, bravo, charlie, delta, upperX, lowerX, accented};
+    writeItemsFile(ItemsJson::encode(all));
+    const std::string usage = "Usage: tide remove <name-or-id>\n";
+    const struct {
+        Step step;
+        std::vector<NotchItem> left;
+    } steps[] = {
+        {{{"remove"}, "", usage, 2}, all},
+        {{{"remove", ""}, "", usage, 2}, all},
+        {{{"remove", "a1b2c3d4"}, "", "No item matched a1b2c3d4\n", 1}, all},
+        {{{"remove", "\u00e6r\u00d8"}}, {alpha, bravo, charlie, delta, upperX, lowerX}},
+        {{{"remove", "x"}}, {alpha, bravo, charlie, delta}},
+        // Equally recent items keep the order of the file.
+        {{{"list", "ignored"},
+          "* Bravo\t/projects/Bravo\n* Charlie\t/projects/Charlie\n"
+          "- Delta\t/projects/Delta\n- Alpha\t/projects/Alpha\n"},
+         {alpha, bravo, charlie, delta}},
+        {{{"remove", "bRAVO", "Alpha"}}, {alpha, charlie, delta}},
+        {{{"remove", "A1B2C3D4"}}, {charlie, delta}},
+    };
+    for (const auto& [step, left] : steps) {
+        SCOPED_TRACE(step.arguments.back());
+        expectResult(tide(step.arguments, project("anywhere")), step.out, step.errors, step.status);
+        EXPECT_EQ(itemsFileBytes(), ItemsJson::encode(left));
+    }
 }
 
 } // namespace

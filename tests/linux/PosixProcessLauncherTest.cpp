@@ -3,11 +3,11 @@
 #include "core/platform/Error.h"
 #include "support/ScopedEnvironment.h"
 #include "support/TemporaryDirectory.h"
+#include "support/WaitUntil.h"
 
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <thread>
 #include <unistd.h>
 
 namespace tidewell::testing {
@@ -62,14 +62,11 @@ TEST(PosixProcessLauncher, DetachedProgramsGetANewSessionAndAClearedEnvironment)
                                                 report});
 
     // A detached program is a real process that reports on its own time.
-    const auto deadline = std::chrono::steady_clock::now() + 10s;
-    while (!std::filesystem::exists(report) && std::chrono::steady_clock::now() < deadline)
-        std::this_thread::sleep_for(10ms);
+    ASSERT_TRUE(waitUntil([&] { return std::filesystem::exists(report); }, 10s));
     std::ifstream reportFile(report);
     std::string pid;
     std::getline(reportFile, pid);
     const std::string text(std::istreambuf_iterator<char>(reportFile), {});
-    ASSERT_FALSE(pid.empty());
     EXPECT_NE(pid, std::to_string(::getsid(0)));
     EXPECT_EQ(text, pid + "\n/dev/null\nDESKTOP_STARTUP_ID_NOT=set\nTIDEWELL_TEST_MARK=set\n");
 }

@@ -12,7 +12,7 @@ namespace {
 
 using testing::TemporaryDirectory;
 
-TEST(SingleInstanceGuard, OneGuardAtATime) {
+TEST(SingleInstanceGuard, OneGuardAtATimeAndNoneWhereTheLockFileCannotBeMade) {
     TemporaryDirectory home;
     const DataFolder folder(UserPaths{home.path(), home.path() + "/data/new"});
 
@@ -26,10 +26,6 @@ TEST(SingleInstanceGuard, OneGuardAtATime) {
     first.reset();
     EXPECT_TRUE(std::filesystem::exists(folder.appLock()));
     EXPECT_NE(SingleInstanceGuard::acquire(folder), nullptr);
-}
-
-TEST(SingleInstanceGuard, LockFileThatCannotBeOpenedMeansNoGuard) {
-    TemporaryDirectory home;
     // A file where the data folder's parent should be: nothing can be created below it.
     const std::string blocked = home.write("blocked");
     EXPECT_EQ(SingleInstanceGuard::acquire(DataFolder(UserPaths{home.path(), blocked})), nullptr);

@@ -10,39 +10,35 @@
 namespace tidewell {
 namespace {
 
-TEST(XdgPaths, VariablesCountOnlyWithAbsolutePaths) {
+// Variables count only with absolute paths; without them the folders follow the home folder,
+// which without $HOME is the password database's.
+TEST(XdgPaths, VariablesCountOnlyWithAbsolutePathsAndDefaultsFollowTheHomeFolder) {
     testing::ScopedEnvironment environment;
+    const auto expectPaths = [](const std::string& home, const std::string& data,
+                                const std::string& config, const std::string& runtime) {
+        EXPECT_EQ(XdgPaths::userPaths().home, home);
+        EXPECT_EQ(XdgPaths::userPaths().applicationSupport, data);
+        EXPECT_EQ(XdgPaths::configHome(), config);
+        EXPECT_EQ(XdgPaths::runtimeFolder(), runtime);
+    };
     environment.set("HOME", "/home/ada");
     environment.set("XDG_DATA_HOME", "/data/ada");
     environment.set("XDG_CONFIG_HOME", "/config/ada");
     environment.set("XDG_RUNTIME_DIR", "/run/user/1000");
-    EXPECT_EQ(XdgPaths::userPaths().home, "/home/ada");
-    EXPECT_EQ(XdgPaths::userPaths().applicationSupport, "/data/ada");
-    EXPECT_EQ(XdgPaths::configHome(), "/config/ada");
-    EXPECT_EQ(XdgPaths::runtimeFolder(), "/run/user/1000");
+    expectPaths("/home/ada", "/data/ada", "/config/ada", "/run/user/1000");
 
     environment.set("XDG_DATA_HOME", "relative/data");
     environment.set("XDG_CONFIG_HOME", "");
     environment.set("XDG_RUNTIME_DIR", "run");
-    testing::TemporaryDirectory temporary;
+    const testing::TemporaryDirectory temporary;
     environment.set("TMPDIR", temporary.path());
-    EXPECT_EQ(XdgPaths::userPaths().applicationSupport, "/home/ada/.local/share");
-    EXPECT_EQ(XdgPaths::configHome(), "/home/ada/.config");
-    EXPECT_EQ(XdgPaths::runtimeFolder(), temporary.path());
-}
+    expectPaths("/home/ada", "/home/ada/.local/share", "/home/ada/.config", temporary.path());
 
-TEST(XdgPaths, DefaultsFollowTheHomeFolder) {
-    testing::ScopedEnvironment environment;
-    environment.unset("XDG_DATA_HOME");
-    environment.unset("XDG_CONFIG_HOME");
-    environment.unset("XDG_RUNTIME_DIR");
-    environment.unset("TMPDIR");
-    environment.unset("HOME");
+    for (const char* name : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR", "TMPDIR"})
+        environment.unset(name);
+    environment.set("HOME", "relative/home");
     const std::string home = ::getpwuid(::getuid())->pw_dir;
-    EXPECT_EQ(XdgPaths::userPaths().home, home);
-    EXPECT_EQ(XdgPaths::userPaths().applicationSupport, home + "/.local/share");
-    EXPECT_EQ(XdgPaths::configHome(), home + "/.config");
-    EXPECT_EQ(XdgPaths::runtimeFolder(), "/tmp");
+    expectPaths(home, home + "/.local/share", home + "/.config", "/tmp");
 }
 
 } // namespace

@@ -3,15 +3,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
-#include <fstream>
 #include <set>
 #include <thread>
 
 namespace tidewell::testing {
 namespace {
 
-namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 using Screenshot = SwayDesktop::Screenshot;
 
@@ -33,22 +30,6 @@ std::pair<int, int> tileCentre(int output, int tiles, int index) {
     const int shelfLeft = output * SwayDesktop::outputWidth +
                           static_cast<int>(std::lround((1920 - bodyWidth(tiles) - 16) / 2.0));
     return {shelfLeft + 14 + 66 * index + 30, topInset + 8 + 31};
-}
-
-// Whether a terminal runs a shell in the folder: a process working there, started by foot.
-bool terminalRunsIn(const std::string& folder) {
-    for (const auto& process : fs::directory_iterator("/proc")) {
-        std::error_code unreadable;
-        if (fs::read_symlink(process.path() / "cwd", unreadable) != folder)
-            continue;
-        std::string pid, name, state, parentName;
-        int parent = 0;
-        std::ifstream(process.path() / "stat") >> pid >> name >> state >> parent;
-        std::ifstream("/proc/" + std::to_string(parent) + "/comm") >> parentName;
-        if (parentName == "foot")
-            return true;
-    }
-    return false;
 }
 
 // The application started as its user starts it in a Wayland session (WAYLAND_DISPLAY set, no
@@ -212,7 +193,7 @@ TEST_F(WaylandShelfTest, TheTopCentreOfEachOutputOpensTheShelfWhereATilesMenuOpe
     // The first tile's menu: its second entry opens a terminal in the folder.
     const auto [x, y] = tileCentre(0, 4, 0);
     chooseSecondMenuEntry(x, y);
-    EXPECT_TRUE(waitUntil([&] { return terminalRunsIn(alpha); }, 15s))
+    EXPECT_TRUE(waitUntil([&] { return isWorkedIn(alpha); }, 15s))
         << "no terminal runs a shell in " << alpha;
 }
 

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cmath>
 #include <set>
-#include <thread>
 
 namespace tidewell::testing {
 namespace {
@@ -113,14 +112,8 @@ protected:
     // open shelf follow changes and take clicks.
     bool waitUntilSettled(int output, int tiles) {
         const auto [x, y] = tileCentre(output, tiles, 0);
-        unsigned long previous = 0x000000;
-        return waitUntilOpen(output, tiles) && waitUntil([&] {
-                   const unsigned long current = desktop.screenshot().pixel(x, y);
-                   const bool settled = current != 0x000000 && current == previous;
-                   previous = current;
-                   std::this_thread::sleep_for(100ms);
-                   return settled;
-               });
+        return waitUntilOpen(output, tiles) &&
+               waitUntilSteady([&] { return desktop.screenshot().pixel(x, y); });
     }
 
     // The rows from y down that many, between x + 30 and x + 130 (clear of the pointer at x and

@@ -135,4 +135,12 @@ std::vector<std::string> EndToEndTest::entries(const std::string& folder) {
     return names;
 }
 
+bool EndToEndTest::isWorkedIn(const std::string& folder) {
+    return std::ranges::any_of(
+        std::filesystem::directory_iterator("/proc"), [&](const auto& process) {
+            std::error_code unreadable;
+            return std::filesystem::read_symlink(process.path() / "cwd", unreadable) == folder;
+        });
+}
+
 } // namespace tidewell::testing

@@ -68,6 +68,8 @@ protected:
     static std::optional<std::string> readFile(const std::string& path);
     // The names in a folder, sorted.
     static std::vector<std::string> entries(const std::string& folder);
+    // Whether a process works in the folder: the shell of a terminal opened there.
+    static bool isWorkedIn(const std::string& folder);
 
     TemporaryDirectory root;
     PrivateSessionBus bus;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <thread>
 
 namespace tidewell::testing {
 
@@ -66,14 +65,7 @@ bool RunningApplicationTest::openShelf() {
     if (!waitUntil([&] { return isShelfShown(); }) || !waitUntilExpanded())
         return false;
     const auto [x, y] = tileCentre(0);
-    unsigned long previous = 0x000000;
-    return waitUntil([&] {
-        const unsigned long current = inspector.screenPixel(x, y);
-        const bool settled = current != 0x000000 && current == previous;
-        previous = current;
-        std::this_thread::sleep_for(100ms);
-        return settled;
-    });
+    return waitUntilSteady([&] { return inspector.screenPixel(x, y); });
 }
 
 // The body grows in width and height at once: its lower edge and the left flare, which

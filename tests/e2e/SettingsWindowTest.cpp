@@ -1,8 +1,8 @@
 #include "core/items/ItemsJson.h"
 #include "e2e/RunningApplicationTest.h"
-#include "support/PointerDrag.h"
 
 #include <algorithm>
+#include <thread>
 
 namespace tidewell::testing {
 namespace {
@@ -93,7 +93,7 @@ TEST_F(SettingsWindowTest, TheGearOpensTheSettingsWhereANameIsTypedAndFoldersAre
     ASSERT_TRUE(waitUntil([&] {
         return inspector.screenPixel(fieldLeft, iconY - 9) != unfocusedFrame;
     })) << "the name field did not take the keyboard";
-    hand.typeKey("a", {"Control_L"});
+    hand.typeKey("ctrl+a");
     hand.typeText("site");
     EXPECT_TRUE(waitUntil([&] {
         const std::vector<NotchItem> now = storedItems();
@@ -116,13 +116,12 @@ TEST_F(SettingsWindowTest, TheGearOpensTheSettingsWhereANameIsTypedAndFoldersAre
     // The drop target's outline lies left of the row.
     const int outlineX = inspector.rootGeometry(settings).x + 14;
     const unsigned long unmarked = inspector.screenPixel(outlineX, y);
-    {
-        PointerDrag drag(hand, 160, 140);
-        drag.moveTo(x, y);
-        drag.hover(300ms);
-        EXPECT_TRUE(waitUntil([&] { return inspector.screenPixel(outlineX, y) != unmarked; }))
-            << "the projects were not outlined while the drag hovered";
-    }
+    hand.movePointerTo(160, 140);
+    hand.setPrimaryButton(true);
+    hand.dragTo(x, y);
+    EXPECT_TRUE(waitUntil([&] { return inspector.screenPixel(outlineX, y) != unmarked; }))
+        << "the projects were not outlined while the drag hovered";
+    hand.setPrimaryButton(false);
     EXPECT_TRUE(waitUntil([&] { return storedItems().size() == 5; }))
         << storedItems().size() << " items: the file was added too, or a folder was not";
     EXPECT_EQ(pinnedFolders(), (std::vector{alpha, beta, gamma, first, second}));
@@ -139,17 +138,16 @@ TEST_F(SettingsWindowTest, TheGearOpensTheSettingsWhereANameIsTypedAndFoldersAre
     hand.movePointerTo(screenWidth / 2, 700);
     ASSERT_TRUE(waitUntil([&] { return !isShelfShown(); }));
     const int secondX = panelGeometry(5).x + shadowMargin + 14 + 66 + 30;
-    {
-        PointerDrag drag(hand, 360, 540);
-        drag.moveTo(secondX, 300);
-        drag.moveTo(secondX, 140);
-        ASSERT_TRUE(waitUntil([&] { return isShelfShown(); }))
-            << "a file drag near the notch did not open the shelf";
-        ASSERT_TRUE(waitUntilExpanded());
-        drag.moveTo(secondX, topInset + 8 + 31);
-        drag.hover(300ms);
-        EXPECT_TRUE(panelShows(6)) << "no gap opened for the folders";
-    }
+    hand.movePointerTo(360, 540);
+    hand.setPrimaryButton(true);
+    hand.dragTo(secondX, 300);
+    hand.dragTo(secondX, 140);
+    ASSERT_TRUE(waitUntil([&] { return isShelfShown(); }))
+        << "a file drag near the notch did not open the shelf";
+    ASSERT_TRUE(waitUntilExpanded());
+    hand.dragTo(secondX, topInset + 8 + 31);
+    EXPECT_TRUE(panelShows(6)) << "no gap opened for the folders";
+    hand.setPrimaryButton(false);
     EXPECT_TRUE(waitUntil([&] {
         return pinnedFolders() ==
                std::vector<std::string>{alpha, third, fourth, beta, gamma, first, second};
@@ -161,9 +159,12 @@ TEST_F(SettingsWindowTest, TheGearOpensTheSettingsWhereANameIsTypedAndFoldersAre
     ASSERT_TRUE(openShelf());
     const PostedSignals signals(environment());
     const auto drag = [&](std::pair<int, int> from, std::pair<int, int> to) {
-        PointerDrag hold(hand, from.first, from.second);
-        hold.moveTo(to.first, to.second);
-        hold.hover(300ms);
+        hand.movePointerTo(from.first, from.second);
+        hand.setPrimaryButton(true);
+        hand.dragTo(to.first, to.second);
+        // The hand rests on the neighbour before it lets go, as users do.
+        std::this_thread::sleep_for(300ms);
+        hand.setPrimaryButton(false);
     };
     drag(tileCentre(0), tileCentre(1));
     ASSERT_TRUE(signals.waitFor("Tidewell.itemsChanged"));

@@ -6,21 +6,23 @@
 namespace tidewell::testing {
 namespace {
 
+using namespace std::chrono_literals;
+
 class ShelfTileTest : public RunningApplicationTest {
 protected:
-    // Right-clicks the tile and waits for its menu, a new override-redirect window; the
-    // menu's height, or none.
-    std::optional<int> openTileMenu(int index) {
+    // Right-clicks the tile, waits for its menu (a new override-redirect window) and chooses
+    // the entry by the keyboard, counting from 1.
+    void chooseMenuEntry(int tile, int entry) {
         const auto before = inspector.viewableOverrideRedirectWindows();
-        clickTile(index, 3);
-        std::optional<unsigned long> menu;
-        waitUntil([&] {
-            for (const unsigned long window : inspector.viewableOverrideRedirectWindows())
-                if (!std::ranges::count(before, window))
-                    menu = window;
-            return menu.has_value();
-        });
-        return menu ? std::optional(inspector.rootGeometry(*menu).height) : std::nullopt;
+        clickTile(tile, 3);
+        ASSERT_TRUE(waitUntil([&] {
+            return std::ranges::any_of(
+                inspector.viewableOverrideRedirectWindows(),
+                [&](unsigned long window) { return !std::ranges::count(before, window); });
+        })) << "no menu appeared";
+        for (int step = 0; step < entry; ++step)
+            hand.typeKey("Down");
+        hand.typeKey("Return");
     }
 
     // The body beside the strip, from its sides: the left padding, and the right one with the
@@ -34,17 +36,23 @@ protected:
     }
 };
 
-// The panel never takes the keyboard focus from the window that has it.
+// The panel never takes the keyboard focus from the window that has it. The tile menus' entries
+// run through the real terminal launcher into xterm.
 TEST_F(ShelfTileTest, ClicksMenusAndTheWheelReachTheTilesWhileTheFocusStaysElsewhere) {
     const std::string alpha = addProject("alpha");
     addProject("beta");
-    const std::string server = addProject("server", {"--command", "npm run dev"});
+    const std::string marker = root.path() + "/marker";
+    const std::string server = addProject(
+        "server", {"--command", "echo first > '" + marker + "'\npwd >> '" + marker + "'"});
     // Dates are stored to the second: an opening long ago shows the new one for sure.
     std::vector<NotchItem> items = storedItems();
     for (NotchItem& item : items)
         item.lastOpenedAt = item.createdAt - std::chrono::hours(1);
     writeItemsFile(ItemsJson::encode(items));
-    startApplication();
+    root.write("config/Tidewell/Tidewell.conf", "[General]\npreferredTerminalApp=xterm\n");
+    // Terminals open low on the left, clear of the shelf and of the pixels the test reads.
+    const std::string resources = root.write("xterm-resources", "XTerm*geometry: 40x5+0+800\n");
+    startApplication({{"XENVIRONMENT", resources}});
     const unsigned long editor = inspector.createManagedWindow();
     ASSERT_TRUE(waitUntil([&] { return inspector.isViewable(editor); }));
     inspector.activate(editor);
@@ -63,23 +71,21 @@ TEST_F(ShelfTileTest, ClicksMenusAndTheWheelReachTheTilesWhileTheFocusStaysElsew
     EXPECT_EQ(inspector.focusedWindow(), editor);
     EXPECT_EQ(inspector.activeWindow(), editor);
 
-    // Six entries and two dividers, against seven entries and two dividers with a start command.
+    // The second entry opens a terminal in the folder; the fifth, there with a start command,
+    // runs the command of two lines from a script that is removed ten seconds later.
     ASSERT_TRUE(openShelf());
-    const std::size_t before = inspector.viewableOverrideRedirectWindows().size();
-    const auto plainMenu = openTileMenu(0);
-    ASSERT_TRUE(plainMenu) << "no menu appeared";
-    hand.typeKey("Escape");
-    ASSERT_TRUE(
-        waitUntil([&] { return inspector.viewableOverrideRedirectWindows().size() == before; }));
-    const auto serverMenu = openTileMenu(2);
-    ASSERT_TRUE(serverMenu) << "no menu appeared";
-    const int entry = *serverMenu - *plainMenu;
-    EXPECT_GT(entry, 0);
-    EXPECT_LT(6 * entry, *plainMenu);
-    EXPECT_GT(8 * entry, *plainMenu);
-    hand.typeKey("Down");
-    hand.typeKey("Return");
-    expectFolderOpened(server);
+    chooseMenuEntry(0, 2);
+    EXPECT_TRUE(waitUntil([&] { return isWorkedIn(alpha); }, 15s)) << "no terminal in " << alpha;
+    ASSERT_TRUE(openShelf());
+    chooseMenuEntry(2, 5);
+    const auto marked = [&] { return readFile(marker).value_or(""); };
+    EXPECT_TRUE(waitUntil([&] { return marked() == "first\n" + server + "\n"; }, 15s)) << marked();
+    const auto scripts = [&] {
+        return std::ranges::count_if(entries(runtimeFolder), [](const std::string& name) {
+            return name.starts_with("tidewell-cmd-") && name.ends_with(".sh");
+        });
+    };
+    EXPECT_EQ(scripts(), 1);
 
     // Many tiles stay inside the strip, and the wheel reaches the last.
     ASSERT_TRUE(openShelf());
@@ -100,6 +106,7 @@ TEST_F(ShelfTileTest, ClicksMenusAndTheWheelReachTheTilesWhileTheFocusStaysElsew
     hand.movePointerTo(window.x + window.width - shadowMargin - 51 - 30, y);
     hand.click(1);
     expectFolderOpened(pinnedFolders().back());
+    EXPECT_TRUE(waitUntil([&] { return scripts() == 0; }, 15s)) << "the script was kept";
 }
 
 } // namespace

@@ -1,13 +1,8 @@
 #include "e2e/RunningApplicationTest.h"
 #include "support/MonitorDisplay.h"
 
-#include <thread>
-#include <utility>
-
 namespace tidewell::testing {
 namespace {
-
-using namespace std::chrono_literals;
 
 constexpr unsigned long black = 0x000000;
 
@@ -49,16 +44,11 @@ protected:
             panelGeometry(3, {screen.x, screen.y, screen.width, screen.height}, scale);
         const int lowerEdgeY = screen.y + scale * (topInset + 88) - 2;
         const int iconX = expected.x + scale * (shadowMargin + 44);
-        unsigned long icon = black;
-        const bool shown = waitUntil([&] {
-            if (!isShelfShown() || inspector.rootGeometry(panel) != expected ||
-                inspector.screenPixel(expected.x + scale * (shadowMargin + 38), lowerEdgeY) !=
-                    black)
-                return false;
-            const unsigned long previous =
-                std::exchange(icon, inspector.screenPixel(iconX, screen.y + scale * 58));
-            std::this_thread::sleep_for(100ms);
-            return icon != black && icon == previous;
+        const bool shown = waitUntilSteady([&] {
+            const bool drawn = isShelfShown() && inspector.rootGeometry(panel) == expected &&
+                               inspector.screenPixel(expected.x + scale * (shadowMargin + 38),
+                                                     lowerEdgeY) == black;
+            return drawn ? inspector.screenPixel(iconX, screen.y + scale * 58) : black;
         });
         EXPECT_TRUE(shown) << "on " << screen.name << " at " << inspector.rootGeometry(panel)
                            << ", not " << expected;

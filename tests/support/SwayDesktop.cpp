@@ -1,5 +1,7 @@
 #include "support/SwayDesktop.h"
 
+#include "support/WaitUntil.h"
+
 #include <algorithm>
 #include <chrono>
 #include <cmath>
@@ -24,13 +26,8 @@ output HEADLESS-2 mode 1920x1080 position 1920 0 bg #33AA55 solid_color
 
 void waitFor(const std::function<bool()>& condition, const ChildProcess& process,
              const std::string& what) {
-    const auto deadline = std::chrono::steady_clock::now() + 15s;
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > deadline)
-            throw std::runtime_error(what + ": " + process.standardOutput() +
-                                     process.standardError());
-        std::this_thread::sleep_for(5ms);
-    }
+    if (!waitUntil(condition, 15s))
+        throw std::runtime_error(what + ": " + process.standardOutput() + process.standardError());
 }
 
 std::string path() {

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <functional>
 #include <thread>
+#include <utility>
 
 namespace tidewell::testing {
 
@@ -16,6 +17,18 @@ inline bool waitUntil(const std::function<bool()>& condition,
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
     return true;
+}
+
+// Waits until the colour (0xRRGGBB) is not black and the same twice, 100 ms apart: whatever
+// fades in there has finished.
+inline bool waitUntilSteady(const std::function<unsigned long()>& colour) {
+    unsigned long previous = 0x000000;
+    return waitUntil([&] {
+        const unsigned long current = colour();
+        const bool steady = current != 0x000000 && current == std::exchange(previous, current);
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        return steady;
+    });
 }
 
 } // namespace tidewell::testing

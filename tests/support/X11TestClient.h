@@ -65,20 +65,20 @@ public:
     // A window of one colour (0xRRGGBB) over the whole screen, below all others: the desktop
     // as the tests see it.
     unsigned long createDesktop(unsigned long colour);
-    // The window the pointer is over, directly below the root.
-    unsigned long windowUnderPointer();
     // Where the pointer is on the screen.
     std::pair<int, int> pointerPosition();
     // Warps are invisible to raw input: warp beside the point, then move onto it.
     void movePointerTo(int x, int y);
     void movePointerBy(int dx, int dy);
     void setPrimaryButton(bool pressed);
+    // Moves in a straight line to the point as a hand drags: in small relative steps (raw
+    // motion, as the shelf's pointer monitor hears it) with pauses that let the drag-and-drop
+    // exchanges of the source and the target keep up.
+    void dragTo(int x, int y);
     // Presses and releases the button (1 primary, 3 secondary).
     void click(unsigned button);
-    // Presses and releases the key of this keysym name ("Down", "Return"), holding the
-    // modifier keys ("Control_L", "Shift_L") meanwhile.
-    void typeKey(const std::string& keysymName, const std::vector<std::string>& modifiers = {});
-    // Types the text key by key: letters, digits, spaces, full stops and hyphens.
+    // Presses and releases the keys as xdotool names them: "Down", "ctrl+a".
+    void typeKey(const std::string& keys);
     void typeText(const std::string& text);
     // Makes the window the owner of the drag-and-drop selection, offering these types.
     void offerDrag(unsigned long window, const std::vector<std::string>& types);
@@ -96,7 +96,6 @@ public:
     WindowRegion inputShape(unsigned long window);
     // What of the window shows; the whole window when it has no shape.
     WindowRegion boundingShape(unsigned long window);
-    bool hasBoundingShape(unsigned long window);
     bool hasCompositor();
     // The client window with this title (WM_NAME), mapped or not, wherever
     // the window manager has put it.
@@ -116,6 +115,8 @@ public:
     unsigned long activeWindow();
 
 private:
+    // Runs the X client on the display to its end; what it printed.
+    std::string runOnDisplay(const std::vector<std::string>& arguments);
     WindowRegion shape(unsigned long window, int kind);
 
     _XDisplay* display_;

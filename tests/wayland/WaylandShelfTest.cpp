@@ -3,15 +3,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
-#include <fstream>
 #include <set>
-#include <thread>
 
 namespace tidewell::testing {
 namespace {
 
-namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 using Screenshot = SwayDesktop::Screenshot;
 
@@ -33,22 +29,6 @@ std::pair<int, int> tileCentre(int output, int tiles, int index) {
     const int shelfLeft = output * SwayDesktop::outputWidth +
                           static_cast<int>(std::lround((1920 - bodyWidth(tiles) - 16) / 2.0));
     return {shelfLeft + 14 + 66 * index + 30, topInset + 8 + 31};
-}
-
-// Whether a terminal runs a shell in the folder: a process working there, started by foot.
-bool terminalRunsIn(const std::string& folder) {
-    for (const auto& process : fs::directory_iterator("/proc")) {
-        std::error_code unreadable;
-        if (fs::read_symlink(process.path() / "cwd", unreadable) != folder)
-            continue;
-        std::string pid, name, state, parentName;
-        int parent = 0;
-        std::ifstream(process.path() / "stat") >> pid >> name >> state >> parent;
-        std::ifstream("/proc/" + std::to_string(parent) + "/comm") >> parentName;
-        if (parentName == "foot")
-            return true;
-    }
-    return false;
 }
 
 // The application started as its user starts it in a Wayland session (WAYLAND_DISPLAY set, no
@@ -132,14 +112,8 @@ protected:
     // open shelf follow changes and take clicks.
     bool waitUntilSettled(int output, int tiles) {
         const auto [x, y] = tileCentre(output, tiles, 0);
-        unsigned long previous = 0x000000;
-        return waitUntilOpen(output, tiles) && waitUntil([&] {
-                   const unsigned long current = desktop.screenshot().pixel(x, y);
-                   const bool settled = current != 0x000000 && current == previous;
-                   previous = current;
-                   std::this_thread::sleep_for(100ms);
-                   return settled;
-               });
+        return waitUntilOpen(output, tiles) &&
+               waitUntilSteady([&] { return desktop.screenshot().pixel(x, y); });
     }
 
     // The rows from y down that many, between x + 30 and x + 130 (clear of the pointer at x and
@@ -212,7 +186,7 @@ TEST_F(WaylandShelfTest, TheTopCentreOfEachOutputOpensTheShelfWhereATilesMenuOpe
     // The first tile's menu: its second entry opens a terminal in the folder.
     const auto [x, y] = tileCentre(0, 4, 0);
     chooseSecondMenuEntry(x, y);
-    EXPECT_TRUE(waitUntil([&] { return terminalRunsIn(alpha); }, 15s))
+    EXPECT_TRUE(waitUntil([&] { return isWorkedIn(alpha); }, 15s))
         << "no terminal runs a shell in " << alpha;
 }
 

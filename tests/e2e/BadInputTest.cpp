@@ -25,15 +25,13 @@ TEST_F(BadInputTest, LinkLoopsOddAndInvalidTextAreHandledAndTheFileIsKept) {
     fs::create_directory_symlink("../..", loops + "/assets/deeper/up");
     root.makeFolder("projects/loops/secret/inside");
     fs::permissions(loops + "/secret", fs::perms::none);
-    expectResult(tide({"add", "loop-a"}, loops), "", "Path does not exist: " + loops + "/loop-a\n",
-                 2);
-    expectResult(tide({"self"}, loops), "", "Path does not exist: " + loops + "/self\n", 2);
+    walk({{{"add", "loop-a"}, "", "Path does not exist: " + loops + "/loop-a\n", 2},
+          {{"self"}, "", "Path does not exist: " + loops + "/self\n", 2}},
+         loops);
     EXPECT_FALSE(readFile(itemsFile()));
-    expectResult(tide({"add", "."}, loops), "Pinned: loops\n", "", 0);
-
     const std::string name = "it's \"quoted\" back\\slash\nline";
     const std::string odd = project(name);
-    expectResult(tide({"add", "."}, odd), "Pinned: " + name + "\n", "", 0);
+    walk({{{"add", loops}, "Pinned: loops\n"}, {{"add", "."}, "Pinned: " + name + "\n"}}, odd);
     const std::vector<NotchItem> stored = storedItems();
     ASSERT_EQ(stored.size(), 2u);
     EXPECT_EQ(stored[0].path, loops);
@@ -123,14 +121,12 @@ using UnwritableDataFolderTest = EndToEndTest;
 
 TEST_F(UnwritableDataFolderTest, ADataFolderBelowARegularFileFailsEverySaveWithItsReason) {
     const std::string file = root.write("plain-file", "not a folder");
-    for (const std::vector<std::string>& arguments :
-         std::vector<std::vector<std::string>>{{"add", "."}, {"remove", "web"}, {"cache-icons"}}) {
-        ChildProcess::Launch command = launch(tidePath(), arguments, project("web"));
-        command.environment["XDG_DATA_HOME"] = file + "/data";
-        expectResult(ChildProcess::run(command), "",
-                     "tide: Cannot create the folder " + file + "/data/Tidewell: Not a directory\n",
-                     1);
-    }
+    const std::string failed =
+        "tide: Cannot create the folder " + file + "/data/Tidewell: Not a directory\n";
+    walk({{{"add", "."}, "", failed, 1},
+          {{"remove", "web"}, "", failed, 1},
+          {{"cache-icons"}, "", failed, 1}},
+         project("web"), {{"XDG_DATA_HOME", file + "/data"}});
     EXPECT_EQ(readFile(file), "not a folder");
 }
 

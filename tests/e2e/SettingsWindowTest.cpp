@@ -61,8 +61,7 @@ protected:
 // The items file's first project, which the settings window lists first, is marked with a
 // tint no other pixel of the window has.
 // Folders dragged towards the notch then open a gap before the hovered tile and are pinned
-// there; a tile dragged onto its neighbour takes its place, saved once; one dragged far away is
-// unpinned.
+// there; a tile dragged onto its neighbour takes its place, saved once.
 TEST_F(SettingsWindowTest, TheGearOpensTheSettingsWhereANameIsTypedAndFoldersAreDropped) {
     const std::string alpha = addProject("alpha");
     const std::string beta = addProject("beta");
@@ -158,28 +157,16 @@ TEST_F(SettingsWindowTest, TheGearOpensTheSettingsWhereANameIsTypedAndFoldersAre
 
     ASSERT_TRUE(openShelf());
     const PostedSignals signals(environment());
-    const auto drag = [&](std::pair<int, int> from, std::pair<int, int> to) {
-        hand.movePointerTo(from.first, from.second);
-        hand.setPrimaryButton(true);
-        hand.dragTo(to.first, to.second);
-        // The hand rests on the neighbour before it lets go, as users do.
-        std::this_thread::sleep_for(300ms);
-        hand.setPrimaryButton(false);
-    };
-    drag(tileCentre(0), tileCentre(1));
+    hand.movePointerTo(tileCentre(0).first, tileCentre(0).second);
+    hand.setPrimaryButton(true);
+    hand.dragTo(tileCentre(1).first, tileCentre(1).second);
+    // The hand rests on the neighbour before it lets go, as users do.
+    std::this_thread::sleep_for(300ms);
+    hand.setPrimaryButton(false);
     ASSERT_TRUE(signals.waitFor("Tidewell.itemsChanged"));
     EXPECT_EQ(pinnedFolders(),
               (std::vector<std::string>{third, alpha, fourth, beta, gamma, first, second}));
     EXPECT_FALSE(signals.waitFor("Tidewell.itemsChanged", 2, 1s)) << "the order was saved twice";
-
-    ASSERT_TRUE(openShelf());
-    const auto [fromX, fromY] = tileCentre(0);
-    drag({fromX, fromY}, {fromX, fromY + 400});
-    EXPECT_TRUE(waitUntil([&] {
-        return pinnedFolders() ==
-               std::vector<std::string>{alpha, fourth, beta, gamma, first, second};
-    }));
-    EXPECT_EQ(storedItems().size(), 7u) << "the project was removed, not unpinned";
 }
 
 } // namespace

@@ -128,13 +128,9 @@ TEST_F(ShelfWindowTest, FailedStartsSayWhyAndWithoutLayerShellATriggerWindowOpen
                             "shell and DISPLAY is not set for XWayland\n"},
              {{}, "tidewell: no window system: neither WAYLAND_DISPLAY nor DISPLAY is set\n"},
          }) {
-        ChildProcess::Launch start = launch(tidewellPath(), {}, home);
-        start.environment.insert(variables.begin(), variables.end());
-        expectResult(ChildProcess::run(start), "", line, 1);
+        expectResult(ChildProcess::run(launch(tidewellPath(), {}, home, variables)), "", line, 1);
     }
-    ChildProcess::Launch list = launch(tidePath(), {"list"}, home);
-    list.environment.insert(noLayerShell.begin(), noLayerShell.end());
-    expectResult(ChildProcess::run(list), "", "", 0);
+    walk({{{"list"}, ""}}, home, noLayerShell);
     EXPECT_TRUE(startSignals.received().empty());
     {
         const auto running = SingleInstanceGuard::acquire(
@@ -186,9 +182,8 @@ TEST_F(ShelfWindowTest, FailedStartsSayWhyAndWithoutLayerShellATriggerWindowOpen
         SingleInstanceGuard::acquire(DataFolder({.home = home, .applicationSupport = dataHome})))
         << "the running application does not hold the lock";
     const PostedSignals signals(environment());
-    ChildProcess::Launch second = launch(tidewellPath(), {}, home);
-    second.environment = applicationEnvironment();
-    expectResult(ChildProcess::run(second), "", "", 0);
+    expectResult(ChildProcess::run(launch(tidewellPath(), {}, home, applicationEnvironment())), "",
+                 "", 0);
     EXPECT_TRUE(signals.waitFor("Tidewell.showShelf"));
     ASSERT_TRUE(waitUntil([&] { return isShelfShown(); }));
     EXPECT_EQ(inspector.rootGeometry(panel), panelGeometry(1));

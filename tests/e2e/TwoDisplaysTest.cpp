@@ -117,10 +117,8 @@ TEST_F(TwoDisplaysTest, TheShelfOpensOnTheDisplayUnderThePointerAtItsScaleAndFol
     expectResult(tide({"show"}, home), "", "", 0);
     isShownOn(left, 2);
     hand.movePointerTo(centreX(primary), 700);
-    expectResult(ChildProcess::run({.arguments = {tidewellPath()},
-                                    .workingDirectory = home,
-                                    .environment = applicationEnvironment()}),
-                 "", "", 0);
+    expectResult(ChildProcess::run(launch(tidewellPath(), {}, home, applicationEnvironment())), "",
+                 "", 0);
     isShownOn(primary, 1);
 
     // The open shelf goes from one display to the other.

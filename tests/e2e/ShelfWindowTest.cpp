@@ -65,7 +65,6 @@ TEST_F(ShelfWindowTest, ThrowsAndHoverOpenTheDrawnOutlineWhichGrowsByAPinAndLets
     for (const int x : {870, 960, 1049}) {
         hand.movePointerTo(x, 300);
         hand.movePointerBy(0, -400); // the top edge stops it
-        ASSERT_EQ(hand.pointerPosition(), std::pair(x, 0));
         EXPECT_TRUE(waitUntil([&] { return isShelfShown(); })) << "at x = " << x;
         hand.movePointerTo(x, 600);
         EXPECT_TRUE(waitUntil([&] { return !isShelfShown(); })) << "at x = " << x;

@@ -53,14 +53,9 @@ protected:
         auto window = session(buildFolder() + "/tests/tidewell_drag_source_probe", paths);
         window.environment["QT_QPA_PLATFORM"] = "wayland";
         auto client = std::make_unique<ChildProcess>(window);
-        EXPECT_TRUE(waitForLine(*client, "ready")) << client->standardError();
+        EXPECT_TRUE(client->waitForOutput("ready\n")) << client->standardError();
         desktop.place(client->pid(), x, y, width, height);
         return client;
-    }
-
-    static bool waitForLine(const ChildProcess& client, const std::string& line) {
-        return waitUntil(
-            [&] { return client.standardOutput().find(line + "\n") != std::string::npos; }, 10s);
     }
 
     // The application's surfaces appear a while after it started; until then the pointer at
@@ -177,7 +172,7 @@ TEST_F(WaylandShelfTest, TheShelfOpensAtTheTopOfEachOutputTakesDropsAndItsTilesO
     // A click on the top edge beside the trigger reaches the window below, and opens nothing.
     desktop.moveTo(400, 0);
     desktop.click();
-    EXPECT_TRUE(waitForLine(*below, "pressed 400,0")) << below->standardOutput();
+    EXPECT_TRUE(below->waitForOutput("pressed 400,0\n")) << below->standardOutput();
     EXPECT_EQ(drawnBodyWidth(0), 0);
 
     // From the other client up into the trigger: the shelf opens (the dragged icon covers the
@@ -196,7 +191,7 @@ TEST_F(WaylandShelfTest, TheShelfOpensAtTheTopOfEachOutputTakesDropsAndItsTilesO
     EXPECT_TRUE(waitUntil([&] {
         return pinnedFolders() == std::vector<std::string>{alpha, dropped, beta, gamma};
     })) << ::testing::PrintToString(pinnedFolders());
-    EXPECT_TRUE(waitForLine(*below, "finished copy")) << below->standardOutput();
+    EXPECT_TRUE(below->waitForOutput("finished copy\n")) << below->standardOutput();
 
     // The first tile dragged far below the shelf is unpinned.
     ASSERT_TRUE(waitUntilSettled(0, 4));

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <regex>
 
 namespace tidewell::testing {
 namespace {
@@ -98,18 +99,17 @@ TEST_F(ShelfWindowTest, ThrowsAndHoverOpenTheDrawnOutlineWhichGrowsByAPinAndLets
 // loaded from beside the program or from the library folder of its prefix: a copy of the
 // program in a folder of its own finds neither. In a Wayland session whose compositor has no
 // layer shell, with XWayland's display beside it (here Xvfb's), the application chooses X11
-// with a trigger window at the top centre. A second start, also through the tool, shows the
-// running one's shelf for a moment and ends quietly.
+// with a trigger window at the top centre. A second start shows the running one's shelf for a
+// moment and ends quietly.
 TEST_F(ShelfWindowTest, FailedStartsSayWhyAndWithoutLayerShellATriggerWindowOpensTheShelf) {
     const PostedSignals startSignals(environment());
     const std::string program = root.makeFolder("alone") + "/tidewell";
     fs::copy_file(tidewellPath(), program);
     const ProcessResult alone = ChildProcess::run(launch(program, {}, home), 5s);
     EXPECT_EQ(alone.standardOutput, "");
-    EXPECT_TRUE(alone.standardError.starts_with("tidewell: cannot load the user interface: "))
+    EXPECT_TRUE(std::regex_match(alone.standardError,
+                                 std::regex("tidewell: cannot load the user interface: .+\n")))
         << alone.standardError;
-    EXPECT_EQ(std::ranges::count(alone.standardError, '\n'), 1);
-    EXPECT_TRUE(alone.standardError.ends_with("\n"));
     EXPECT_EQ(alone.status, 1);
     EXPECT_TRUE(fs::is_regular_file(dataFolder() + "/app.lock"));
 
@@ -131,17 +131,6 @@ TEST_F(ShelfWindowTest, FailedStartsSayWhyAndWithoutLayerShellATriggerWindowOpen
     }
     walk({{{"list"}, ""}}, home, noLayerShell);
     EXPECT_TRUE(startSignals.received().empty());
-    {
-        const auto running = SingleInstanceGuard::acquire(
-            DataFolder({.home = home, .applicationSupport = dataHome}));
-        ASSERT_TRUE(running) << "the lock a running application holds";
-        expectResult(ChildProcess::run(launch(tidePath(), {"show", "ignored"}, home), 5s), "", "",
-                     0);
-        EXPECT_EQ(readFile(dataFolder() + "/.showOnLaunch"), "");
-        // The application the tool starts finds the lock held and asks the running one.
-        EXPECT_TRUE(startSignals.waitFor("Tidewell.showShelf"));
-        fs::remove(dataFolder() + "/.showOnLaunch");
-    }
 
     addProject("alpha");
     auto wayland = noLayerShell;

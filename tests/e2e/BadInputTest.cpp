@@ -108,12 +108,10 @@ TEST_F(ConcurrentAddsTest, HundredSimultaneousAddsOfDifferentFoldersKeepEveryRec
         expectResult(processes[index]->wait(std::chrono::seconds(30)),
                      "Pinned: p" + std::to_string(index) + "\n", "", 0);
 
-    std::vector<std::string> storedPaths;
-    for (const NotchItem& item : storedItems())
-        storedPaths.push_back(item.path);
-    std::sort(storedPaths.begin(), storedPaths.end());
-    std::sort(folders.begin(), folders.end());
-    EXPECT_EQ(storedPaths, folders);
+    std::vector<std::string> pinned = pinnedFolders();
+    std::ranges::sort(pinned);
+    std::ranges::sort(folders);
+    EXPECT_EQ(pinned, folders);
 }
 
 // Tests may run as root, whom permission bits do not stop: every case here stops root too.

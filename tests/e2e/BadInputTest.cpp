@@ -25,15 +25,13 @@ TEST_F(BadInputTest, LinkLoopsOddAndInvalidTextAreHandledAndTheFileIsKept) {
     fs::create_directory_symlink("../..", loops + "/assets/deeper/up");
     root.makeFolder("projects/loops/secret/inside");
     fs::permissions(loops + "/secret", fs::perms::none);
-    expectResult(tide({"add", "loop-a"}, loops), "", "Path does not exist: " + loops + "/loop-a\n",
-                 2);
-    expectResult(tide({"self"}, loops), "", "Path does not exist: " + loops + "/self\n", 2);
+    walk({{{"add", "loop-a"}, "", "Path does not exist: " + loops + "/loop-a\n", 2},
+          {{"self"}, "", "Path does not exist: " + loops + "/self\n", 2}},
+         loops);
     EXPECT_FALSE(readFile(itemsFile()));
-    expectResult(tide({"add", "."}, loops), "Pinned: loops\n", "", 0);
-
     const std::string name = "it's \"quoted\" back\\slash\nline";
     const std::string odd = project(name);
-    expectResult(tide({"add", "."}, odd), "Pinned: " + name + "\n", "", 0);
+    walk({{{"add", loops}, "Pinned: loops\n"}, {{"add", "."}, "Pinned: " + name + "\n"}}, odd);
     const std::vector<NotchItem> stored = storedItems();
     ASSERT_EQ(stored.size(), 2u);
     EXPECT_EQ(stored[0].path, loops);
@@ -110,12 +108,10 @@ TEST_F(ConcurrentAddsTest, HundredSimultaneousAddsOfDifferentFoldersKeepEveryRec
         expectResult(processes[index]->wait(std::chrono::seconds(30)),
                      "Pinned: p" + std::to_string(index) + "\n", "", 0);
 
-    std::vector<std::string> storedPaths;
-    for (const NotchItem& item : storedItems())
-        storedPaths.push_back(item.path);
-    std::sort(storedPaths.begin(), storedPaths.end());
-    std::sort(folders.begin(), folders.end());
-    EXPECT_EQ(storedPaths, folders);
+    std::vector<std::string> pinned = pinnedFolders();
+    std::ranges::sort(pinned);
+    std::ranges::sort(folders);
+    EXPECT_EQ(pinned, folders);
 }
 
 // Tests may run as root, whom permission bits do not stop: every case here stops root too.
@@ -123,14 +119,12 @@ using UnwritableDataFolderTest = EndToEndTest;
 
 TEST_F(UnwritableDataFolderTest, ADataFolderBelowARegularFileFailsEverySaveWithItsReason) {
     const std::string file = root.write("plain-file", "not a folder");
-    for (const std::vector<std::string>& arguments :
-         std::vector<std::vector<std::string>>{{"add", "."}, {"remove", "web"}, {"cache-icons"}}) {
-        ChildProcess::Launch command = launch(tidePath(), arguments, project("web"));
-        command.environment["XDG_DATA_HOME"] = file + "/data";
-        expectResult(ChildProcess::run(command), "",
-                     "tide: Cannot create the folder " + file + "/data/Tidewell: Not a directory\n",
-                     1);
-    }
+    const std::string failed =
+        "tide: Cannot create the folder " + file + "/data/Tidewell: Not a directory\n";
+    walk({{{"add", "."}, "", failed, 1},
+          {{"remove", "web"}, "", failed, 1},
+          {{"cache-icons"}, "", failed, 1}},
+         project("web"), {{"XDG_DATA_HOME", file + "/data"}});
     EXPECT_EQ(readFile(file), "not a folder");
 }
 

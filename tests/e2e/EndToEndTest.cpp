@@ -62,11 +62,12 @@ std::map<std::string, std::string> EndToEndTest::environment() const {
 
 ChildProcess::Launch EndToEndTest::launch(const std::string& program,
                                           const std::vector<std::string>& arguments,
-                                          const std::string& workingDirectory) const {
+                                          const std::string& workingDirectory,
+                                          std::map<std::string, std::string> variables) const {
     std::vector<std::string> command = {program};
     command.insert(command.end(), arguments.begin(), arguments.end());
-    return {
-        .arguments = command, .workingDirectory = workingDirectory, .environment = environment()};
+    variables.merge(environment());
+    return {.arguments = command, .workingDirectory = workingDirectory, .environment = variables};
 }
 
 ProcessResult EndToEndTest::tide(const std::vector<std::string>& arguments,
@@ -80,6 +81,16 @@ void EndToEndTest::expectResult(const ProcessResult& result, const std::string& 
     EXPECT_EQ(result.standardOutput, out);
     EXPECT_EQ(result.standardError, errors);
     EXPECT_EQ(result.status, status);
+}
+
+void EndToEndTest::walk(const std::vector<Step>& steps, const std::string& workingDirectory,
+                        const std::map<std::string, std::string>& variables) const {
+    for (const Step& step : steps) {
+        SCOPED_TRACE(::testing::PrintToString(step.arguments));
+        expectResult(
+            ChildProcess::run(launch(tidePath(), step.arguments, workingDirectory, variables)),
+            step.out, step.errors, step.status);
+    }
 }
 
 std::string EndToEndTest::project(const std::string& name) const {

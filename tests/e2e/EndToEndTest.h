@@ -42,15 +42,27 @@ protected:
 
     // The isolated environment: PATH of the test, the test's folders and bus, nothing else.
     std::map<std::string, std::string> environment() const;
-    // The program with these arguments, started in that folder; change it before running.
+    // The program with these arguments, started in that folder, the variables given replacing
+    // those of the isolated environment; change it before running.
     ChildProcess::Launch launch(const std::string& program,
                                 const std::vector<std::string>& arguments,
-                                const std::string& workingDirectory) const;
+                                const std::string& workingDirectory,
+                                std::map<std::string, std::string> variables = {}) const;
     ProcessResult tide(const std::vector<std::string>& arguments,
                        const std::string& workingDirectory) const;
     // Checks all that a finished command left behind, and that it finished in time.
     static void expectResult(const ProcessResult& result, const std::string& out,
                              const std::string& errors, int status);
+    // A command of the tool and what it leaves behind.
+    struct Step {
+        std::vector<std::string> arguments;
+        std::string out;
+        std::string errors = "";
+        int status = 0;
+    };
+    // Runs the tool's commands one after another in the folder and checks each.
+    void walk(const std::vector<Step>& steps, const std::string& workingDirectory,
+              const std::map<std::string, std::string>& variables = {}) const;
 
     // A new folder below the test's projects folder.
     std::string project(const std::string& name) const;

@@ -21,15 +21,11 @@ std::map<std::string, std::string> RunningApplicationTest::applicationEnvironmen
 
 void RunningApplicationTest::startApplication(const std::map<std::string, std::string>& variables,
                                               const std::vector<std::string>& launcher) {
-    auto environment = applicationEnvironment();
-    environment.insert(variables.begin(), variables.end());
-    std::vector<std::string> arguments = launcher;
-    arguments.push_back(tidewellPath());
-    application =
-        std::make_unique<ChildProcess>(ChildProcess::Launch{.arguments = arguments,
-                                                            .workingDirectory = home,
-                                                            .environment = environment,
-                                                            .takesInput = !launcher.empty()});
+    ChildProcess::Launch start = launch(tidewellPath(), {}, home, variables);
+    start.environment.merge(applicationEnvironment());
+    start.arguments.insert(start.arguments.begin(), launcher.begin(), launcher.end());
+    start.takesInput = !launcher.empty();
+    application = std::make_unique<ChildProcess>(start);
     std::optional<unsigned long> window;
     ASSERT_TRUE(waitUntil(
         [&] { return (window = inspector.findWindow("Tidewell Shelf")).has_value(); }, 15s))
@@ -39,11 +35,11 @@ void RunningApplicationTest::startApplication(const std::map<std::string, std::s
 
 std::unique_ptr<ChildProcess>
 RunningApplicationTest::startDragSource(int x, int y, const std::vector<std::string>& paths) const {
-    std::vector<std::string> arguments{buildFolder() + "/tests/tidewell_drag_source_probe", "--at",
-                                       std::to_string(x) + "," + std::to_string(y)};
+    std::vector<std::string> arguments{"--at", std::to_string(x) + "," + std::to_string(y)};
     arguments.insert(arguments.end(), paths.begin(), paths.end());
-    auto source = std::make_unique<ChildProcess>(ChildProcess::Launch{
-        .arguments = arguments, .workingDirectory = home, .environment = applicationEnvironment()});
+    auto source =
+        std::make_unique<ChildProcess>(launch(buildFolder() + "/tests/tidewell_drag_source_probe",
+                                              arguments, home, applicationEnvironment()));
     EXPECT_TRUE(source->waitForOutput("ready")) << "the drag source did not show its window";
     return source;
 }

@@ -1,4 +1,3 @@
-#include "core/items/ItemsJson.h"
 #include "e2e/RunningApplicationTest.h"
 
 #include <algorithm>
@@ -44,11 +43,6 @@ TEST_F(ShelfTileTest, ClicksMenusAndTheWheelReachTheTilesWhileTheFocusStaysElsew
     const std::string marker = root.path() + "/marker";
     const std::string server = addProject(
         "server", {"--command", "echo first > '" + marker + "'\npwd >> '" + marker + "'"});
-    // Dates are stored to the second: an opening long ago shows the new one for sure.
-    std::vector<NotchItem> items = storedItems();
-    for (NotchItem& item : items)
-        item.lastOpenedAt = item.createdAt - std::chrono::hours(1);
-    writeItemsFile(ItemsJson::encode(items));
     root.write("config/Tidewell/Tidewell.conf", "[General]\npreferredTerminalApp=xterm\n");
     // Terminals open low on the left, clear of the shelf and of the pixels the test reads.
     const std::string resources = root.write("xterm-resources", "XTerm*geometry: 40x5+0+800\n");
@@ -63,11 +57,6 @@ TEST_F(ShelfTileTest, ClicksMenusAndTheWheelReachTheTilesWhileTheFocusStaysElsew
     EXPECT_EQ(inspector.focusedWindow(), editor);
     clickTile(0, 1);
     expectFolderOpened(alpha);
-    EXPECT_TRUE(waitUntil([&] {
-        const std::vector<NotchItem> now = storedItems();
-        return now.size() == 3 && now[0].path == alpha &&
-               now[0].lastOpenedAt > items[0].lastOpenedAt;
-    })) << "lastOpenedAt was not recorded";
     EXPECT_EQ(inspector.focusedWindow(), editor);
     EXPECT_EQ(inspector.activeWindow(), editor);
 

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <regex>
 
 namespace tidewell::testing {
 namespace {
@@ -65,7 +66,6 @@ TEST_F(ShelfWindowTest, ThrowsAndHoverOpenTheDrawnOutlineWhichGrowsByAPinAndLets
     for (const int x : {870, 960, 1049}) {
         hand.movePointerTo(x, 300);
         hand.movePointerBy(0, -400); // the top edge stops it
-        ASSERT_EQ(hand.pointerPosition(), std::pair(x, 0));
         EXPECT_TRUE(waitUntil([&] { return isShelfShown(); })) << "at x = " << x;
         hand.movePointerTo(x, 600);
         EXPECT_TRUE(waitUntil([&] { return !isShelfShown(); })) << "at x = " << x;
@@ -99,18 +99,17 @@ TEST_F(ShelfWindowTest, ThrowsAndHoverOpenTheDrawnOutlineWhichGrowsByAPinAndLets
 // loaded from beside the program or from the library folder of its prefix: a copy of the
 // program in a folder of its own finds neither. In a Wayland session whose compositor has no
 // layer shell, with XWayland's display beside it (here Xvfb's), the application chooses X11
-// with a trigger window at the top centre. A second start, also through the tool, shows the
-// running one's shelf for a moment and ends quietly.
+// with a trigger window at the top centre. A second start shows the running one's shelf for a
+// moment and ends quietly.
 TEST_F(ShelfWindowTest, FailedStartsSayWhyAndWithoutLayerShellATriggerWindowOpensTheShelf) {
     const PostedSignals startSignals(environment());
     const std::string program = root.makeFolder("alone") + "/tidewell";
     fs::copy_file(tidewellPath(), program);
     const ProcessResult alone = ChildProcess::run(launch(program, {}, home), 5s);
     EXPECT_EQ(alone.standardOutput, "");
-    EXPECT_TRUE(alone.standardError.starts_with("tidewell: cannot load the user interface: "))
+    EXPECT_TRUE(std::regex_match(alone.standardError,
+                                 std::regex("tidewell: cannot load the user interface: .+\n")))
         << alone.standardError;
-    EXPECT_EQ(std::ranges::count(alone.standardError, '\n'), 1);
-    EXPECT_TRUE(alone.standardError.ends_with("\n"));
     EXPECT_EQ(alone.status, 1);
     EXPECT_TRUE(fs::is_regular_file(dataFolder() + "/app.lock"));
 
@@ -128,25 +127,10 @@ TEST_F(ShelfWindowTest, FailedStartsSayWhyAndWithoutLayerShellATriggerWindowOpen
                             "shell and DISPLAY is not set for XWayland\n"},
              {{}, "tidewell: no window system: neither WAYLAND_DISPLAY nor DISPLAY is set\n"},
          }) {
-        ChildProcess::Launch start = launch(tidewellPath(), {}, home);
-        start.environment.insert(variables.begin(), variables.end());
-        expectResult(ChildProcess::run(start), "", line, 1);
+        expectResult(ChildProcess::run(launch(tidewellPath(), {}, home, variables)), "", line, 1);
     }
-    ChildProcess::Launch list = launch(tidePath(), {"list"}, home);
-    list.environment.insert(noLayerShell.begin(), noLayerShell.end());
-    expectResult(ChildProcess::run(list), "", "", 0);
+    walk({{{"list"}, ""}}, home, noLayerShell);
     EXPECT_TRUE(startSignals.received().empty());
-    {
-        const auto running = SingleInstanceGuard::acquire(
-            DataFolder({.home = home, .applicationSupport = dataHome}));
-        ASSERT_TRUE(running) << "the lock a running application holds";
-        expectResult(ChildProcess::run(launch(tidePath(), {"show", "ignored"}, home), 5s), "", "",
-                     0);
-        EXPECT_EQ(readFile(dataFolder() + "/.showOnLaunch"), "");
-        // The application the tool starts finds the lock held and asks the running one.
-        EXPECT_TRUE(startSignals.waitFor("Tidewell.showShelf"));
-        fs::remove(dataFolder() + "/.showOnLaunch");
-    }
 
     addProject("alpha");
     auto wayland = noLayerShell;
@@ -186,9 +170,8 @@ TEST_F(ShelfWindowTest, FailedStartsSayWhyAndWithoutLayerShellATriggerWindowOpen
         SingleInstanceGuard::acquire(DataFolder({.home = home, .applicationSupport = dataHome})))
         << "the running application does not hold the lock";
     const PostedSignals signals(environment());
-    ChildProcess::Launch second = launch(tidewellPath(), {}, home);
-    second.environment = applicationEnvironment();
-    expectResult(ChildProcess::run(second), "", "", 0);
+    expectResult(ChildProcess::run(launch(tidewellPath(), {}, home, applicationEnvironment())), "",
+                 "", 0);
     EXPECT_TRUE(signals.waitFor("Tidewell.showShelf"));
     ASSERT_TRUE(waitUntil([&] { return isShelfShown(); }));
     EXPECT_EQ(inspector.rootGeometry(panel), panelGeometry(1));

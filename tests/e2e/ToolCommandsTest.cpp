@@ -37,13 +37,6 @@ NotchItem record(const std::string& name, bool isFavorite, const std::string& la
             .lastOpenedAt = *InternetDate::parse(lastOpenedAt)};
 }
 
-struct Step {
-    std::vector<std::string> arguments;
-    std::string out;
-    std::string errors = "";
-    int status = 0;
-};
-
 using ToolCommandsTest = EndToEndTest;
 
 // The desktop's opener is replaced by a script that notes its arguments and fails with 3. Each
@@ -60,14 +53,8 @@ TEST_F(ToolCommandsTest, AUserRecordsPinsOpensAndCachesFoldersAndOnlySavesAreAnn
         root.write("fake-bin/xdg-open",
                    "#!/bin/sh\nprintf '%s\\n' \"$@\" > '" + opened + "'\nexit 3\n"),
         std::filesystem::perms::owner_all);
-    const auto walk = [&](const std::vector<Step>& steps) {
-        for (const Step& step : steps) {
-            SCOPED_TRACE(step.arguments.front());
-            ChildProcess::Launch command = launch(tidePath(), step.arguments, web);
-            command.environment["PATH"] = root.path() + "/fake-bin:" + command.environment["PATH"];
-            expectResult(ChildProcess::run(command), step.out, step.errors, step.status);
-        }
-    };
+    const std::map<std::string, std::string> fakeOpener = {
+        {"PATH", root.path() + "/fake-bin:" + environment().at("PATH")}};
     const std::string missing = "Path does not exist: " + web + "/";
     walk({{{"list"}, ""},
           {{"help", "extra"}, usageText},
@@ -78,14 +65,16 @@ TEST_F(ToolCommandsTest, AUserRecordsPinsOpensAndCachesFoldersAndOnlySavesAreAnn
           {{"login-status"}, "not found\n"},
           {{"nowhere"}, "", missing + "nowhere\n", 2},
           {{"open", "missing"}, "", missing + "missing\n", 2},
-          {{"remove", "web"}, "", "No item matched web\n", 1}});
+          {{"remove", "web"}, "", "No item matched web\n", 1}},
+         web, fakeOpener);
     EXPECT_FALSE(readFile(itemsFile())) << "made before the first save";
     EXPECT_FALSE(readFile(opened));
 
     walk({{{"."}, "Added to recent: web\n"},
           {{"add", ".", "--name", "Studio", "--command", "npm run dev"}, "Pinned: Studio\n"},
           {{"list"}, "* Studio\t" + web + "\n"},
-          {{"open", site}, "Added to recent: site\n", "", 3}});
+          {{"open", site}, "Added to recent: site\n", "", 3}},
+         web, fakeOpener);
     const std::vector<NotchItem> stored = storedItems();
     ASSERT_EQ(stored.size(), 2u);
     const std::string id = stored[0].id.text();
@@ -109,11 +98,11 @@ TEST_F(ToolCommandsTest, AUserRecordsPinsOpensAndCachesFoldersAndOnlySavesAreAnn
     NotchItem logo = record("Logo", true, "2025-02-01T10:00:00Z");
     logo.iconPath = root.write("projects/site/logo.PNG", "not really a png");
     writeItemsFile(ItemsJson::encode({logo}));
-    walk({{{"cache-icons"}, "Cached 1 project icon\n"}});
+    walk({{{"cache-icons"}, "Cached 1 project icon\n"}}, web);
     logo.iconPath = dataFolder() + "/Icons/" + logo.id.text() + ".png";
     EXPECT_EQ(itemsFileBytes(), ItemsJson::encode({logo}));
     EXPECT_EQ(readFile(*logo.iconPath), "not really a png");
-    walk({{{"cache-icons"}, "Cached 0 project icons\n"}});
+    walk({{{"cache-icons"}, "Cached 0 project icons\n"}}, web);
 
     ASSERT_EQ(
         ChildProcess::run(launch("dbus-send",

@@ -3,12 +3,9 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 
 namespace tidewell::testing {
 namespace {
-
-constexpr const char* dummyDriver = "/usr/lib/xorg/modules/drivers/dummy_drv.so";
 
 // No input devices of the machine: the tests' pointer and keys come through XTest.
 std::string configuration(int width, int height) {
@@ -82,11 +79,6 @@ MonitorDisplay::MonitorDisplay(int width, int height, const std::vector<Monitor>
     runClient({"xrandr", "--output", "DUMMY0", "--mode", "framebuffer"});
     for (const Monitor& monitor : monitors)
         addMonitor(monitor, &monitor == &monitors.front());
-}
-
-bool MonitorDisplay::isAvailable() {
-    return std::filesystem::exists("/usr/bin/Xorg") && std::filesystem::exists("/usr/bin/xrandr") &&
-           std::filesystem::exists(dummyDriver);
 }
 
 void MonitorDisplay::removeMonitor(const std::string& name) {

@@ -32,8 +32,6 @@ class MonitorDisplay : private XorgConfiguration, public VirtualDisplay {
 public:
     MonitorDisplay(int width, int height, const std::vector<Monitor>& monitors);
 
-    // Whether Xorg and its dummy driver are installed.
-    static bool isAvailable();
     // Clients see the monitor go, and a new one come: moving a monitor is both.
     void removeMonitor(const std::string& name);
     void addMonitor(const Monitor& monitor, bool isPrimary = false);

@@ -196,14 +196,6 @@ std::string X11TestClient::property(unsigned long window, const std::string& nam
     return at == std::string::npos ? "" : line.substr(at + 2, line.size() - at - 3);
 }
 
-bool X11TestClient::acceptsInput(unsigned long window) {
-    XWMHints* hints = XGetWMHints(display_, window);
-    const bool accepts = !hints || !(hints->flags & InputHint) || hints->input;
-    if (hints)
-        XFree(hints);
-    return accepts;
-}
-
 bool X11TestClient::isViewable(unsigned long window) {
     XWindowAttributes attributes{};
     return XGetWindowAttributes(display_, window, &attributes) &&

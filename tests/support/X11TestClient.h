@@ -88,8 +88,6 @@ public:
     // The property's value as xprop prints it ("4294967295", "_NET_WM_STATE_ABOVE, ..."); empty
     // when the window has none.
     std::string property(unsigned long window, const std::string& name);
-    // WM_HINTS' input field; true when the window sets none.
-    bool acceptsInput(unsigned long window);
     bool isViewable(unsigned long window);
     // Where the window lies on the root window, whoever its parent is.
     WindowRect rootGeometry(unsigned long window);

@@ -48,19 +48,14 @@ protected:
     // Another client's window over that area of the layout, offering the paths as a file drag
     // and reporting presses and drops.
     std::unique_ptr<ChildProcess> startWindow(int x, int y, int width, int height,
-                                              std::vector<std::string> paths = {}) {
+                                              std::vector<std::string> paths) {
         paths.insert(paths.begin(), {"--at", "0,0"});
         auto window = session(buildFolder() + "/tests/tidewell_drag_source_probe", paths);
         window.environment["QT_QPA_PLATFORM"] = "wayland";
         auto client = std::make_unique<ChildProcess>(window);
-        EXPECT_TRUE(waitForLine(*client, "ready")) << client->standardError();
+        EXPECT_TRUE(client->waitForOutput("ready\n")) << client->standardError();
         desktop.place(client->pid(), x, y, width, height);
         return client;
-    }
-
-    static bool waitForLine(const ChildProcess& client, const std::string& line) {
-        return waitUntil(
-            [&] { return client.standardOutput().find(line + "\n") != std::string::npos; }, 10s);
     }
 
     // The application's surfaces appear a while after it started; until then the pointer at
@@ -153,13 +148,16 @@ protected:
 };
 
 // The top pixel row of an output and the rows just below it open the shelf there, over other
-// windows, and on that output only.
-TEST_F(WaylandShelfTest, TheTopCentreOfEachOutputOpensTheShelfWhereATilesMenuOpensATerminal) {
+// windows, and on that output only. The window below is another client offering a folder as
+// a file drag.
+TEST_F(WaylandShelfTest, TheShelfOpensAtTheTopOfEachOutputTakesDropsAndItsTilesOpenTerminals) {
     root.write("config/Tidewell/Tidewell.conf", "[General]\npreferredTerminalApp=foot\n");
     const std::string alpha = addProject("alpha");
-    addProject("beta");
-    addProject("gamma");
-    const auto below = startWindow(0, 0, SwayDesktop::outputWidth, SwayDesktop::outputHeight);
+    const std::string beta = addProject("beta");
+    const std::string gamma = addProject("gamma");
+    const std::string dropped = project("dropped");
+    const auto below =
+        startWindow(0, 0, SwayDesktop::outputWidth, SwayDesktop::outputHeight, {dropped});
     ASSERT_TRUE(startApplicationAndOpen(centreX(1), 0, 3)) << application->standardError();
     EXPECT_EQ(drawnBodyWidth(0), 0) << "drawn on the other output too";
     desktop.moveTo(centreX(1), 600);
@@ -174,31 +172,8 @@ TEST_F(WaylandShelfTest, TheTopCentreOfEachOutputOpensTheShelfWhereATilesMenuOpe
     // A click on the top edge beside the trigger reaches the window below, and opens nothing.
     desktop.moveTo(400, 0);
     desktop.click();
-    EXPECT_TRUE(waitForLine(*below, "pressed 400,0")) << below->standardOutput();
+    EXPECT_TRUE(below->waitForOutput("pressed 400,0\n")) << below->standardOutput();
     EXPECT_EQ(drawnBodyWidth(0), 0);
-
-    // A project pinned while the shelf is open widens it by one tile.
-    desktop.moveTo(centreX(0), 3);
-    ASSERT_TRUE(waitUntilSettled(0, 3));
-    addProject("delta");
-    ASSERT_TRUE(waitUntilSettled(0, 4)) << drawnBodyWidth(0);
-
-    // The first tile's menu: its second entry opens a terminal in the folder.
-    const auto [x, y] = tileCentre(0, 4, 0);
-    chooseSecondMenuEntry(x, y);
-    EXPECT_TRUE(waitUntil([&] { return isWorkedIn(alpha); }, 15s))
-        << "no terminal runs a shell in " << alpha;
-}
-
-TEST_F(WaylandShelfTest, FoldersDroppedFromAnotherClientArePinnedAndATileDraggedOutIsUnpinned) {
-    const std::string alpha = addProject("alpha");
-    const std::string beta = addProject("beta");
-    const std::string gamma = addProject("gamma");
-    const std::string dropped = project("dropped");
-    const auto source = startWindow(200, 400, 120, 80, {dropped});
-    ASSERT_TRUE(startApplicationAndOpen(centreX(0), 3, 3)) << application->standardError();
-    desktop.moveTo(centreX(0), 600);
-    ASSERT_TRUE(waitUntilClosed(0));
 
     // From the other client up into the trigger: the shelf opens (the dragged icon covers the
     // pointer's place), perhaps with a gap already; over the second tile a gap opens for the
@@ -216,7 +191,7 @@ TEST_F(WaylandShelfTest, FoldersDroppedFromAnotherClientArePinnedAndATileDragged
     EXPECT_TRUE(waitUntil([&] {
         return pinnedFolders() == std::vector<std::string>{alpha, dropped, beta, gamma};
     })) << ::testing::PrintToString(pinnedFolders());
-    EXPECT_TRUE(waitForLine(*source, "finished copy")) << source->standardOutput();
+    EXPECT_TRUE(below->waitForOutput("finished copy\n")) << below->standardOutput();
 
     // The first tile dragged far below the shelf is unpinned.
     ASSERT_TRUE(waitUntilSettled(0, 4));
@@ -228,6 +203,18 @@ TEST_F(WaylandShelfTest, FoldersDroppedFromAnotherClientArePinnedAndATileDragged
     EXPECT_TRUE(waitUntil([&] {
         return pinnedFolders() == std::vector<std::string>{dropped, beta, gamma};
     })) << ::testing::PrintToString(pinnedFolders());
+
+    // A project pinned while the shelf is open widens it by one tile.
+    desktop.moveTo(centreX(0), 3);
+    ASSERT_TRUE(waitUntilSettled(0, 3));
+    addProject("delta");
+    ASSERT_TRUE(waitUntilSettled(0, 4)) << drawnBodyWidth(0);
+
+    // The first tile's menu: its second entry opens a terminal in the folder.
+    const auto [menuX, menuY] = tileCentre(0, 4, 0);
+    chooseSecondMenuEntry(menuX, menuY);
+    EXPECT_TRUE(waitUntil([&] { return isWorkedIn(dropped); }, 15s))
+        << "no terminal runs a shell in " << dropped;
 }
 
 } // namespace

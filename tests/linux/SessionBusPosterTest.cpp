@@ -35,8 +35,6 @@ TEST(SessionBusPoster, PostsReachTheBusByItsAddressOrTheRuntimeFolder) {
     environment.set("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + runtime.path() + "/missing");
     SessionBusPoster().post("Tidewell.itemsChanged");
     environment.unset("DBUS_SESSION_BUS_ADDRESS");
-    environment.set("XDG_RUNTIME_DIR", "relative");
-    SessionBusPoster().post("Tidewell.itemsChanged");
     environment.unset("XDG_RUNTIME_DIR");
     SessionBusPoster().post("Tidewell.itemsChanged");
     // Each post ends before the next starts, so this one arrives after any stray one.

@@ -54,7 +54,6 @@ TEST_F(ItemSettingsModelTest, EditsChangeOnlyTheirRowInPlaceAndDetailsStayOpenAc
     ASSERT_NE(found, saved.end());
     EXPECT_EQ(*found, expected);
     EXPECT_EQ(files.readFile(*expected.iconPath), "png bytes");
-    EXPECT_EQ(value(row, Role::TintHexRole).toString(), "#112233");
     EXPECT_EQ(value(row, Role::IconSourceRole).toUrl().toLocalFile().toStdString(),
               *expected.iconPath);
     EXPECT_EQ(resets, 0);

@@ -4,7 +4,6 @@
 #include "support/TemporaryDirectory.h"
 
 #include <QImage>
-#include <QImageReader>
 #include <QImageWriter>
 #include <QQmlComponent>
 #include <QQmlEngine>
@@ -15,7 +14,7 @@ namespace tidewell {
 namespace {
 
 // Every kind of image that discovery may pick is drawn by the tiles' icon view, and what the
-// tool takes for drawable is what the toolkit reads: HEIC alone has no plugin here.
+// tool takes for drawable is what the toolkit draws: HEIC alone has no plugin here.
 TEST(ProjectIconView, DrawsEveryFormatThatDiscoveryMayPick) {
     const QtPluginImageFormats formats = QtPluginImageFormats::installed();
     const testing::TemporaryDirectory folder;
@@ -28,8 +27,6 @@ TEST(ProjectIconView, DrawsEveryFormatThatDiscoveryMayPick) {
          {"png", "jpg", "jpeg", "ico", "icns", "tiff", "webp", "svg", "heic"}) {
         const bool isDrawable = extension != "heic";
         EXPECT_EQ(formats.canDecode(extension.toStdString()), isDrawable) << extension.data();
-        EXPECT_EQ(QImageReader::supportedImageFormats().contains(extension), isDrawable)
-            << extension.data();
         if (!isDrawable)
             continue;
         const QString file = QString::fromStdString(folder.path()) + "/icon." + extension;

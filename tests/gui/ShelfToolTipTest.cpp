@@ -26,7 +26,6 @@ TEST(ShelfToolTip, ShowsInAWindowOfItsOwnBelowTheTileAndOnTheScreen) {
         bool isBelow;
         bool isCentred;
     } cases[] = {{"under the notch", {930, 30}, true, true},
-                 {"at the left edge", {0, 30}, true, false},
                  {"at the right edge", {1860, 30}, true, false},
                  {"at the bottom edge", {400, 1017}, false, true}};
     const QSize tileSize(60, 63);

@@ -1,6 +1,5 @@
 #include "linux/PosixProcessLauncher.h"
 
-#include "core/platform/Error.h"
 #include "support/ScopedEnvironment.h"
 #include "support/TemporaryDirectory.h"
 #include "support/WaitUntil.h"
@@ -14,38 +13,6 @@ namespace tidewell::testing {
 namespace {
 
 using namespace std::chrono_literals;
-
-TEST(PosixProcessLauncher, RunAndWaitReturnsTheStatusOrTheSignalPlus128) {
-    ScopedEnvironment environment;
-    environment.set("TIDEWELL_TEST_MARK", "inherited");
-    PosixProcessLauncher launcher;
-    EXPECT_EQ(launcher.runAndWait("true", {}), 0);
-    EXPECT_EQ(launcher.runAndWait("/bin/sh", {"-c", "exit 7", "ignored"}), 7);
-    EXPECT_EQ(launcher.runAndWait("sh", {"-c", "kill -TERM $$"}), 128 + 15);
-    EXPECT_EQ(launcher.runAndWait("sh", {"-c", "test \"$TIDEWELL_TEST_MARK\" = inherited"}), 0);
-}
-
-TEST(PosixProcessLauncher, ProgramsThatCannotStartAreErrors) {
-    TemporaryDirectory folder;
-    const std::string notExecutable = folder.write("script.sh", "exit 0\n");
-    PosixProcessLauncher launcher;
-    const std::pair<std::function<void()>, std::string> starts[] = {
-        {[&] { launcher.runAndWait("tidewell-no-such-program", {}); },
-         "Cannot start tidewell-no-such-program: No such file or directory"},
-        {[&] { launcher.startDetached("tidewell-no-such-program", {"x"}); },
-         "Cannot start tidewell-no-such-program: No such file or directory"},
-        {[&] { launcher.runAndWait(notExecutable, {}); },
-         "Cannot start " + notExecutable + ": Permission denied"},
-    };
-    for (const auto& [start, message] : starts) {
-        try {
-            start();
-            ADD_FAILURE() << "no error for: " << message;
-        } catch (const Error& error) {
-            EXPECT_EQ(error.what(), message);
-        }
-    }
-}
 
 TEST(PosixProcessLauncher, DetachedProgramsGetANewSessionAndAClearedEnvironment) {
     TemporaryDirectory folder;

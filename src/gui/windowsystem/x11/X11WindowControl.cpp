@@ -42,24 +42,19 @@ void X11WindowControl::requestAllWorkspaces() {
     XEvent event{};
     event.xclient.type = ClientMessage;
     event.xclient.window = window_;
+    event.xclient.message_type = atom("_NET_WM_DESKTOP");
     event.xclient.format = 32;
-    const auto sendToWindowManager = [&](const char* type, long first, long second, long third) {
-        event.xclient.message_type = atom(type);
-        event.xclient.data.l[0] = first;
-        event.xclient.data.l[1] = second;
-        event.xclient.data.l[2] = third;
-        event.xclient.data.l[3] = applicationSource;
-        XSendEvent(display_, DefaultRootWindow(display_), False,
-                   SubstructureRedirectMask | SubstructureNotifyMask, &event);
-    };
-    sendToWindowManager("_NET_WM_DESKTOP", static_cast<long>(allWorkspaces), applicationSource, 0);
-    // A window manager that withdrew the window late may have dropped the states written
-    // before mapping; asking again puts them back. One message carries at most two.
-    sendToWindowManager("_NET_WM_STATE", addState,
-                        static_cast<long>(atom("_NET_WM_STATE_SKIP_TASKBAR")),
-                        static_cast<long>(atom("_NET_WM_STATE_SKIP_PAGER")));
-    sendToWindowManager("_NET_WM_STATE", addState, static_cast<long>(atom("_NET_WM_STATE_ABOVE")),
-                        0);
+    event.xclient.data.l[0] = static_cast<long>(allWorkspaces);
+    event.xclient.data.l[1] = applicationSource;
+    XSendEvent(display_, DefaultRootWindow(display_), False,
+               SubstructureRedirectMask | SubstructureNotifyMask, &event);
+    event.xclient.message_type = atom("_NET_WM_STATE");
+    event.xclient.data.l[0] = addState;
+    event.xclient.data.l[1] = static_cast<long>(atom("_NET_WM_STATE_SKIP_TASKBAR"));
+    event.xclient.data.l[2] = static_cast<long>(atom("_NET_WM_STATE_SKIP_PAGER"));
+    event.xclient.data.l[3] = applicationSource;
+    XSendEvent(display_, DefaultRootWindow(display_), False,
+               SubstructureRedirectMask | SubstructureNotifyMask, &event);
 }
 
 void X11WindowControl::setInputShape(const QRegion& region) {

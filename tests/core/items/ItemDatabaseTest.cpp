@@ -2,6 +2,7 @@
 #include "linux/FileDescriptor.h"
 #include "support/ItemsFixture.h"
 
+#include <filesystem>
 #include <sys/file.h>
 
 namespace tidewell::testing {
@@ -141,6 +142,25 @@ TEST_F(ItemDatabaseTest, ProjectFoldersAreExaminedBeforeTheLockIsTaken) {
     watching.beforeLock = [&] { writeItems({changed}); };
     EXPECT_EQ(watched.cacheExternalIcons(), 0);
     EXPECT_EQ(itemsFileBytes(), ItemsJson::encode({changed}));
+}
+
+// Stored folders are examined again only where their parent changed since the file was written.
+TEST_F(ItemDatabaseTest, StoredFoldersAreExaminedAgainOnlyWhereTheirParentChanged) {
+    const std::string a = root.makeFolder("work/a"), b = root.makeFolder("work/b");
+    database.upsert({.path = a});
+    database.upsert({.path = b});
+    LockWatchingFileSystem watching(folder.itemsLock(), root.path() + "/work/");
+    ItemDatabase watched({watching, clock, localCenter, distributedCenter, imageFormats}, folder);
+    const auto now = std::filesystem::file_time_type::clock::now();
+    std::filesystem::last_write_time(database.itemsURL(), now + std::chrono::hours(1));
+    watched.upsert({.path = b});
+    EXPECT_EQ(watching.examined, std::vector{b});
+
+    std::filesystem::last_write_time(database.itemsURL(), now - std::chrono::hours(1));
+    std::filesystem::remove(b);
+    std::filesystem::create_directory_symlink(a, b);
+    database.upsert({.path = a});
+    EXPECT_EQ(database.load().size(), 1u);
 }
 
 // A copy kept earlier in the same second is not replaced.

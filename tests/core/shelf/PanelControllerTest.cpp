@@ -111,6 +111,18 @@ TEST_F(PanelClosing, LeavingArmsOneCloseAndMovesCountEverywhereUntilItHasEnded) 
     EXPECT_EQ(controller->panelState(), PanelState::hidden);
 }
 
+// Back in the trigger before the background has begun to shrink: the close is taken back.
+TEST_F(PanelClosing, AReturnBeforeTheBackgroundShrinksTakesTheCloseBack) {
+    controller->start();
+    openFully();
+    move({150, 300});
+    advanceMilliseconds(450);
+    ASSERT_EQ(controller->panelState(), PanelState::hiding);
+    move({720, 880});
+    EXPECT_EQ(controller->panelState(), PanelState::visible);
+    EXPECT_TRUE(controller->layout().isExpanded());
+}
+
 TEST_F(PanelMenuTracking, HoldsTheShelfOpenAndArmsACloseWhenTrackingEndsOutside) {
     const auto track = [this](bool begins, Point pointerAt) {
         pointer.where = pointerAt;

@@ -96,15 +96,12 @@ struct Sample {
     Size size; // none: no size may be read
 };
 
-Size sizeOf(const std::optional<ImageSize>& size) {
-    return size ? Size({size->width, size->height}) : std::nullopt;
-}
-
 // As a file is read: from its start, and further only where a header points.
 Size sizeOfFile(const std::string& file) {
-    return sizeOf(imageSizeOfFile([&](std::size_t offset, std::size_t length) {
+    const auto size = imageSizeOfFile([&](std::size_t offset, std::size_t length) {
         return offset <= file.size() ? std::optional(file.substr(offset, length)) : std::nullopt;
-    }));
+    });
+    return size ? Size({size->width, size->height}) : std::nullopt;
 }
 
 // Metadata segments of the largest length, before the frame header.
@@ -118,9 +115,7 @@ std::string jpegAfterMetadata(int segments) {
 std::vector<Sample> samples() {
     const std::string jpegStart = jpeg(1, 1).substr(0, 2);
     const std::string jpegFrame = jpeg(640, 480).substr(2);
-    const std::string exif("\xFF\xE1\x00\x08"
-                           "Exif\0\0",
-                           10);
+    const std::string exif = std::string("\xFF\xE1\0\x08", 4) + "Exif" + std::string(2, '\0');
     std::string cursor = ico({{32, 32}});
     cursor[2] = 2;
     std::string icoDataInsideDirectory = ico({{32, 32}});

@@ -91,8 +91,6 @@ TEST_F(AppDelegateTest, TheMenuAddsFoldersTogglesOpenAtLoginRevealsDataShowsSett
     EXPECT_TRUE(files.isDirectory(dataFolder));
     EXPECT_EQ(workspace.calls, (std::vector<FakeWorkspace::Call>{
                                    {FakeWorkspace::Operation::openFolder, dataFolder}}));
-    statusItem.choose(StatusMenuAction::showSettings);
-    EXPECT_EQ(settingsWindow.showCount, 1);
     statusItem.choose(StatusMenuAction::quit);
     EXPECT_EQ(runningApplication.terminateCount, 1);
 }

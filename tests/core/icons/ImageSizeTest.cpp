@@ -26,11 +26,10 @@ std::string jpeg(std::uint32_t width, std::uint32_t height) {
 }
 
 // The file header and a 40-byte info header of a 24-bit bitmap.
-std::string bmp(std::uint32_t width, std::int32_t height) {
+std::string bmp(std::uint32_t width, std::uint32_t height) {
     return "BM" + littleEndian(54, 4) + littleEndian(0, 4) + littleEndian(54, 4) +
-           littleEndian(40, 4) + littleEndian(width, 4) +
-           littleEndian(static_cast<std::uint32_t>(height), 4) + littleEndian(1, 2) +
-           littleEndian(24, 2) + std::string(24, '\0');
+           littleEndian(40, 4) + littleEndian(width, 4) + littleEndian(height, 4) +
+           littleEndian(1, 2) + littleEndian(24, 2) + std::string(24, '\0');
 }
 
 std::string riffWebp(std::string_view chunkTag, const std::string& payload) {
@@ -140,7 +139,6 @@ std::vector<Sample> samples() {
         {"jpeg", jpeg(64, 48), {{64, 48}}},
         {"gif", std::string("GIF89a\x10\0\x20\0\0\0\0", 13), {{16, 32}}},
         {"bmp", bmp(40, 30), {{40, 30}}},
-        {"bmp stored top row first", bmp(40, -30), {{40, 30}}},
         // A Huffman table whose code counts add up to more than 256 symbols is damaged, and
         // no reason to distrust the frame header after it.
         {"jpeg frame behind other segments",
@@ -152,7 +150,6 @@ std::vector<Sample> samples() {
         {"jpeg impossible length", jpegStart + std::string("\xFF\xE0\x00\x01", 4) + jpegFrame},
         {"jpeg frame after 64 KiB of metadata", jpegAfterMetadata(1), {{640, 480}}},
         {"jpeg frame after more metadata than is read", jpegAfterMetadata(17)},
-        {"lossy webp", webpLossy(320, 240), {{320, 240}}},
         {"lossy webp, scaling bits aside", webpLossy(320 | 0xC000, 240 | 0x4000), {{320, 240}}},
         {"lossless webp", riffWebp("VP8L", "\x2f" + littleEndian(16383 << 14, 4)), {{1, 16384}}},
         {"extended webp",

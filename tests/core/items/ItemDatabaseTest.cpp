@@ -83,7 +83,6 @@ TEST_F(ItemDatabaseTest, RecordsOfOneFolderAreMergedQuietlyOnLoad) {
     merged.path = project;
     merged.launchCommand = "make";
     EXPECT_EQ(database.load(), std::vector{merged});
-    EXPECT_EQ(itemsFileBytes(), ItemsJson::encode({merged}));
     EXPECT_TRUE(distributedCenter.posted.empty());
 
     // A duplicate opened earlier only adds its pin.

@@ -224,19 +224,6 @@ TEST_F(PanelOnRequest, FollowsDisplayChangesAndPrivacyAndLeavesNothingBehindWhen
     EXPECT_EQ(panel.frame(), (Rect{{700, 772}, {200, 128}}));
     EXPECT_EQ(controller->layout().availableWidth(), 1536);
 
-    // Shown on another display, the open shelf moves there; it follows that display when it
-    // moves, and returns to the main display when it goes.
-    controller->show(sideDisplay);
-    EXPECT_EQ(panel.frame(), (Rect{{2300, 964}, {200, 116}}));
-    displays.displays.back().frame.origin.y = -50;
-    localCenter.post(screenParametersDidChange);
-    advanceMilliseconds(250);
-    EXPECT_EQ(panel.frame(), (Rect{{2300, 914}, {200, 116}}));
-    displays.displays.pop_back();
-    localCenter.post(screenParametersDidChange);
-    advanceMilliseconds(250);
-    EXPECT_EQ(panel.frame(), (Rect{{700, 772}, {200, 128}}));
-
     move(farAway);
     advanceMilliseconds(450);
     ASSERT_EQ(controller->panelState(), PanelState::hiding);

@@ -7,16 +7,12 @@
 
 namespace tidewell::testing {
 
-// Answers from a set of installed program names, and counts the questions.
+// Answers from a set of installed program names.
 class FakeExecutableLocator : public ExecutableLocator {
 public:
-    bool isInstalled(const std::string& name) const override {
-        ++lookups;
-        return installed.contains(name);
-    }
+    bool isInstalled(const std::string& name) const override { return installed.contains(name); }
 
     std::set<std::string> installed;
-    mutable int lookups = 0;
 };
 
 } // namespace tidewell::testing

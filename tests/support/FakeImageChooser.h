@@ -4,16 +4,12 @@
 
 namespace tidewell::testing {
 
-// Answers with `choice` (none: the user cancels) and counts how often it was shown.
+// Answers with `choice` (none: the user cancels).
 class FakeImageChooser : public ImageChooser {
 public:
-    std::optional<std::string> chooseImage() override {
-        ++shownCount;
-        return choice;
-    }
+    std::optional<std::string> chooseImage() override { return choice; }
 
     std::optional<std::string> choice;
-    int shownCount = 0;
 };
 
 } // namespace tidewell::testing

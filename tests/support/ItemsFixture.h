@@ -14,19 +14,10 @@
 
 namespace tidewell::testing {
 
-// An item database on real files in a fresh folder, with fake time and notification
-// centres that count what was posted.
+// An item database on real files in a fresh folder, with fake time and a fake
+// notification centre between processes that keeps what was posted.
 class ItemsFixture : public ::testing::Test {
 protected:
-    ItemsFixture() {
-        localCenter.addObserver(notchItemsChanged, [this] { ++localPosts; });
-    }
-
-    // The number of in-process posts delivered so far.
-    int deliveredLocalPosts() {
-        queue.runUntilIdle();
-        return localPosts;
-    }
     std::string itemsFileBytes() const { return files.readFile(database.itemsURL()).value_or(""); }
 
     TemporaryDirectory root;
@@ -39,9 +30,6 @@ protected:
     FakeDistributedCenter distributedCenter;
     FakeImageFormats imageFormats;
     ItemDatabase database{{files, clock, localCenter, distributedCenter, imageFormats}, folder};
-
-private:
-    int localPosts = 0;
 };
 
 } // namespace tidewell::testing

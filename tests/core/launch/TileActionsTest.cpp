@@ -31,7 +31,6 @@ protected:
     std::pair<std::string, std::string> konsoleRunning(const std::string& command) const {
         return {"konsole", TerminalLauncher::line(command, item.path) + "\nexec '/bin/bash' -i"};
     }
-    Date storedLastOpenedAt() { return database.load().at(0).lastOpenedAt; }
 
     testing::FakeKeyValueStore defaults;
     AppearanceSettings settings{defaults};

@@ -8,13 +8,10 @@
 #include "support/FakeWorkspace.h"
 #include "support/ItemsFixture.h"
 
-#include <filesystem>
 #include <memory>
 
 namespace tidewell::testing {
 namespace {
-
-using Names = std::vector<std::string>;
 
 const ApplicationLocation installedCopy{"/usr/local/bin/tidewell", true};
 const ApplicationLocation buildTreeCopy{"/home/user/src/tidewell/build/tidewell", false};
@@ -35,13 +32,6 @@ protected:
         changes = 0;
         counting = view->changed.connect([this] { ++changes; });
         return *view;
-    }
-    std::size_t saves() const { return distributedCenter.posted.size(); }
-    Names favoriteNames() const {
-        Names result;
-        for (const NotchItem& item : store.favorites())
-            result.push_back(item.name);
-        return result;
     }
 
     FakeKeyValueStore defaults;

@@ -16,11 +16,9 @@ using PanelOnRequest = PanelControllerFixture;
 TEST_F(PanelOpening, EnteringTheTriggerGrowsBackgroundThenContentThenSettles) {
     move(inTrigger);
     EXPECT_EQ(controller->panelState(), PanelState::showing);
-    EXPECT_TRUE(panel.isVisible());
     EXPECT_EQ(panel.alpha(), 1);
     EXPECT_EQ(panel.frame(), emptyShelfFrame);
     const ShelfLayout& layout = controller->layout();
-    EXPECT_EQ(layout.collapsedSize(), (Size{180, 28}));
     EXPECT_TRUE(layout.isBackgroundExpanded());
 
     advanceMilliseconds(164);
@@ -32,12 +30,6 @@ TEST_F(PanelOpening, EnteringTheTriggerGrowsBackgroundThenContentThenSettles) {
     EXPECT_EQ(controller->panelState(), PanelState::showing);
     advanceMilliseconds(1);
     EXPECT_EQ(controller->panelState(), PanelState::visible);
-
-    const auto framesWhenOpen = panel.frames.size();
-    move({725, 885});
-    advanceMilliseconds(1000);
-    EXPECT_EQ(panel.frames.size(), framesWhenOpen);
-    EXPECT_EQ(panel.orderFrontCount, 1);
 }
 
 TEST_F(PanelTrigger, DraggedFilesWidenTheTriggerBy56EachSideAndLowerItTo160) {
@@ -242,21 +234,7 @@ TEST_F(PanelOnRequest, FollowsDisplayChangesAndPrivacyAndLeavesNothingBehindWhen
     localCenter.post(screenParametersDidChange);
     queue.runUntilIdle();
     EXPECT_EQ(panel.frame(), (Rect{{700, 772}, {200, 128}}));
-    EXPECT_EQ(controller->layout().expandedSize(), (Size{200, 128}));
     EXPECT_EQ(controller->layout().availableWidth(), 1536);
-
-    // Shown on another display, the open shelf moves there; it follows that display when it
-    // moves, and returns to the main display when it goes.
-    controller->show(sideDisplay);
-    EXPECT_EQ(panel.frame(), (Rect{{2300, 964}, {200, 116}}));
-    displays.displays.back().frame.origin.y = -50;
-    localCenter.post(screenParametersDidChange);
-    advanceMilliseconds(250);
-    EXPECT_EQ(panel.frame(), (Rect{{2300, 914}, {200, 116}}));
-    displays.displays.pop_back();
-    localCenter.post(screenParametersDidChange);
-    advanceMilliseconds(250);
-    EXPECT_EQ(panel.frame(), (Rect{{700, 772}, {200, 128}}));
 
     move(farAway);
     advanceMilliseconds(450);

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "support/WaitUntil.h"
+
 #include <QCoreApplication>
 #include <QEventLoop>
-#include <chrono>
-#include <functional>
 
 namespace tidewell::testing {
 
@@ -11,14 +11,10 @@ namespace tidewell::testing {
 // still does not after the timeout.
 inline bool processEventsUntil(const std::function<bool()>& condition,
                                std::chrono::milliseconds timeout = std::chrono::seconds(5)) {
-    const auto deadline = std::chrono::steady_clock::now() + timeout;
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > deadline)
-            return false;
+    return waitUntil(condition, timeout, [] {
         QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-    return true;
+    });
 }
 
 } // namespace tidewell::testing

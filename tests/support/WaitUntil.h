@@ -7,14 +7,19 @@
 
 namespace tidewell::testing {
 
-// Polls the condition until it holds or the timeout passes; returns the condition.
-inline bool waitUntil(const std::function<bool()>& condition,
-                      std::chrono::milliseconds timeout = std::chrono::seconds(5)) {
+// Polls the condition until it holds or the timeout passes; returns the condition. Between
+// two polls it pauses 10 ms, or does `betweenPolls` (a caller with an event loop runs it).
+inline bool waitUntil(
+    const std::function<bool()>& condition,
+    std::chrono::milliseconds timeout = std::chrono::seconds(5),
+    const std::function<void()>& betweenPolls = [] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }) {
     const auto deadline = std::chrono::steady_clock::now() + timeout;
     while (!condition()) {
         if (std::chrono::steady_clock::now() > deadline)
             return false;
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        betweenPolls();
     }
     return true;
 }

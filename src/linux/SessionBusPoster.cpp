@@ -2,6 +2,7 @@
 
 #include "core/platform/FileUrl.h"
 #include "linux/BusNames.h"
+#include "linux/DBusAnswerCounter.h"
 #include "linux/DBusMessageWriter.h"
 #include "linux/FileDescriptor.h"
 
@@ -63,53 +64,16 @@ bool sendAll(int fd, std::string_view bytes) {
     return true;
 }
 
-std::uint32_t readUint32(std::string_view bytes, std::size_t offset, bool isLittleEndian) {
-    std::uint32_t value = 0;
-    for (int i = 0; i < 4; ++i) {
-        const auto byte = static_cast<unsigned char>(bytes[offset + (isLittleEndian ? i : 3 - i)]);
-        value |= static_cast<std::uint32_t>(byte) << (8 * i);
-    }
-    return value;
-}
-
-// Length of the first complete message in the buffer, or 0 when more bytes are needed.
-std::size_t completeMessageLength(std::string_view bytes) {
-    if (bytes.size() < 16)
-        return 0;
-    const bool isLittleEndian = bytes[0] == 'l';
-    const std::size_t fieldsEnd = 16 + readUint32(bytes, 12, isLittleEndian);
-    const std::size_t total = (fieldsEnd + 7) / 8 * 8 + readUint32(bytes, 4, isLittleEndian);
-    return bytes.size() >= total ? total : 0;
-}
-
-// Reads until the bus has answered this many method calls. It answers in order, so the
-// last answer means that everything sent before it has been handled.
+// Reads until the bus has answered this many method calls.
 bool awaitAnswers(int fd, int count) {
-    std::string buffer;
-    bool isAuthenticated = false;
+    DBusAnswerCounter counter;
     char chunk[4096];
-    while (count > 0) {
+    while (counter.answers() < count) {
         const ssize_t got = ::recv(fd, chunk, sizeof chunk, 0);
         if (got < 0 && errno == EINTR)
             continue;
-        if (got <= 0)
+        if (got <= 0 || !counter.take({chunk, static_cast<std::size_t>(got)}))
             return false;
-        buffer.append(chunk, static_cast<std::size_t>(got));
-        if (!isAuthenticated) {
-            const std::size_t lineEnd = buffer.find("\r\n");
-            if (lineEnd == std::string::npos)
-                continue;
-            if (!buffer.starts_with("OK "))
-                return false;
-            buffer.erase(0, lineEnd + 2);
-            isAuthenticated = true;
-        }
-        while (const std::size_t length = completeMessageLength(buffer)) {
-            const auto type = static_cast<unsigned char>(buffer[1]);
-            if (type == 2 || type == 3) // method return or error
-                --count;
-            buffer.erase(0, length);
-        }
     }
     return true;
 }

@@ -1,11 +1,15 @@
 #include "linux/SessionBusPoster.h"
 
+#include "linux/DBusAnswerCounter.h"
+#include "linux/DBusMessageWriter.h"
 #include "support/PrivateSessionBus.h"
 #include "support/ServeBus.h"
 #include "support/TemporaryDirectory.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <vector>
 
 namespace tidewell::testing {
 namespace {
@@ -42,6 +46,37 @@ TEST(SessionBusPoster, PostsReachTheBusByItsAddressOrTheRuntimeFolder) {
     SessionBusPoster().post("Tidewell.showShelf");
     ASSERT_TRUE(serveUntil(receiver, [&] { return shown; }));
     EXPECT_EQ(changes, 2);
+}
+
+// An answer counts when its last byte arrives, however the bus's stream is cut; signals in
+// between do not count, and a refused authentication ends the reading.
+TEST(DBusAnswerCounter, CountsReturnsAndErrorsWhenTheirLastByteArrives) {
+    const auto message = [](char type, std::initializer_list<std::string_view> body) {
+        std::string bytes =
+            DBusMessageWriter::message({DBusMessageWriter::Type::signal, 7, "/org/freedesktop/DBus",
+                                        "org.freedesktop.DBus", "NameAcquired", ":1.42"},
+                                       body);
+        bytes[1] = type;
+        return bytes;
+    };
+    std::string stream = "OK 1234abcd\r\n";
+    std::vector<std::size_t> answerEnds;
+    for (const std::string& next : {message(2, {":1.42"}), message(4, {":1.42"}), message(3, {})}) {
+        stream += next;
+        if (next[1] != 4)
+            answerEnds.push_back(stream.size());
+    }
+    DBusAnswerCounter counter;
+    for (std::size_t end = 1; end <= stream.size(); ++end) {
+        ASSERT_TRUE(counter.take(stream.substr(end - 1, 1)));
+        EXPECT_EQ(counter.answers(),
+                  std::ranges::count_if(answerEnds, [&](auto e) { return e <= end; }))
+            << "after " << end << " bytes";
+    }
+    DBusAnswerCounter whole;
+    EXPECT_TRUE(whole.take(stream));
+    EXPECT_EQ(whole.answers(), 2);
+    EXPECT_FALSE(DBusAnswerCounter().take("REJECTED EXTERNAL\r\n"));
 }
 
 } // namespace

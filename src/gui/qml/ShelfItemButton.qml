@@ -24,8 +24,10 @@ Item {
     ShelfColors {
         id: colors
     }
-    DashedSlot {
-        visible: tile.isDragged
+    // Made only while the tile is dragged: twenty idle slots would each keep a shape.
+    Loader {
+        active: tile.isDragged
+        sourceComponent: DashedSlot {}
     }
     Rectangle {
         anchors.fill: parent

@@ -52,9 +52,8 @@ std::optional<ImageSize> tiffSize(const ByteView& bytes) {
         else if (*tag == imageLengthTag)
             height = integerValue(bytes, entry, order);
     }
-    if (!width || !height)
-        return std::nullopt;
-    return positiveSize(*width, *height);
+    // A missing extent counts as none.
+    return positiveSize(width.value_or(0), height.value_or(0));
 }
 
 } // namespace tidewell::ImageHeaderReaders

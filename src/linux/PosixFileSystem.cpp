@@ -63,23 +63,21 @@ bool writeAll(int fd, std::string_view bytes) {
 // Opens a regular file for reading, or fails with errno set. Opening does not wait on a FIFO
 // without a writer or a device, and what was opened is checked, not what a stat before the
 // open saw: the name may have been replaced in between.
-int openRegularFile(const std::string& path, struct stat& info) {
+FileDescriptor openRegularFile(const std::string& path, struct stat& info) {
     FileDescriptor fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
-    if (fd.get() < 0)
-        return -1;
-    if (::fstat(fd.get(), &info) != 0)
-        return -1;
+    if (fd.get() < 0 || ::fstat(fd.get(), &info) != 0)
+        return {};
     if (!S_ISREG(info.st_mode)) {
         errno = S_ISDIR(info.st_mode) ? EISDIR : EINVAL;
-        return -1;
+        return {};
     }
-    return fd.release();
+    return fd;
 }
 
 std::optional<std::string> readUpTo(const std::string& path, std::size_t offset,
                                     std::size_t maxBytes) {
     struct stat info {};
-    FileDescriptor fd(openRegularFile(path, info));
+    const FileDescriptor fd = openRegularFile(path, info);
     if (fd.get() < 0)
         return std::nullopt;
     if (offset > 0 && ::lseek(fd.get(), static_cast<off_t>(offset), SEEK_SET) < 0)
@@ -280,7 +278,7 @@ void PosixFileSystem::copyFile(const std::string& from, const std::string& to) {
         throw Error("Cannot copy " + from + " to " + to + ": " + std::strerror(error));
     };
     struct stat info {};
-    FileDescriptor source(openRegularFile(from, info));
+    const FileDescriptor source = openRegularFile(from, info);
     if (source.get() < 0)
         failCopy(errno == EINVAL ? ENOTSUP : errno);
     FileDescriptor destination(

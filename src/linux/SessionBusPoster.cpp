@@ -30,26 +30,24 @@ std::string sessionBusAddress() {
     return "";
 }
 
-int connectTo(const std::string& path) {
+// A socket connected to the path, with the reply timeout; none when that fails.
+FileDescriptor connectTo(const std::string& path) {
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
     if (path.empty() || path.size() >= sizeof address.sun_path)
-        return -1;
+        return {};
     std::memcpy(address.sun_path, path.data(), path.size());
     if (path.front() == '@')
         address.sun_path[0] = '\0';
-    const int fd = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    if (fd < 0)
-        return -1;
+    // A socket that could not be made fails to connect as well.
+    FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
     const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + path.size() +
                                                (path.front() == '@' ? 0 : 1));
-    ::setsockopt(fd, SOL_SOCKET, SO_RCVTIMEO, &replyTimeout, sizeof replyTimeout);
-    ::setsockopt(fd, SOL_SOCKET, SO_SNDTIMEO, &replyTimeout, sizeof replyTimeout);
-    if (::connect(fd, reinterpret_cast<const sockaddr*>(&address), length) != 0) {
-        ::close(fd);
-        return -1;
-    }
-    return fd;
+    ::setsockopt(socket.get(), SOL_SOCKET, SO_RCVTIMEO, &replyTimeout, sizeof replyTimeout);
+    ::setsockopt(socket.get(), SOL_SOCKET, SO_SNDTIMEO, &replyTimeout, sizeof replyTimeout);
+    if (::connect(socket.get(), reinterpret_cast<const sockaddr*>(&address), length) != 0)
+        return {};
+    return socket;
 }
 
 bool sendAll(int fd, std::string_view bytes) {
@@ -115,7 +113,7 @@ std::string SessionBusPoster::socketPath(std::string_view busAddress) {
 }
 
 void SessionBusPoster::post(std::string_view name) {
-    const FileDescriptor socket(connectTo(socketPath(sessionBusAddress())));
+    const FileDescriptor socket = connectTo(socketPath(sessionBusAddress()));
     if (socket.get() < 0)
         return;
     using Type = DBusMessageWriter::Type;

@@ -6,7 +6,6 @@
 #include <chrono>
 #include <cmath>
 #include <cstdlib>
-#include <filesystem>
 #include <functional>
 #include <stdexcept>
 #include <thread>
@@ -16,10 +15,11 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Windows float, at the size they ask for until a test puts them elsewhere.
+// Windows float, at the size they ask for; the drag source probe's covers the first output.
 constexpr const char* configuration = R"(xwayland disable
 default_border none
 for_window [app_id=".*"] floating enable
+for_window [app_id="tidewell_drag_source_probe"] resize set 1920 1080, move absolute position 0 0
 output HEADLESS-1 mode 1920x1080 position 0 0 bg #33AA55 solid_color
 output HEADLESS-2 mode 1920x1080 position 1920 0 bg #33AA55 solid_color
 )";
@@ -53,9 +53,6 @@ SwayDesktop::SwayDesktop(const std::string& runtimeFolder, const std::string& po
     // Ready once the background is drawn on both outputs.
     waitFor(
         [&] {
-            for (const auto& entry : std::filesystem::directory_iterator(runtimeFolder))
-                if (entry.is_socket() && entry.path().filename().string().starts_with("wayland-"))
-                    socket_ = entry.path().filename();
             try {
                 const Screenshot shot = screenshot();
                 return shot.pixel(outputWidth / 2, 100) == background &&
@@ -74,22 +71,21 @@ SwayDesktop::SwayDesktop(const std::string& runtimeFolder, const std::string& po
 }
 
 std::map<std::string, std::string> SwayDesktop::environment() const {
-    return {{"WAYLAND_DISPLAY", socket_},
+    // The first name a compositor takes; the runtime folder is the test's own.
+    return {{"WAYLAND_DISPLAY", "wayland-1"},
             {"XDG_RUNTIME_DIR", runtimeFolder_},
             {"SWAYSOCK", runtimeFolder_ + "/sway.sock"}};
-}
-
-ProcessResult SwayDesktop::run(const std::vector<std::string>& arguments) const {
-    auto variables = environment();
-    variables["PATH"] = path();
-    return ChildProcess::run(
-        {.arguments = arguments, .workingDirectory = folder_.path(), .environment = variables});
 }
 
 SwayDesktop::Screenshot SwayDesktop::screenshot() const {
     const std::string area =
         "0,0 " + std::to_string(layoutWidth) + "x" + std::to_string(Screenshot::height);
-    const ProcessResult grim = run({"grim", "-g", area, "-t", "ppm", "-"});
+    auto variables = environment();
+    variables["PATH"] = path();
+    const ProcessResult grim =
+        ChildProcess::run({.arguments = {"grim", "-g", area, "-t", "ppm", "-"},
+                           .workingDirectory = folder_.path(),
+                           .environment = variables});
     // The samples, 8 bits each, end the picture after its header.
     const std::size_t size = std::size_t{3} * layoutWidth * Screenshot::height;
     if (grim.status != 0 || grim.standardOutput.size() < size)
@@ -110,15 +106,6 @@ int SwayDesktop::Screenshot::runThrough(int x, int y, unsigned long colour) cons
     while (left > 0 && right > x && pixel(left - 1, y) == colour)
         --left;
     return right - left;
-}
-
-void SwayDesktop::place(pid_t client, int x, int y, int width, int height) const {
-    const std::string command = "[pid=" + std::to_string(client) +
-                                "] floating enable, resize set " + std::to_string(width) + " " +
-                                std::to_string(height) + ", move absolute position " +
-                                std::to_string(x) + " " + std::to_string(y);
-    if (run({"swaymsg", command}).status != 0)
-        throw std::runtime_error("sway refused " + command);
 }
 
 // An empty command only waits for the pointer's first answer, "ready".

@@ -11,10 +11,11 @@
 namespace tidewell::testing {
 
 // A Wayland desktop of the test's own: sway on wlroots' headless backend, drawing in software,
-// without bar or XWayland, its two outputs side by side over a background of one colour;
-// windows float. It has no input devices: the user's hand is a virtual pointer client (the
-// `pointerProgram`), drawn into screenshots. Its sockets live in the runtime folder given.
-// sway refuses to run as root: the tests run as an unprivileged user.
+// without bar or XWayland, its two outputs side by side over a background of one colour.
+// Windows float; the drag source probe's covers the first output. It has no input devices:
+// the user's hand is a virtual pointer client (the `pointerProgram`), drawn into screenshots.
+// Its sockets live in the runtime folder given. sway refuses to run as root: the tests run as
+// an unprivileged user.
 class SwayDesktop {
 public:
     static constexpr int outputWidth = 1920;
@@ -37,8 +38,6 @@ public:
     // WAYLAND_DISPLAY, XDG_RUNTIME_DIR and SWAYSOCK, as a client of the desktop has them.
     std::map<std::string, std::string> environment() const;
     Screenshot screenshot() const;
-    // Floats the window of the process at the point of the layout, with that size.
-    void place(pid_t client, int x, int y, int width, int height) const;
 
     // The hand, each move returning once the compositor has handled it. Buttons: left, right.
     void moveTo(int x, int y);
@@ -53,12 +52,10 @@ public:
     void dragTo(int x, int y);
 
 private:
-    ProcessResult run(const std::vector<std::string>& arguments) const;
     void send(const std::string& command);
 
     std::string runtimeFolder_;
     TemporaryDirectory folder_;
-    std::string socket_;
     std::unique_ptr<ChildProcess> sway_;
     std::unique_ptr<ChildProcess> pointer_;
     int answers_ = 0;

@@ -55,7 +55,7 @@ TEST_F(XdgAutostartLoginItemServiceTest, EntriesSwitchedOffByTheUserAreNotRegist
          LoginItemStatus::enabled},
         {"[Desktop Entry]\nExec=tidewell\n[Desktop Action quit]\nHidden=true\n",
          LoginItemStatus::enabled},
-        {"# Hidden=true\n[Desktop Entry]\nExec=tidewell\n", LoginItemStatus::enabled},
+        {"Hidden=true\n[Desktop Entry]\nExec=tidewell\n", LoginItemStatus::enabled},
     };
     for (const auto& [text, status] : entries) {
         config.write("autostart/com.quorvel.tidewell.desktop", text);

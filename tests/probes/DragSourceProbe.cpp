@@ -30,7 +30,6 @@ public:
         // A managed window that the window manager neither decorates nor focuses: the tests'
         // other windows keep the keyboard.
         setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
-        setTitle("Tidewell Drag Source");
     }
 
 protected:

@@ -48,7 +48,6 @@ public:
     };
 
     explicit SwayDesktop(const std::string& runtimeFolder) : runtimeFolder_(runtimeFolder) {
-        const char* path = std::getenv("PATH");
         xServer_ = std::make_unique<ChildProcess>(ChildProcess::Launch{
             .arguments = {"Xvfb", "-displayfd", "1", "-screen", "0",
                           std::to_string(layoutWidth) + "x" + std::to_string(outputHeight) + "x24"},
@@ -60,7 +59,7 @@ public:
         sway_ = std::make_unique<ChildProcess>(ChildProcess::Launch{
             .arguments = {"sway", "--config", folder_.write("config", configuration)},
             .workingDirectory = folder_.path(),
-            .environment = {{"PATH", path ? path : "/usr/bin:/bin"}, // sway starts swaybg
+            .environment = {{"PATH", std::getenv("PATH")}, // sway starts swaybg
                             {"HOME", folder_.path()},
                             {"DISPLAY", display_},
                             {"XDG_RUNTIME_DIR", runtimeFolder},

@@ -56,24 +56,6 @@ protected:
         return client;
     }
 
-    // The application's surfaces appear a while after it started; until then the pointer at
-    // the top does nothing. Moves the pointer to the point until the shelf opens.
-    bool startApplicationAndOpen(int x, int y, int tiles) {
-        auto launch = session(tidewellPath());
-        launch.environment["XDG_DATA_DIRS"] = root.makeFolder("desktop-data");
-        launch.environment["XDG_CONFIG_DIRS"] = root.makeFolder("desktop-config");
-        application = std::make_unique<ChildProcess>(launch);
-        const int output = x / SwayDesktop::outputWidth;
-        return waitUntil(
-            [&] {
-                desktop.moveTo(x, 600);
-                desktop.moveTo(x, y);
-                return waitUntil([&] { return drawnBodyWidth(output) > 0; }, 1s) &&
-                       waitUntilOpen(output, tiles);
-            },
-            20s);
-    }
-
     // The width of the black body in the output's row above the tiles, through the point dx
     // from its centre; 0 without one.
     int drawnBodyWidth(int output, int dx = 0) const {
@@ -142,7 +124,6 @@ protected:
     }
 
     SwayDesktop desktop{runtimeFolder};
-    std::unique_ptr<ChildProcess> application;
 };
 
 // The top pixel row of an output and the rows just below it open the shelf there, over other
@@ -155,7 +136,20 @@ TEST_F(WaylandShelfTest, TheShelfOpensAtTheTopOfEachOutputTakesDropsAndItsTilesO
     const std::string gamma = addProject("gamma");
     const std::string dropped = project("dropped");
     const auto below = startWindow({dropped});
-    ASSERT_TRUE(startApplicationAndOpen(centreX(1), 0, 3)) << application->standardError();
+    auto launch = session(tidewellPath());
+    launch.environment["XDG_DATA_DIRS"] = root.makeFolder("desktop-data");
+    launch.environment["XDG_CONFIG_DIRS"] = root.makeFolder("desktop-config");
+    const ChildProcess application(launch);
+    // Its surfaces appear a while after it started; until then the pointer at the top does
+    // nothing.
+    ASSERT_TRUE(waitUntil(
+        [&] {
+            desktop.moveTo(centreX(1), 600);
+            desktop.moveTo(centreX(1), 0);
+            return waitUntil([&] { return drawnBodyWidth(1) > 0; }, 1s) && waitUntilOpen(1, 3);
+        },
+        20s))
+        << application.standardError();
     EXPECT_EQ(drawnBodyWidth(0), 0) << "drawn on the other output too";
     desktop.moveTo(centreX(0), 3);
     EXPECT_TRUE(waitUntilOpen(0, 3));

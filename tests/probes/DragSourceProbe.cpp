@@ -35,12 +35,7 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter(this).fillRect(QRect(QPoint(), size()), QColor(0xFF8800));
-    }
-
-    void exposeEvent(QExposeEvent* event) override {
-        QRasterWindow::exposeEvent(event);
-        if (isExposed())
-            std::cout << "ready" << std::endl;
+        std::cout << "ready" << std::endl;
     }
 
     void mousePressEvent(QMouseEvent* event) override {

@@ -45,17 +45,6 @@ protected:
         return session;
     }
 
-    // Another client's window over the first output, offering the paths as a file drag and
-    // reporting presses and drops.
-    std::unique_ptr<ChildProcess> startWindow(std::vector<std::string> paths) {
-        paths.insert(paths.begin(), {"--at", "0,0"});
-        auto window = session(buildFolder() + "/tests/tidewell_drag_source_probe", paths);
-        window.environment["QT_QPA_PLATFORM"] = "wayland";
-        auto client = std::make_unique<ChildProcess>(window);
-        EXPECT_TRUE(client->waitForOutput("ready\n")) << client->standardError();
-        return client;
-    }
-
     // The width of the black body in the output's row above the tiles, through the point dx
     // from its centre; 0 without one.
     int drawnBodyWidth(int output, int dx = 0) const {
@@ -135,7 +124,13 @@ TEST_F(WaylandShelfTest, TheShelfOpensAtTheTopOfEachOutputTakesDropsAndItsTilesO
     const std::string beta = addProject("beta");
     const std::string gamma = addProject("gamma");
     const std::string dropped = project("dropped");
-    const auto below = startWindow({dropped});
+    // Another client's window over the first output, offering the folder as a file drag and
+    // reporting presses and drops.
+    auto window =
+        session(buildFolder() + "/tests/tidewell_drag_source_probe", {"--at", "0,0", dropped});
+    window.environment["QT_QPA_PLATFORM"] = "wayland";
+    const ChildProcess below(window);
+    ASSERT_TRUE(below.waitForOutput("ready\n")) << below.standardError();
     auto launch = session(tidewellPath());
     launch.environment["XDG_DATA_DIRS"] = root.makeFolder("desktop-data");
     launch.environment["XDG_CONFIG_DIRS"] = root.makeFolder("desktop-config");
@@ -160,7 +155,7 @@ TEST_F(WaylandShelfTest, TheShelfOpensAtTheTopOfEachOutputTakesDropsAndItsTilesO
     // A click on the top edge beside the trigger reaches the window below.
     desktop.moveTo(400, 0);
     desktop.click();
-    EXPECT_TRUE(below->waitForOutput("pressed 400,0\n")) << below->standardOutput();
+    EXPECT_TRUE(below.waitForOutput("pressed 400,0\n")) << below.standardOutput();
 
     // From the other client up into the trigger: the shelf opens (the dragged icon covers the
     // pointer's place), perhaps with a gap already; over the second tile a gap opens for the
@@ -178,7 +173,7 @@ TEST_F(WaylandShelfTest, TheShelfOpensAtTheTopOfEachOutputTakesDropsAndItsTilesO
     EXPECT_TRUE(waitUntil([&] {
         return pinnedFolders() == std::vector<std::string>{alpha, dropped, beta, gamma};
     })) << ::testing::PrintToString(pinnedFolders());
-    EXPECT_TRUE(below->waitForOutput("finished copy\n")) << below->standardOutput();
+    EXPECT_TRUE(below.waitForOutput("finished copy\n")) << below.standardOutput();
 
     // The first tile dragged far below the shelf is unpinned.
     ASSERT_TRUE(waitUntilSettled(0, 4));

@@ -16,12 +16,12 @@
 
 namespace tidewell::testing {
 
-// A Wayland desktop of the test's own: sway drawing in software, without bar or XWayland, its
-// two outputs side by side over a background of one colour. Windows float; the drag source
-// probe's covers the first output. sway runs on its X11 backend, one window per output on an
-// X server of its own (Xvfb) whose pointer, moved with xdotool, is the user's hand. Its sockets
-// live in the runtime folder given. sway refuses to run as root: the tests run as an
-// unprivileged user.
+// A Wayland desktop of the test's own: sway on wlroots' headless backend, drawing in software,
+// without bar or XWayland, its two outputs side by side over a background of one colour.
+// Windows float; the drag source probe's covers the first output. It has no input devices:
+// the user's hand is a virtual pointer client (the `pointerProgram`), drawn into screenshots.
+// Its sockets live in the runtime folder given. sway refuses to run as root: the tests run as
+// an unprivileged user.
 class SwayDesktop {
 public:
     static constexpr int outputWidth = 1920;
@@ -47,26 +47,19 @@ public:
         }
     };
 
-    explicit SwayDesktop(const std::string& runtimeFolder) : runtimeFolder_(runtimeFolder) {
-        xServer_ = std::make_unique<ChildProcess>(ChildProcess::Launch{
-            .arguments = {"Xvfb", "-displayfd", "1", "-screen", "0",
-                          std::to_string(layoutWidth) + "x" + std::to_string(outputHeight) + "x24"},
-            .workingDirectory = "/"});
-        waitFor([&] { return xServer_->standardOutput().ends_with("\n"); }, *xServer_,
-                "Xvfb did not start");
-        display_ =
-            ":" + xServer_->standardOutput().substr(0, xServer_->standardOutput().size() - 1);
+    SwayDesktop(const std::string& runtimeFolder, const std::string& pointerProgram)
+        : runtimeFolder_(runtimeFolder) {
         sway_ = std::make_unique<ChildProcess>(ChildProcess::Launch{
             .arguments = {"sway", "--config", folder_.write("config", configuration)},
             .workingDirectory = folder_.path(),
             .environment = {{"PATH", std::getenv("PATH")}, // sway starts swaybg
                             {"HOME", folder_.path()},
-                            {"DISPLAY", display_},
                             {"XDG_RUNTIME_DIR", runtimeFolder},
                             {"SWAYSOCK", runtimeFolder + "/sway.sock"},
-                            {"WLR_BACKENDS", "x11"},
-                            {"WLR_X11_OUTPUTS", "2"},
-                            {"WLR_RENDERER", "pixman"}}});
+                            {"WLR_BACKENDS", "headless"},
+                            {"WLR_LIBINPUT_NO_DEVICES", "1"},
+                            {"WLR_RENDERER", "pixman"},
+                            {"WLR_HEADLESS_OUTPUTS", "2"}}});
         // Ready once the background is drawn on both outputs.
         waitFor(
             [&] {
@@ -79,10 +72,13 @@ public:
                 }
             },
             *sway_, "sway never drew its background");
-        // Both windows open at the top left. The search finds the root window, then the
-        // outputs' windows in the order they were made.
-        xdotool({"search", "--maxdepth", "1", "--name", "", "windowmove", "%3",
-                 std::to_string(outputWidth), "0"});
+        pointer_ = std::make_unique<ChildProcess>(
+            ChildProcess::Launch{.arguments = {pointerProgram, std::to_string(layoutWidth),
+                                               std::to_string(outputHeight)},
+                                 .workingDirectory = "/",
+                                 .environment = environment(),
+                                 .takesInput = true});
+        send("");
     }
 
     // WAYLAND_DISPLAY, XDG_RUNTIME_DIR and SWAYSOCK, as a client of the desktop has them.
@@ -112,15 +108,18 @@ public:
         return shot;
     }
 
-    // The hand. Buttons: 1 primary, 3 secondary.
+    // The hand, each move returning once the compositor has handled it. Buttons: left, right.
     void moveTo(int x, int y) {
-        xdotool({"mousemove", std::to_string(x), std::to_string(y)});
+        send("move " + std::to_string(x) + " " + std::to_string(y));
         x_ = x;
         y_ = y;
     }
-    void press(int button = 1) { xdotool({"mousedown", std::to_string(button)}); }
-    void release(int button = 1) { xdotool({"mouseup", std::to_string(button)}); }
-    void click(int button = 1) { xdotool({"click", std::to_string(button)}); }
+    void press(const std::string& button = "left") { send("press " + button); }
+    void release(const std::string& button = "left") { send("release " + button); }
+    void click(const std::string& button = "left") {
+        press(button);
+        release(button);
+    }
     // With the button held, from the pointer's place to the point in steps of 8 pixels at most,
     // as a hand drags, each left to the programs for a moment: a drag's exchanges between
     // source, compositor and target run at their own pace.
@@ -139,8 +138,8 @@ private:
 default_border none
 for_window [app_id=".*"] floating enable
 for_window [app_id="tidewell_drag_source_probe"] resize set 1920 1080, move absolute position 0 0
-output X11-1 mode 1920x1080 position 0 0 bg #33AA55 solid_color
-output X11-2 mode 1920x1080 position 1920 0 bg #33AA55 solid_color
+output HEADLESS-1 mode 1920x1080 position 0 0 bg #33AA55 solid_color
+output HEADLESS-2 mode 1920x1080 position 1920 0 bg #33AA55 solid_color
 )";
 
     static void waitFor(const std::function<bool()>& condition, const ChildProcess& process,
@@ -150,20 +149,24 @@ output X11-2 mode 1920x1080 position 1920 0 bg #33AA55 solid_color
                                      process.standardError());
     }
 
-    void xdotool(std::vector<std::string> arguments) const {
-        arguments.insert(arguments.begin(), "xdotool");
-        const ProcessResult result = ChildProcess::run({.arguments = arguments,
-                                                        .workingDirectory = "/",
-                                                        .environment = {{"DISPLAY", display_}}});
-        if (result.status != 0)
-            throw std::runtime_error("xdotool: " + result.standardError);
+    // An empty command only waits for the pointer's first answer, "ready".
+    void send(const std::string& command) {
+        if (!command.empty())
+            pointer_->writeInput(command + "\n");
+        const int answer = answers_++;
+        waitFor(
+            [&] {
+                const std::string said = pointer_->standardOutput();
+                return std::count(said.begin(), said.end(), '\n') > answer;
+            },
+            *pointer_, "the virtual pointer did not answer " + command);
     }
 
     std::string runtimeFolder_;
     TemporaryDirectory folder_;
-    std::unique_ptr<ChildProcess> xServer_;
-    std::string display_;
     std::unique_ptr<ChildProcess> sway_;
+    std::unique_ptr<ChildProcess> pointer_;
+    int answers_ = 0;
     int x_ = 0;
     int y_ = 0;
 };

@@ -32,7 +32,7 @@ std::pair<int, int> tileCentre(int output, int tiles, int index) {
 }
 
 // The application started as its user starts it in a Wayland session (WAYLAND_DISPLAY set, no
-// DISPLAY) on a desktop of the test's own. What it shows is read from screenshots: the
+// X server at all) on a desktop of the test's own. What it shows is read from screenshots: the
 // shelf hangs from the top centre of an output, a black body with one tile per pinned
 // project. Other clients are the drag source probe's orange windows.
 class WaylandShelfTest : public EndToEndTest {
@@ -98,7 +98,7 @@ protected:
     void chooseSecondMenuEntry(int x, int y) {
         const Screenshot shelf = desktop.screenshot();
         desktop.moveTo(x, y);
-        desktop.click(3);
+        desktop.click("right");
         ASSERT_TRUE(waitUntil([&] { return changedRows(shelf, x, y + 30, 30).size() == 30; }))
             << "no menu appeared";
         const Screenshot menu = desktop.screenshot();
@@ -112,7 +112,7 @@ protected:
         desktop.click();
     }
 
-    SwayDesktop desktop{runtimeFolder};
+    SwayDesktop desktop{runtimeFolder, buildFolder() + "/tests/tidewell_virtual_pointer_probe"};
 };
 
 // The top pixel row of an output and the rows just below it open the shelf there, over other

@@ -53,7 +53,6 @@ TEST_F(ItemSettingsModelTest, EditsChangeOnlyTheirRowInPlaceAndDetailsStayOpenAc
     const auto found = std::ranges::find(saved, item.id, &NotchItem::id);
     ASSERT_NE(found, saved.end());
     EXPECT_EQ(*found, expected);
-    EXPECT_EQ(files.readFile(*expected.iconPath), "png bytes");
     EXPECT_EQ(value(row, Role::IconSourceRole).toUrl().toLocalFile().toStdString(),
               *expected.iconPath);
     EXPECT_EQ(resets, 0);
@@ -69,7 +68,6 @@ TEST_F(ItemSettingsModelTest, EditsChangeOnlyTheirRowInPlaceAndDetailsStayOpenAc
     ASSERT_EQ(model.rowCount(), 1);
     EXPECT_NE(value(0, Role::ItemIdRole).toString().toStdString(), item.id.text());
     EXPECT_TRUE(value(0, Role::ShowsDetailsRole).toBool());
-    EXPECT_EQ(database.load().size(), 1u);
 }
 
 } // namespace

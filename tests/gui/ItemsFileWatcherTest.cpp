@@ -1,7 +1,7 @@
 #include "gui/app/ItemsFileWatcher.h"
 
 #include "core/notify/NotificationNames.h"
-#include "gui/EventLoopWait.h"
+#include "gui/TestDesktop.h"
 #include "linux/PosixFileSystem.h"
 #include "support/TemporaryDirectory.h"
 

@@ -1,4 +1,4 @@
-#include "gui/EventLoopWait.h"
+#include "gui/TestDesktop.h"
 #include "gui/images/ImageProviders.h"
 #include "linux/QtPluginImageFormats.h"
 #include "support/TemporaryDirectory.h"

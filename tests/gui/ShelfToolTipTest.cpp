@@ -1,6 +1,6 @@
 #include "gui/shelf/ShelfToolTip.h"
 
-#include "gui/EventLoopWait.h"
+#include "gui/TestDesktop.h"
 #include "support/X11TestClient.h"
 
 #include <QQuickWindow>

@@ -1,7 +1,7 @@
 #include "gui/app/StatusMenu.h"
 
 #include "core/notify/InterfaceNotificationNames.h"
-#include "gui/EventLoopWait.h"
+#include "gui/TestDesktop.h"
 
 #include <gtest/gtest.h>
 #include <string>

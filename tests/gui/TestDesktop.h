@@ -1,17 +1,29 @@
 #pragma once
 
-#include "gui/EventLoopWait.h"
 #include "support/PrivateSessionBus.h"
 #include "support/ScopedEnvironment.h"
 #include "support/TemporaryDirectory.h"
 #include "support/TestHandlers.h"
+#include "support/WaitUntil.h"
 
+#include <QCoreApplication>
+#include <QEventLoop>
 #include <gtest/gtest.h>
 #include <memory>
 #include <optional>
 #include <string>
 
 namespace tidewell::testing {
+
+// Runs the Qt event loop (deferred deletions included) until `condition` holds; false when it
+// still does not after the timeout.
+inline bool processEventsUntil(const std::function<bool()>& condition,
+                               std::chrono::milliseconds timeout = std::chrono::seconds(5)) {
+    return waitUntil(condition, timeout, [] {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    });
+}
 
 // A desktop of the tests' own: XDG folders in a temporary folder where the only
 // applications are two test handlers (the default for folders, and an entry with the Codex

@@ -1,8 +1,8 @@
 #include "gui/shelf/TileMenu.h"
 
 #include "core/notify/InterfaceNotificationNames.h"
-#include "gui/EventLoopWait.h"
 #include "gui/ShelfFixture.h"
+#include "gui/TestDesktop.h"
 
 #include <QAction>
 #include <QMenu>

@@ -1,6 +1,6 @@
 #include "gui/windowsystem/x11/X11PanelWindow.h"
 
-#include "gui/EventLoopWait.h"
+#include "gui/TestDesktop.h"
 #include "support/X11TestClient.h"
 
 #include <algorithm>

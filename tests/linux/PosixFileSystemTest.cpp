@@ -31,32 +31,17 @@ protected:
     PosixFileSystem files;
 };
 
-// Makes every write past a few bytes fail, as a full disk would, for the life of the object.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t bytes) {
-        ::getrlimit(RLIMIT_FSIZE, &original_);
-        previousHandler_ = std::signal(SIGXFSZ, SIG_IGN);
-        rlimit limit = original_;
-        limit.rlim_cur = bytes;
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit() {
-        ::setrlimit(RLIMIT_FSIZE, &original_);
-        std::signal(SIGXFSZ, previousHandler_);
-    }
-
-private:
-    rlimit original_{};
-    void (*previousHandler_)(int) = nullptr;
-};
-
 TEST_F(PosixFileSystemTest, AWriteReplacesTheFileWholeOrNotAtAllAndLeavesNothingElse) {
     const std::string file = root.write("data/items.json", "old");
-    {
-        FileSizeLimit limit(16);
-        EXPECT_THROW(files.writeFileAtomically(file, std::string(4096, 'x')), Error);
-    }
+    // Every write past a few bytes fails, as on a full disk, instead of ending the program.
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit limit{};
+    ::getrlimit(RLIMIT_FSIZE, &limit);
+    const rlimit original = limit;
+    limit.rlim_cur = 16;
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+    EXPECT_THROW(files.writeFileAtomically(file, std::string(4096, 'x')), Error);
+    ::setrlimit(RLIMIT_FSIZE, &original);
     EXPECT_EQ(files.readFile(file), "old");
     files.writeFileAtomically(file, "new contents");
     EXPECT_EQ(files.readFile(file), "new contents");

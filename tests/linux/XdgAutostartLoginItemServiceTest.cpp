@@ -21,7 +21,6 @@ protected:
     std::string entryPath() const {
         return config.path() + "/autostart/com.quorvel.tidewell.desktop";
     }
-    std::string entryText() { return files.readFile(entryPath()).value_or(""); }
 
     TemporaryDirectory config;
     PosixFileSystem files;
@@ -34,11 +33,12 @@ TEST_F(XdgAutostartLoginItemServiceTest, RegisterWritesAnEntryAndUnregisterRemov
     EXPECT_EQ(autostart.status(), LoginItemStatus::notRegistered);
     autostart.registerApplication();
     EXPECT_EQ(autostart.status(), LoginItemStatus::enabled);
-    EXPECT_EQ(entryText(), "[Desktop Entry]\nType=Application\nName=Tidewell\n"
-                           "Comment=A shelf of project folders at the top of the screen\n"
-                           "Exec=\"/opt/a\\\\$b%%c\\\\\\\\d/bin/tidewell\"\n"
-                           "Icon=com.quorvel.tidewell\nTerminal=false\n"
-                           "NoDisplay=false\nX-GNOME-Autostart-enabled=true\n");
+    EXPECT_EQ(files.readFile(entryPath()),
+              "[Desktop Entry]\nType=Application\nName=Tidewell\n"
+              "Comment=A shelf of project folders at the top of the screen\n"
+              "Exec=\"/opt/a\\\\$b%%c\\\\\\\\d/bin/tidewell\"\n"
+              "Icon=com.quorvel.tidewell\nTerminal=false\n"
+              "NoDisplay=false\nX-GNOME-Autostart-enabled=true\n");
     // A copy outside an install cannot be started at login, whatever the entry says.
     EXPECT_EQ(service("/home/user/build/tidewell", false).status(), LoginItemStatus::notFound);
 
@@ -55,7 +55,7 @@ TEST_F(XdgAutostartLoginItemServiceTest, EntriesSwitchedOffByTheUserAreNotRegist
          LoginItemStatus::enabled},
         {"[Desktop Entry]\nExec=tidewell\n[Desktop Action quit]\nHidden=true\n",
          LoginItemStatus::enabled},
-        {"# Hidden=true\n[Desktop Entry]\nExec=tidewell\n", LoginItemStatus::enabled},
+        {"Hidden=true\n[Desktop Entry]\nExec=tidewell\n", LoginItemStatus::enabled},
     };
     for (const auto& [text, status] : entries) {
         config.write("autostart/com.quorvel.tidewell.desktop", text);

@@ -3,12 +3,11 @@
 //
 //   tidewell_drag_source_probe --at X,Y [PATH...]
 //
-// The window (120 x 80) lies at X,Y on the screen where the window system lets a client place
-// its windows. A press of the primary button and a move past the start distance start a drag
-// offering the paths as file URLs (text/uri-list, in the given order) and as text/plain, one
-// per line, to be copied or moved. It prints "ready" once the window is shown, "pressed X,Y"
-// (in the window) for each press of a button, "finished copy" or "finished otherwise" when a
-// drag ends; it stays until it is ended.
+// The window (120 x 80) lies at X,Y where the window system lets a client place its windows.
+// A press of the primary button and a move past the start distance start a drag offering the
+// paths as file URLs (text/uri-list, in the given order) and as text/plain, one per line, to be
+// copied or moved. It prints "ready" whenever the window is shown, "pressed X,Y" (in the
+// window) for each press of a button, "finished copy" or "finished otherwise" when a drag ends.
 
 #include <QDrag>
 #include <QGuiApplication>
@@ -31,20 +30,12 @@ public:
         // A managed window that the window manager neither decorates nor focuses: the tests'
         // other windows keep the keyboard.
         setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
-        setTitle("Tidewell Drag Source");
     }
 
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter(this).fillRect(QRect(QPoint(), size()), QColor(0xFF8800));
-    }
-
-    void exposeEvent(QExposeEvent* event) override {
-        QRasterWindow::exposeEvent(event);
-        if (isExposed() && !isReady_) {
-            isReady_ = true;
-            std::cout << "ready" << std::endl;
-        }
+        std::cout << "ready" << std::endl;
     }
 
     void mousePressEvent(QMouseEvent* event) override {
@@ -53,8 +44,6 @@ protected:
         if (event->button() == Qt::LeftButton && !paths_.isEmpty())
             pressedAt_ = event->position();
     }
-
-    void mouseReleaseEvent(QMouseEvent*) override { pressedAt_.reset(); }
 
     void mouseMoveEvent(QMouseEvent* event) override {
         if (!pressedAt_ || !(event->buttons() & Qt::LeftButton))
@@ -83,7 +72,6 @@ private:
 
     QStringList paths_;
     std::optional<QPointF> pressedAt_;
-    bool isReady_ = false;
 };
 
 } // namespace
@@ -92,9 +80,7 @@ int main(int argc, char** argv) {
     QGuiApplication application(argc, argv);
     const QStringList arguments = application.arguments();
     int x = 0, y = 0;
-    char extra = 0;
-    if (argc < 3 || arguments[1] != "--at" ||
-        std::sscanf(argv[2], "%d,%d%c", &x, &y, &extra) != 2) {
+    if (argc < 3 || arguments[1] != "--at" || std::sscanf(argv[2], "%d,%d", &x, &y) != 2) {
         std::cerr << "usage: tidewell_drag_source_probe --at X,Y [PATH...]\n";
         return 2;
     }

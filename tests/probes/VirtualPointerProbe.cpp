@@ -1,11 +1,11 @@
-// The user's hand on a Wayland desktop whose compositor has no input devices, for the
-// end-to-end tests:   tidewell_virtual_pointer_probe WIDTH HEIGHT
-// drives a pointer of the seat over an output layout of WIDTH x HEIGHT. Commands, one a line
-// on standard input: "move X Y", "press BUTTON", "release BUTTON" (BUTTON: left or right).
-// "ready" comes first; each command is answered "ok" once the compositor has handled it. The
-// pointer lives as long as the program: its end takes it from every surface.
+// The user's hand on a Wayland desktop without input devices, for the end-to-end tests:
+//   tidewell_virtual_pointer_probe WIDTH HEIGHT
+// moves a pointer of the seat over an output layout of WIDTH x HEIGHT by the commands on
+// standard input, one a line: "move X Y", "press BUTTON" or "release BUTTON" (left or right).
+// It says "ready" first and "ok" once the compositor has handled each command. The pointer
+// lives as long as the program: its end takes it from every surface.
 
-#include "wlr-virtual-pointer-unstable-v1-client-protocol.h"
+#include "wayland-wlr-virtual-pointer-unstable-v1-client-protocol.h"
 
 #include <chrono>
 #include <cstdint>
@@ -37,12 +37,10 @@ bool perform(zwlr_virtual_pointer_v1* pointer, const std::string& line, std::uin
     std::istringstream words(line);
     std::string verb, button;
     std::uint32_t x = 0, y = 0;
-    words >> verb;
-    if (verb == "move" && words >> x >> y && x < width && y < height)
+    if (words >> verb && verb == "move" && words >> x >> y)
         zwlr_virtual_pointer_v1_motion_absolute(pointer, time, x, y, width, height);
-    else if ((verb == "press" || verb == "release") && words >> button &&
-             (button == "left" || button == "right"))
-        zwlr_virtual_pointer_v1_button(pointer, time, button == "left" ? BTN_LEFT : BTN_RIGHT,
+    else if (words >> button && (verb == "press" || verb == "release"))
+        zwlr_virtual_pointer_v1_button(pointer, time, button == "right" ? BTN_RIGHT : BTN_LEFT,
                                        verb == "press" ? WL_POINTER_BUTTON_STATE_PRESSED
                                                        : WL_POINTER_BUTTON_STATE_RELEASED);
     else
@@ -59,20 +57,19 @@ int main(int argc, char** argv) {
         std::cerr << "usage: tidewell_virtual_pointer_probe WIDTH HEIGHT, on a Wayland desktop\n";
         return 2;
     }
-    const auto width = static_cast<std::uint32_t>(std::stoul(argv[1]));
-    const auto height = static_cast<std::uint32_t>(std::stoul(argv[2]));
     wl_registry_add_listener(wl_display_get_registry(display), &registryListener, nullptr);
     wl_display_roundtrip(display);
-    if (!manager) {
+    auto* pointer = manager
+                        ? zwlr_virtual_pointer_manager_v1_create_virtual_pointer(manager, nullptr)
+                        : nullptr;
+    if (!pointer || wl_display_roundtrip(display) < 0) {
         std::cerr << "tidewell_virtual_pointer_probe: the compositor has no virtual pointers\n";
         return 1;
     }
-    auto* pointer = zwlr_virtual_pointer_manager_v1_create_virtual_pointer(manager, nullptr);
-    if (wl_display_roundtrip(display) < 0)
-        return 1;
     std::cout << "ready" << std::endl;
     for (std::string line; std::getline(std::cin, line); std::cout << "ok" << std::endl)
-        if (!perform(pointer, line, width, height) || wl_display_roundtrip(display) < 0) {
+        if (!perform(pointer, line, std::stoul(argv[1]), std::stoul(argv[2])) ||
+            wl_display_roundtrip(display) < 0) {
             std::cerr << "tidewell_virtual_pointer_probe: cannot " << line << "\n";
             return 1;
         }

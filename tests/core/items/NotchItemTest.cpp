@@ -7,7 +7,7 @@ using tidewell::NotchItem;
 TEST(NotchItem, InitialsAreTheFirstLettersOfTwoWordsOrTheStartOfOne) {
     const std::pair<std::string, std::string> cases[] = {
         {"myProject", "MP"},
-        {"jazzFest", "JF"},
+        {"jazzZone", "JZ"},
         {"caf\u00e9Bar", "CA"},
         {"iOS", "IO"},
         {"  spaced_out  ", "SO"},

@@ -7,9 +7,6 @@ namespace tidewell::testing {
 
 using namespace std::chrono_literals;
 
-RunningApplicationTest::RunningApplicationTest(std::unique_ptr<VirtualDisplay> display)
-    : ownDisplay(std::move(display)) {}
-
 std::map<std::string, std::string> RunningApplicationTest::applicationEnvironment() const {
     auto variables = environment();
     variables["DISPLAY"] = display.name();

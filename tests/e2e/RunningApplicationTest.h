@@ -20,9 +20,10 @@ protected:
     static constexpr int topInset = 28;
     static constexpr int shadowMargin = 16;
 
-    // On a display of the test's own, by default one 1920 x 1080 screen of Xvfb.
-    explicit RunningApplicationTest(
-        std::unique_ptr<VirtualDisplay> display = std::make_unique<VirtualDisplay>());
+    // On a display of the test's own, by default one 1920 x 1080 screen.
+    explicit RunningApplicationTest(const std::vector<Monitor>& monitors = {}, int width = 1920,
+                                    int height = 1080)
+        : display(monitors, width, height) {}
 
     std::map<std::string, std::string> applicationEnvironment() const;
     // Starts the application, with these variables added to its environment, and waits until
@@ -54,8 +55,7 @@ protected:
     // The folder handler was started for the folder, given as a path or a file URI.
     void expectFolderOpened(const std::string& folder);
 
-    std::unique_ptr<VirtualDisplay> ownDisplay;
-    VirtualDisplay& display = *ownDisplay;
+    VirtualDisplay display;
     X11TestClient hand;
     X11TestClient inspector;
     unsigned long desktop = hand.createDesktop(desktopColour);

@@ -1,5 +1,4 @@
 #include "e2e/RunningApplicationTest.h"
-#include "support/MonitorDisplay.h"
 
 namespace tidewell::testing {
 namespace {
@@ -20,11 +19,7 @@ int centreX(const Monitor& screen) {
 
 class TwoDisplaysTest : public RunningApplicationTest {
 protected:
-    TwoDisplaysTest()
-        : RunningApplicationTest(
-              std::make_unique<MonitorDisplay>(7040, 1640, std::vector{primary, left})) {}
-
-    MonitorDisplay& monitors() { return static_cast<MonitorDisplay&>(display); }
+    TwoDisplaysTest() : RunningApplicationTest({primary, left}, 7040, 1640) {}
 
     // Waits until the shelf is open at the top centre of the screen, drawn down to its lower
     // edge, and its first icon has faded in: the opening has run its course, and only now
@@ -121,9 +116,9 @@ TEST_F(TwoDisplaysTest, TheShelfOpensOnTheDisplayUnderThePointerAtItsScaleAndFol
     // back right of the primary, and the shelf opens there.
     hand.movePointerTo(centreX(left), left.y);
     isShownOn(left, 2);
-    monitors().removeMonitor("R");
+    display.removeMonitor("R");
     isShownOn(primary, 1);
-    monitors().addMonitor(right);
+    display.addMonitor(right);
     hand.movePointerTo(centreX(right), right.y);
     isShownOn(right, 2);
 }

@@ -96,14 +96,6 @@ TEST_F(TwoDisplaysTest, TheShelfOpensOnTheDisplayUnderThePointerAtItsScaleAndFol
     for (const int x : {centreX(left) - 180, centreX(left), centreX(left) + 179})
         openAndCloseFromTopRow(left, x, 2);
 
-    // Shown on request on the display under the pointer, also while shown on the other one.
-    hand.movePointerTo(centreX(left), 900);
-    expectResult(tide({"show"}, home), "", "", 0);
-    isShownOn(left, 2);
-    hand.movePointerTo(centreX(primary), 700);
-    expectResult(tide({"show"}, home), "", "", 0);
-    isShownOn(primary, 1);
-
     // The open shelf goes from one display to the other.
     const int whiteAtOne = expectDrawnAtScale(primary, 1);
     ASSERT_GT(whiteAtOne, 0) << "no initials drawn";

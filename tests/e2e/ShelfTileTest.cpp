@@ -2,12 +2,16 @@
 #include "e2e/RunningApplicationTest.h"
 
 #include <algorithm>
+#include <fstream>
+#include <iterator>
 #include <thread>
 
 namespace tidewell::testing {
 namespace {
 
 using namespace std::chrono_literals;
+
+constexpr unsigned long black = 0x000000;
 
 bool isMarked(unsigned long pixel) {
     const unsigned long red = pixel >> 16 & 0xFF, green = pixel >> 8 & 0xFF, blue = pixel & 0xFF;
@@ -16,6 +20,45 @@ bool isMarked(unsigned long pixel) {
 
 class ShelfTileTest : public RunningApplicationTest {
 protected:
+    unsigned long pixel(int x, int y) { return inspector.screenPixel(x, y); }
+
+    // Checks what the open shelf of that many tiles shows and where it takes the pointer; the
+    // pointer away from it then closes it.
+    void expectDrawnOutlineAndClickThrough(int tiles) {
+        const WindowRect window = inspector.rootGeometry(panel);
+        ASSERT_EQ(window, panelGeometry(tiles));
+        const int frameLeft = window.x + shadowMargin;
+        const int frameRight = frameLeft + window.width - 2 * shadowMargin; // one past the end
+        const int bodyBottom = topInset + 88;                               // one past the end
+        const std::pair<int, int> desktopPoints[] = {
+            {frameLeft + 6, 6},                                // under the left flare
+            {frameRight - 7, 6},                               // under the right flare
+            {frameLeft + 8, bodyBottom - 1},                   // the lower-left corner
+            {frameRight - 9, bodyBottom - 1},                  // the lower-right corner
+            {window.x + 1, window.height - 2},                 // the shadow margin
+            {window.x + window.width / 2, window.height + 4}}; // below the window
+        // On a busy machine the window's shape can trail its drawing by a frame or two.
+        waitUntil([&] {
+            return std::ranges::all_of(
+                desktopPoints, [&](auto p) { return pixel(p.first, p.second) == desktopColour; });
+        });
+        for (const auto& [x, y] : desktopPoints)
+            EXPECT_EQ(pixel(x, y), desktopColour) << x << "," << y;
+        const std::pair<int, int> bodyPoints[] = {{window.x + window.width / 2, 10},
+                                                  {frameLeft + 11, 60},
+                                                  {frameLeft + 6, 0},
+                                                  {frameRight - 7, 0}};
+        for (const auto& [x, y] : bodyPoints)
+            EXPECT_EQ(pixel(x, y), black) << x << "," << y;
+
+        // Beside the body, inside the window's rectangle: the click goes to what lies below.
+        hand.movePointerTo(frameLeft + 2, 60);
+        hand.click(1);
+        EXPECT_TRUE(hand.waitForButtonPress(desktop, 3s)) << "the press did not reach the desktop";
+        hand.movePointerTo(screenWidth / 2, 600);
+        EXPECT_TRUE(waitUntil([&] { return !isShelfShown(); }));
+    }
+
     // Clicks the gear tile after the three tiles and waits for the settings window and the
     // first project's row.
     void openSettings() {
@@ -76,12 +119,14 @@ protected:
     unsigned long settings = 0;
 };
 
-// The panel never takes the keyboard focus from the window that has it. The tile menus' entries
-// run through the real terminal launcher into xterm. The items file's first project, which the
-// settings window lists first, is marked with a tint no other pixel of the window has. Folders
-// dragged towards the notch open a gap before the hovered tile and are pinned there; a tile
-// dragged onto its neighbour takes its place, saved once. Many tiles stay inside the strip.
-TEST_F(ShelfTileTest, ClicksMenusTheWheelAndDropsReachTheTilesAndTheGearOpensTheSettings) {
+// A throw against the top edge or a hover opens the shelf, drawn in its outline with and without
+// a compositor, clicks beside the body going through. The panel never takes the keyboard focus
+// from the window that has it. The tile menus' entries run through the real terminal launcher
+// into xterm. The items file's first project, which the settings window lists first, is marked
+// with a tint no other pixel of the window has. Folders dragged towards the notch open a gap
+// before the hovered tile and are pinned there; a tile dragged onto its neighbour takes its
+// place, saved once. The open shelf grows with pins; many tiles stay inside the strip.
+TEST_F(ShelfTileTest, TheDrawnShelfTakesClicksMenusDropsAndTheWheelWhileTheFocusStaysElsewhere) {
     const std::string alpha = addProject("alpha");
     const std::string beta = addProject("beta");
     const std::string marker = root.path() + "/marker";
@@ -94,6 +139,17 @@ TEST_F(ShelfTileTest, ClicksMenusTheWheelAndDropsReachTheTilesAndTheGearOpensThe
     // Terminals open low on the left, clear of the shelf and of the pixels the test reads.
     const std::string resources = root.write("xterm-resources", "XTerm*geometry: 40x5+0+800\n");
     startApplication({{"XENVIRONMENT", resources}});
+    // The trigger's first, middle and last columns: 180 points at the top centre.
+    for (const int x : {870, 960, 1049}) {
+        hand.movePointerTo(x, 300);
+        hand.movePointerBy(0, -400); // the top edge stops it
+        EXPECT_TRUE(waitUntil([&] { return isShelfShown(); })) << "at x = " << x;
+        hand.movePointerTo(x, 600);
+        EXPECT_TRUE(waitUntil([&] { return !isShelfShown(); })) << "at x = " << x;
+    }
+    ASSERT_FALSE(inspector.hasCompositor());
+    ASSERT_TRUE(openShelf());
+    expectDrawnOutlineAndClickThrough(3);
     const unsigned long editor = inspector.createManagedWindow();
     ASSERT_TRUE(waitUntil([&] { return inspector.isViewable(editor); }));
     inspector.activate(editor);
@@ -213,12 +269,20 @@ TEST_F(ShelfTileTest, ClicksMenusTheWheelAndDropsReachTheTilesAndTheGearOpensThe
               (std::vector<std::string>{third, alpha, fourth, beta, gamma, first, second}));
     EXPECT_FALSE(signals.waitFor("Tidewell.itemsChanged", 2, 1s)) << "the order was saved twice";
 
+    ChildProcess compositor({.arguments = {"xcompmgr"},
+                             .workingDirectory = "/",
+                             .environment = {{"DISPLAY", display.name()}}});
+    ASSERT_TRUE(waitUntil([&] { return inspector.hasCompositor(); }));
+    ASSERT_TRUE(openShelf());
+    expectDrawnOutlineAndClickThrough(7);
+
     // Many tiles stay inside the strip, and the wheel reaches the last.
     ASSERT_TRUE(openShelf());
     const auto withSevenTiles = besideTheStrip();
     for (int index = 7; index < 40; ++index)
         addProject("project-" + std::to_string(index));
     ASSERT_TRUE(waitUntil([&] { return inspector.rootGeometry(panel).width == 1856 + 32; }));
+    EXPECT_EQ(inspector.findWindow("Tidewell Shelf"), panel) << "the panel was made anew";
     EXPECT_TRUE(waitUntil([&] { return besideTheStrip() == withSevenTiles; }))
         << "tiles are drawn beside the strip";
     const auto [sixthX, sixthY] = tileCentre(5);
@@ -233,6 +297,10 @@ TEST_F(ShelfTileTest, ClicksMenusTheWheelAndDropsReachTheTilesAndTheGearOpensThe
     hand.click(1);
     expectFolderOpened(pinnedFolders().back());
     EXPECT_TRUE(waitUntil([&] { return scripts() == 0; }, 15s)) << "the script was kept";
+    // Drawn by the processor: an OpenGL driver would be most of the process's memory.
+    std::ifstream maps("/proc/" + std::to_string(application->pid()) + "/maps");
+    const std::string mapped{std::istreambuf_iterator<char>(maps), {}};
+    EXPECT_EQ(mapped.find("/dri/"), std::string::npos) << "an OpenGL driver is loaded";
 }
 
 } // namespace

@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <regex>
 
 namespace tidewell::testing {
@@ -14,86 +12,7 @@ namespace {
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
-constexpr unsigned long black = 0x000000;
-
-class ShelfWindowTest : public RunningApplicationTest {
-protected:
-    unsigned long pixel(int x, int y) { return inspector.screenPixel(x, y); }
-
-    // Checks what the open shelf of three tiles shows and where it takes the pointer; the
-    // pointer away from it then closes it.
-    void expectDrawnOutlineAndClickThrough() {
-        const WindowRect window = inspector.rootGeometry(panel);
-        ASSERT_EQ(window, panelGeometry(3));
-        const int frameLeft = window.x + shadowMargin;
-        const int frameRight = frameLeft + window.width - 2 * shadowMargin; // one past the end
-        const int bodyBottom = topInset + 88;                               // one past the end
-        const std::pair<int, int> desktopPoints[] = {
-            {frameLeft + 6, 6},                                // under the left flare
-            {frameRight - 7, 6},                               // under the right flare
-            {frameLeft + 8, bodyBottom - 1},                   // the lower-left corner
-            {frameRight - 9, bodyBottom - 1},                  // the lower-right corner
-            {window.x + 1, window.height - 2},                 // the shadow margin
-            {window.x + window.width / 2, window.height + 4}}; // below the window
-        // On a busy machine the window's shape can trail its drawing by a frame or two.
-        waitUntil([&] {
-            return std::ranges::all_of(
-                desktopPoints, [&](auto p) { return pixel(p.first, p.second) == desktopColour; });
-        });
-        for (const auto& [x, y] : desktopPoints)
-            EXPECT_EQ(pixel(x, y), desktopColour) << x << "," << y;
-        const std::pair<int, int> bodyPoints[] = {{window.x + window.width / 2, 10},
-                                                  {frameLeft + 11, 60},
-                                                  {frameLeft + 6, 0},
-                                                  {frameRight - 7, 0}};
-        for (const auto& [x, y] : bodyPoints)
-            EXPECT_EQ(pixel(x, y), black) << x << "," << y;
-
-        // Beside the body, inside the window's rectangle: the click goes to what lies below.
-        hand.movePointerTo(frameLeft + 2, 60);
-        hand.click(1);
-        EXPECT_TRUE(hand.waitForButtonPress(desktop, 3s)) << "the press did not reach the desktop";
-        hand.movePointerTo(screenWidth / 2, 600);
-        EXPECT_TRUE(waitUntil([&] { return !isShelfShown(); }));
-    }
-};
-
-TEST_F(ShelfWindowTest, ThrowsAndHoverOpenTheDrawnOutlineWhichGrowsByAPinAndLetsClicksThrough) {
-    for (const char* name : {"alpha", "beta", "gamma"})
-        addProject(name);
-    startApplication();
-    // The trigger's first, middle and last columns: 180 points at the top centre.
-    for (const int x : {870, 960, 1049}) {
-        hand.movePointerTo(x, 300);
-        hand.movePointerBy(0, -400); // the top edge stops it
-        EXPECT_TRUE(waitUntil([&] { return isShelfShown(); })) << "at x = " << x;
-        hand.movePointerTo(x, 600);
-        EXPECT_TRUE(waitUntil([&] { return !isShelfShown(); })) << "at x = " << x;
-    }
-    ASSERT_FALSE(inspector.hasCompositor());
-    ASSERT_TRUE(openShelf());
-    expectDrawnOutlineAndClickThrough();
-
-    ChildProcess compositor({.arguments = {"xcompmgr"},
-                             .workingDirectory = "/",
-                             .environment = {{"DISPLAY", display.name()}}});
-    ASSERT_TRUE(waitUntil([&] { return inspector.hasCompositor(); }));
-    ASSERT_TRUE(openShelf());
-    expectDrawnOutlineAndClickThrough();
-
-    // Items that change while the shelf is still opening take effect at the next move.
-    ASSERT_TRUE(openShelf());
-    const PostedSignals signals(environment());
-    addProject("delta");
-    EXPECT_TRUE(signals.waitFor("Tidewell.itemsChanged"));
-    EXPECT_TRUE(panelShows(4)) << inspector.rootGeometry(panel);
-    EXPECT_TRUE(isShelfShown());
-    EXPECT_EQ(inspector.findWindow("Tidewell Shelf"), panel) << "the panel was made anew";
-    // Drawn by the processor: an OpenGL driver would be most of the process's memory.
-    std::ifstream maps("/proc/" + std::to_string(application->pid()) + "/maps");
-    const std::string mapped{std::istreambuf_iterator<char>(maps), {}};
-    EXPECT_EQ(mapped.find("/dri/"), std::string::npos) << "an OpenGL driver is loaded";
-}
+using ShelfWindowTest = RunningApplicationTest;
 
 // Each failed start says why in one line; the tool works all the same. The user interface is
 // loaded from beside the program or from the library folder of its prefix: a copy of the

@@ -1,10 +1,14 @@
 #include "e2e/RunningApplicationTest.h"
 #include "linux/SingleInstanceGuard.h"
+#include "support/ScopedEnvironment.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <glib.h>
+#include <memory>
 #include <regex>
+#include <unistd.h>
 
 namespace tidewell::testing {
 namespace {
@@ -12,15 +16,54 @@ namespace {
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
-using ShelfWindowTest = RunningApplicationTest;
+class ShelfWindowTest : public RunningApplicationTest {
+protected:
+    // The programs are found as if installed.
+    ShelfWindowTest() { installed.set("PATH", buildFolder() + ":" + std::getenv("PATH")); }
+
+    // The desktop entry's action, read as a launcher reads it: through GLib's unescaping and
+    // quoting rules.
+    static std::vector<std::string> command(const std::string& action) {
+        const std::unique_ptr<GKeyFile, void (*)(GKeyFile*)> entry(g_key_file_new(),
+                                                                   g_key_file_free);
+        EXPECT_TRUE(g_key_file_load_from_file(entry.get(), TIDEWELL_DESKTOP_ENTRY, G_KEY_FILE_NONE,
+                                              nullptr));
+        const std::unique_ptr<char, void (*)(void*)> line(
+            g_key_file_get_string(entry.get(), ("Desktop Action " + action).c_str(), "Exec",
+                                  nullptr),
+            g_free);
+        char** words = nullptr;
+        if (!line || !g_shell_parse_argv(line.get(), nullptr, &words, nullptr))
+            return {};
+        std::vector<std::string> arguments(words, words + g_strv_length(words));
+        g_strfreev(words);
+        return arguments;
+    }
+
+    ProcessResult run(const std::string& action) const {
+        return ChildProcess::run({.arguments = command(action),
+                                  .workingDirectory = home,
+                                  .environment = applicationEnvironment()});
+    }
+
+    ScopedEnvironment installed;
+};
 
 // Each failed start says why in one line; the tool works all the same. The user interface is
 // loaded from beside the program or from the library folder of its prefix: a copy of the
 // program in a folder of its own finds neither. In a Wayland session whose compositor has no
 // layer shell, with XWayland's display beside it (here Xvfb's), the application chooses X11
 // with a trigger window at the top centre. A second start shows the running one's shelf for a
-// moment and ends quietly.
-TEST_F(ShelfWindowTest, FailedStartsSayWhyAndWithoutLayerShellATriggerWindowOpensTheShelf) {
+// moment and ends quietly. The desktop entry's actions act as the status menu does.
+TEST_F(
+    ShelfWindowTest,
+    FailedStartsSayWhyATriggerWindowOpensTheShelfWithoutLayerShellAndTheEntryActionsActAsTheMenu) {
+    // "Reveal data" makes the data folder, as the status menu does, and opens it with the
+    // desktop's folder handler.
+    ASSERT_FALSE(std::filesystem::exists(dataFolder()));
+    expectResult(run("reveal-data"), "", "", 0);
+    expectFolderOpened(dataFolder());
+    EXPECT_TRUE(std::filesystem::is_directory(dataFolder()));
     const PostedSignals startSignals(environment());
     const std::string program = root.makeFolder("alone") + "/tidewell";
     fs::copy_file(tidewellPath(), program);
@@ -60,7 +103,22 @@ TEST_F(ShelfWindowTest, FailedStartsSayWhyAndWithoutLayerShellATriggerWindowOpen
     addProject("alpha");
     auto wayland = noLayerShell;
     wayland["XDG_SESSION_TYPE"] = "wayland";
-    startApplication(wayland);
+    // Run in a process namespace of its own, the quit action can reach no other application of
+    // this user, such as one of another test run. The program comes last; the action runs once
+    // the test writes a line.
+    std::vector<std::string> launcher = {"unshare", "--pid", "--fork", "--mount-proc"};
+    if (::geteuid() != 0)
+        launcher.insert(launcher.begin() + 1, "--map-root-user");
+    ChildProcess::Launch probe = launch("true", {}, home);
+    probe.arguments.insert(probe.arguments.begin(), launcher.begin(), launcher.end());
+    const bool isNamespaced = ChildProcess::run(probe).status == 0;
+    const std::vector<std::string> quit = command("quit");
+    ASSERT_FALSE(quit.empty());
+    launcher.insert(
+        launcher.end(),
+        {"bash", "-c", R"(app=${!#}; "$app" & read -r _; "${@:1:$#-1}"; wait $!)", "bash"});
+    launcher.insert(launcher.end(), quit.begin(), quit.end());
+    startApplication(wayland, isNamespaced ? launcher : std::vector<std::string>{});
     std::optional<unsigned long> trigger;
     ASSERT_TRUE(waitUntil(
         [&] { return (trigger = inspector.findWindow("Tidewell Trigger")).has_value(); }));
@@ -101,6 +159,16 @@ TEST_F(ShelfWindowTest, FailedStartsSayWhyAndWithoutLayerShellATriggerWindowOpen
     ASSERT_TRUE(waitUntil([&] { return isShelfShown(); }));
     EXPECT_EQ(inspector.rootGeometry(panel), panelGeometry(1));
     EXPECT_TRUE(waitUntil([&] { return !isShelfShown(); })) << "still shown";
+
+    // The entry's other actions act as the status menu does.
+    expectResult(run("show-shelf"), "", "", 0);
+    EXPECT_TRUE(waitUntil([&] { return isShelfShown(); }));
+    if (!isNamespaced)
+        GTEST_SKIP() << "this machine allows no process namespace: the quit action is not run";
+    application->writeInput("\n");
+    const ProcessResult ended = application->wait(10s);
+    EXPECT_FALSE(ended.timedOut);
+    EXPECT_EQ(ended.status, 0) << ended.standardError;
 }
 
 } // namespace

@@ -42,11 +42,12 @@ protected:
     bool isShelfShown() { return inspector.isViewable(panel); }
     // Waits until the panel lies where it does with that many tiles.
     bool panelShows(int tiles);
-    // Moves the pointer into the trigger at the top centre and waits until the shelf has
-    // opened, drawn down to its lower edge, and its first tile has faded in and stays as it
-    // is: only then does the shelf follow changes and take clicks.
+    // Moves the pointer into the trigger at the top centre and waits until the shelf is open.
     bool openShelf();
-    bool waitUntilExpanded();
+    // Waits until the shelf has opened, drawn down to its lower edge, and its first icon has
+    // faded in and stays as it is: only then does the shelf follow changes and take clicks. On
+    // the screen whose top row is `top`, at `scale` device pixels a point.
+    bool waitUntilOpen(int scale = 1, int top = 0);
     // Where the tile's centre lies on the screen while the shelf is open with three tiles or
     // more (fewer are centred in the shelf's least width).
     std::pair<int, int> tileCentre(int index);

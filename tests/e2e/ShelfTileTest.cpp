@@ -244,7 +244,7 @@ TEST_F(ShelfTileTest, TheDrawnShelfTakesClicksMenusDropsAndTheWheelWhileTheFocus
     hand.dragTo(secondX, 140);
     ASSERT_TRUE(waitUntil([&] { return isShelfShown(); }))
         << "a file drag near the notch did not open the shelf";
-    ASSERT_TRUE(waitUntilExpanded());
+    ASSERT_TRUE(waitUntilOpen());
     hand.dragTo(secondX, topInset + 8 + 31);
     EXPECT_TRUE(panelShows(6)) << "no gap opened for the folders";
     hand.setPrimaryButton(false);

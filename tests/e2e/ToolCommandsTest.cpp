@@ -137,16 +137,12 @@ TEST_F(ToolCommandsTest, DamagedFilesAreKeptListShowsTheMostRecentFirstAndRemove
     const std::string name = "it's \"quoted\" back\\slash\nline";
     const std::string odd = project(name);
     project("caf\xE9");
+    const auto notUtf8 = [](const std::string& text) {
+        return "tide: The " + text + " is not valid UTF-8, so it cannot be stored.\n";
+    };
     walk({{{"list"}, ""},
-          {{"add", "../caf\xE9"},
-           "",
-           "tide: The path " + root.path() +
-               "/projects/caf\\xE9 is not valid UTF-8, so it cannot be stored.\n",
-           1},
-          {{"add", ".", "--name", "\xFF\xFE"},
-           "",
-           "tide: The name \\xFF\\xFE is not valid UTF-8, so it cannot be stored.\n",
-           1},
+          {{"add", "../caf\xE9"}, "", notUtf8("path " + root.path() + "/projects/caf\\xE9"), 1},
+          {{"add", ".", "--name", "\xFF\xFE"}, "", notUtf8("name \\xFF\\xFE"), 1},
           {{"add", "."}, "Pinned: " + name + "\n"}},
          odd);
     const NotchItem added = storedItems().at(0);

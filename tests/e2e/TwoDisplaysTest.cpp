@@ -31,14 +31,6 @@ protected:
         return shown;
     }
 
-    // The pointer onto the screen's top row opens the shelf there; away from it, it closes.
-    void openAndCloseFromTopRow(const Monitor& screen, int x, int scale) {
-        hand.movePointerTo(x, screen.y);
-        EXPECT_TRUE(isShownOn(screen, scale)) << "from x = " << x;
-        hand.movePointerTo(x, screen.y + 700);
-        EXPECT_TRUE(waitUntil([&] { return !isShelfShown(); })) << "from x = " << x;
-    }
-
     // Opens the shelf on the screen from the trigger's first column and checks, in device
     // pixels, the corner cut from its outline and where it takes the pointer.
     void expectOutlineAtScale(const Monitor& screen, int scale) {
@@ -61,12 +53,6 @@ TEST_F(TwoDisplaysTest, TheShelfOpensOnTheDisplayUnderThePointerAtItsScaleAndFol
     for (const char* name : {"alpha", "beta", "gamma"})
         addProject(name);
     startApplication({{"QT_SCREEN_SCALE_FACTORS", "P=1;R=2"}});
-
-    // The top row of each display: the primary's centre, and the first, middle and last
-    // columns of the other's trigger.
-    openAndCloseFromTopRow(primary, centreX(primary), 1);
-    for (const int x : {centreX(left) - 180, centreX(left), centreX(left) + 179})
-        openAndCloseFromTopRow(left, x, 2);
 
     // The open shelf goes from one display to the other.
     expectOutlineAtScale(primary, 1);

@@ -18,19 +18,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-std::vector<Window> children(Display* display, Window window) {
-    Window root = None;
-    Window parent = None;
-    Window* list = nullptr;
-    unsigned count = 0;
-    std::vector<Window> windows;
-    if (XQueryTree(display, window, &root, &parent, &list, &count))
-        windows.assign(list, list + count);
-    if (list)
-        XFree(list);
-    return windows;
-}
-
 // Windows come and go while the inspector looks at them; Xlib's default handler would end the
 // test program on the first such race.
 int ignoreError(Display*, XErrorEvent*) {
@@ -218,13 +205,20 @@ std::optional<unsigned long> X11TestClient::findWindow(const std::string& title)
 }
 
 std::vector<unsigned long> X11TestClient::viewableOverrideRedirectWindows() {
+    Window root = None;
+    Window parent = None;
+    Window* children = nullptr;
+    unsigned count = 0;
+    XQueryTree(display_, DefaultRootWindow(display_), &root, &parent, &children, &count);
     std::vector<unsigned long> windows;
-    for (const Window child : children(display_, DefaultRootWindow(display_))) {
+    for (const Window child : std::vector<Window>(children, children + count)) {
         XWindowAttributes attributes{};
         if (XGetWindowAttributes(display_, child, &attributes) && attributes.override_redirect &&
             attributes.map_state == IsViewable)
             windows.push_back(child);
     }
+    if (children)
+        XFree(children);
     return windows;
 }
 

@@ -282,6 +282,7 @@ TEST_F(ShelfTileTest, TheDrawnShelfTakesClicksMenusDropsAndTheWheelWhileTheFocus
     for (int index = 7; index < 40; ++index)
         addProject("project-" + std::to_string(index));
     ASSERT_TRUE(waitUntil([&] { return inspector.rootGeometry(panel).width == 1856 + 32; }));
+    EXPECT_TRUE(isShelfShown());
     EXPECT_EQ(inspector.findWindow("Tidewell Shelf"), panel) << "the panel was made anew";
     EXPECT_TRUE(waitUntil([&] { return besideTheStrip() == withSevenTiles; }))
         << "tiles are drawn beside the strip";

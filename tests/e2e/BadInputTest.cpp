@@ -14,41 +14,6 @@ namespace fs = std::filesystem;
 
 using BadInputTest = EndToEndTest;
 
-// How the items file escapes odd text is pinned by the unit tests of its writer; here the
-// text comes back whole, text that is not UTF-8 is refused, and link loops are no folders.
-TEST_F(BadInputTest, LinkLoopsOddAndInvalidTextAreHandledAndTheFileIsKept) {
-    const std::string loops = project("loops");
-    fs::create_symlink("loop-b", loops + "/loop-a");
-    fs::create_symlink("loop-a", loops + "/loop-b");
-    fs::create_symlink("self", loops + "/self");
-    root.makeFolder("projects/loops/assets/deeper");
-    fs::create_directory_symlink("../..", loops + "/assets/deeper/up");
-    root.makeFolder("projects/loops/secret/inside");
-    fs::permissions(loops + "/secret", fs::perms::none);
-    walk({{{"add", "loop-a"}, "", "Path does not exist: " + loops + "/loop-a\n", 2},
-          {{"self"}, "", "Path does not exist: " + loops + "/self\n", 2}},
-         loops);
-    EXPECT_FALSE(readFile(itemsFile()));
-    const std::string name = "it's \"quoted\" back\\slash\nline";
-    const std::string odd = project(name);
-    walk({{{"add", loops}, "Pinned: loops\n"}, {{"add", "."}, "Pinned: " + name + "\n"}}, odd);
-    const std::vector<NotchItem> stored = storedItems();
-    ASSERT_EQ(stored.size(), 2u);
-    EXPECT_EQ(stored[0].path, loops);
-    EXPECT_EQ(stored[1].path, odd);
-    EXPECT_NE(tide({"list"}, odd).standardOutput.find("* " + name + "\t" + odd + "\n"),
-              std::string::npos);
-
-    const std::string before = itemsFileBytes();
-    expectResult(tide({"add", "."}, project("caf\xE9")), "",
-                 "tide: The path " + root.path() +
-                     "/projects/caf\\xE9 is not valid UTF-8, so it cannot be stored.\n",
-                 1);
-    expectResult(tide({"add", ".", "--name", "\xFF\xFE"}, odd), "",
-                 "tide: The name \\xFF\\xFE is not valid UTF-8, so it cannot be stored.\n", 1);
-    EXPECT_EQ(itemsFileBytes(), before);
-}
-
 // Twenty thousand records of realistic size make a file of more than 10 MB.
 TEST_F(BadInputTest, AHugeItemsFileIsListedAndKeepsEveryRecordWhenOneIsAdded) {
     std::vector<NotchItem> items;

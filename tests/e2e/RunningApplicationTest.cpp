@@ -7,9 +7,6 @@ namespace tidewell::testing {
 
 using namespace std::chrono_literals;
 
-RunningApplicationTest::RunningApplicationTest(std::unique_ptr<VirtualDisplay> display)
-    : ownDisplay(std::move(display)) {}
-
 std::map<std::string, std::string> RunningApplicationTest::applicationEnvironment() const {
     auto variables = environment();
     variables["DISPLAY"] = display.name();
@@ -58,23 +55,24 @@ bool RunningApplicationTest::panelShows(int tiles) {
 
 bool RunningApplicationTest::openShelf() {
     hand.movePointerTo(screenWidth / 2, 3);
-    if (!waitUntil([&] { return isShelfShown(); }) || !waitUntilExpanded())
-        return false;
-    const auto [x, y] = tileCentre(0);
-    return waitUntilSteady([&] { return inspector.screenPixel(x, y); });
+    return waitUntilOpen();
 }
 
 // The body grows in width and height at once: its lower edge and the left flare, which
 // reaches the top edge only at the full width, are both drawn when it has finished. Black
 // can cover the whole window for a moment too, as while a compositor that has just started
 // takes the screen over: the desktop seen under the flare tells the drawn body from that.
-bool RunningApplicationTest::waitUntilExpanded() {
-    const int frameLeft = inspector.rootGeometry(panel).x + shadowMargin;
+bool RunningApplicationTest::waitUntilOpen(int scale, int top) {
+    // In points from the body's top-left corner.
+    const auto pixel = [&](int x, int y) {
+        const int frameLeft = inspector.rootGeometry(panel).x + scale * shadowMargin;
+        return inspector.screenPixel(frameLeft + scale * x, top + scale * y);
+    };
     return waitUntil([&] {
-        return inspector.screenPixel(frameLeft + 8 + 30, topInset + 88 - 2) == 0x000000 &&
-               inspector.screenPixel(frameLeft + 6, 0) == 0x000000 &&
-               inspector.screenPixel(frameLeft + 6, 6) == desktopColour;
-    });
+               return isShelfShown() && pixel(38, topInset + 86) == 0x000000 &&
+                      pixel(6, 0) == 0x000000 && pixel(6, 6) == desktopColour;
+           }) &&
+           waitUntilSteady([&] { return pixel(44, 58); }); // the first icon
 }
 
 std::pair<int, int> RunningApplicationTest::tileCentre(int index) {

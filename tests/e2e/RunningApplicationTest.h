@@ -20,9 +20,10 @@ protected:
     static constexpr int topInset = 28;
     static constexpr int shadowMargin = 16;
 
-    // On a display of the test's own, by default one 1920 x 1080 screen of Xvfb.
-    explicit RunningApplicationTest(
-        std::unique_ptr<VirtualDisplay> display = std::make_unique<VirtualDisplay>());
+    // On a display of the test's own, by default one 1920 x 1080 screen.
+    explicit RunningApplicationTest(const std::vector<Monitor>& monitors = {}, int width = 1920,
+                                    int height = 1080)
+        : display(monitors, width, height) {}
 
     std::map<std::string, std::string> applicationEnvironment() const;
     // Starts the application, with these variables added to its environment, and waits until
@@ -41,11 +42,12 @@ protected:
     bool isShelfShown() { return inspector.isViewable(panel); }
     // Waits until the panel lies where it does with that many tiles.
     bool panelShows(int tiles);
-    // Moves the pointer into the trigger at the top centre and waits until the shelf has
-    // opened, drawn down to its lower edge, and its first tile has faded in and stays as it
-    // is: only then does the shelf follow changes and take clicks.
+    // Moves the pointer into the trigger at the top centre and waits until the shelf is open.
     bool openShelf();
-    bool waitUntilExpanded();
+    // Waits until the shelf has opened, drawn down to its lower edge, and its first icon has
+    // faded in and stays as it is: only then does the shelf follow changes and take clicks. On
+    // the screen whose top row is `top`, at `scale` device pixels a point.
+    bool waitUntilOpen(int scale = 1, int top = 0);
     // Where the tile's centre lies on the screen while the shelf is open with three tiles or
     // more (fewer are centred in the shelf's least width).
     std::pair<int, int> tileCentre(int index);
@@ -54,8 +56,7 @@ protected:
     // The folder handler was started for the folder, given as a path or a file URI.
     void expectFolderOpened(const std::string& folder);
 
-    std::unique_ptr<VirtualDisplay> ownDisplay;
-    VirtualDisplay& display = *ownDisplay;
+    VirtualDisplay display;
     X11TestClient hand;
     X11TestClient inspector;
     unsigned long desktop = hand.createDesktop(desktopColour);

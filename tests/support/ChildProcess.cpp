@@ -6,12 +6,11 @@
 #include <csignal>
 #include <cstring>
 #include <fcntl.h>
-#include <poll.h>
+#include <fstream>
 #include <spawn.h>
 #include <stdexcept>
 #include <sys/mman.h>
 #include <sys/socket.h>
-#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <thread>
 
@@ -24,13 +23,10 @@ int checked(int result, const std::string& what) {
     return result;
 }
 
+// Read from the start through a file description of its own.
 std::string contents(const FileDescriptor& file) {
-    std::string text;
-    char buffer[65536];
-    ssize_t got = 0;
-    while ((got = ::pread(file.get(), buffer, sizeof buffer, static_cast<off_t>(text.size()))) > 0)
-        text.append(buffer, static_cast<std::size_t>(got));
-    return text;
+    std::ifstream stream("/proc/self/fd/" + std::to_string(file.get()), std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 // Null-terminated pointers into the strings, as exec wants them.
@@ -82,15 +78,13 @@ std::array<int, 2> inputChannel(bool isWanted) {
 ChildProcess::ChildProcess(const Launch& launch)
     : ChildProcess(launch, inputChannel(launch.takesInput)) {}
 
-// The pidfd through syscall: glibc 2.36's <sys/pidfd.h> cannot be used from C++.
 ChildProcess::ChildProcess(const Launch& launch, std::array<int, 2> input)
     : output_(checked(::memfd_create("stdout", MFD_CLOEXEC), "memfd_create")),
       errors_(checked(::memfd_create("stderr", MFD_CLOEXEC), "memfd_create")), input_(input[1]),
-      pid_(spawn(launch, input[0], output_.get(), errors_.get())),
-      exit_(checked(static_cast<int>(::syscall(SYS_pidfd_open, pid_, 0)), "pidfd_open")) {}
+      pid_(spawn(launch, input[0], output_.get(), errors_.get())) {}
 
 ChildProcess::~ChildProcess() {
-    if (!isReaped_) {
+    if (isRunning()) {
         ::kill(pid_, SIGTERM);
         wait(std::chrono::seconds(2));
     }
@@ -100,9 +94,11 @@ ProcessResult ChildProcess::run(const Launch& launch, std::chrono::milliseconds 
     return ChildProcess(launch).wait(timeout);
 }
 
-bool ChildProcess::isRunning() const {
-    pollfd ended{exit_.get(), POLLIN, 0};
-    return !isReaped_ && ::poll(&ended, 1, 0) == 0;
+bool ChildProcess::isRunning() {
+    int status = 0;
+    if (!status_ && ::waitpid(pid_, &status, WNOHANG) == pid_)
+        status_ = WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+    return !status_;
 }
 
 std::string ChildProcess::standardOutput() const {
@@ -113,36 +109,28 @@ std::string ChildProcess::standardError() const {
     return contents(errors_);
 }
 
-bool ChildProcess::waitForOutput(const std::string& text, std::chrono::milliseconds timeout) const {
+bool ChildProcess::waitForOutput(const std::string& text, std::chrono::milliseconds timeout) {
     const auto found = [&] { return standardOutput().find(text) != std::string::npos; };
     return waitUntil([&] { return found() || !isRunning(); }, timeout) && found();
 }
 
 void ChildProcess::writeInput(const std::string& text) {
-    for (std::size_t written = 0; written < text.size();) {
-        const ssize_t done =
-            ::send(input_.get(), text.data() + written, text.size() - written, MSG_NOSIGNAL);
-        if (done < 0 && errno != EINTR)
-            checked(-1, "Cannot write to " + std::to_string(pid_));
-        written += done > 0 ? static_cast<std::size_t>(done) : 0;
-    }
+    const auto size = static_cast<ssize_t>(text.size());
+    checked(::send(input_.get(), text.data(), text.size(), MSG_NOSIGNAL) == size ? 0 : -1,
+            "Cannot write to " + std::to_string(pid_));
 }
 
+// Polled each millisecond: commands of the tool take a few.
 ProcessResult ChildProcess::wait(std::chrono::milliseconds timeout) {
+    const auto ended = [&] { return !isRunning(); };
+    const auto pause = [] { std::this_thread::sleep_for(std::chrono::milliseconds(1)); };
     ProcessResult result;
-    pollfd ended{exit_.get(), POLLIN, 0};
-    int ready = 0;
-    while ((ready = ::poll(&ended, 1, static_cast<int>(timeout.count()))) < 0 && errno == EINTR) {
-    }
-    if (ready == 0) {
+    result.timedOut = !waitUntil(ended, timeout, pause);
+    if (result.timedOut) {
         ::kill(pid_, SIGKILL);
-        result.timedOut = true;
+        waitUntil(ended, timeout, pause);
     }
-    int status = 0;
-    while (::waitpid(pid_, &status, 0) < 0)
-        checked(errno == EINTR ? 0 : -1, "waitpid");
-    isReaped_ = true;
-    result.status = WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+    result.status = status_.value_or(-1);
     result.standardOutput = contents(output_);
     result.standardError = contents(errors_);
     return result;

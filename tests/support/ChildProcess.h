@@ -5,6 +5,7 @@
 #include <array>
 #include <chrono>
 #include <map>
+#include <optional>
 #include <string>
 #include <sys/types.h>
 #include <vector>
@@ -44,13 +45,13 @@ public:
     static ProcessResult run(const Launch& launch,
                              std::chrono::milliseconds timeout = std::chrono::seconds(10));
     pid_t pid() const { return pid_; }
-    bool isRunning() const;
+    bool isRunning();
     // What the program has written so far.
     std::string standardOutput() const;
     std::string standardError() const;
     // Waits until the output holds the text; false once the program ended or the time passed.
     bool waitForOutput(const std::string& text,
-                       std::chrono::milliseconds timeout = std::chrono::seconds(10)) const;
+                       std::chrono::milliseconds timeout = std::chrono::seconds(10));
     // Writes the text to the program's standard input, which must have been asked for.
     void writeInput(const std::string& text);
     // Waits until the program ends, killing it once the timeout has passed.
@@ -63,8 +64,7 @@ private:
     FileDescriptor errors_;
     FileDescriptor input_; // writes to the program's standard input; -1 without
     pid_t pid_;
-    FileDescriptor exit_; // a pidfd: readable once the process has ended
-    bool isReaped_ = false;
+    std::optional<int> status_; // once ended and reaped
 };
 
 } // namespace tidewell::testing

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "linux/SdBusNotificationCenter.h"
+#include "support/WaitUntil.h"
 
 #include <algorithm>
 #include <chrono>
@@ -12,16 +13,12 @@ namespace tidewell::testing {
 // Runs the center's part of an event loop until the condition holds; false after five
 // seconds without it (the messages travel through a real daemon).
 inline bool serveUntil(SdBusNotificationCenter& center, const std::function<bool()>& condition) {
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > deadline)
-            return false;
+    return waitUntil(condition, std::chrono::seconds(5), [&] {
         pollfd descriptor{center.fileDescriptor(), static_cast<short>(center.events()), 0};
         const std::uint64_t timeout = std::min<std::uint64_t>(center.timeoutMicroseconds(), 100000);
         ::poll(&descriptor, 1, static_cast<int>((timeout + 999) / 1000));
         center.processPending();
-    }
-    return true;
+    });
 }
 
 } // namespace tidewell::testing

@@ -18,39 +18,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// The titles the tests look for are ASCII, the same in WM_NAME as in _NET_WM_NAME.
-std::optional<std::string> windowTitle(Display* display, Window window) {
-    char* name = nullptr;
-    if (!XFetchName(display, window, &name) || !name)
-        return std::nullopt;
-    const std::string title = name;
-    XFree(name);
-    return title;
-}
-
-std::vector<Window> children(Display* display, Window window) {
-    Window root = None;
-    Window parent = None;
-    Window* list = nullptr;
-    unsigned count = 0;
-    std::vector<Window> windows;
-    if (XQueryTree(display, window, &root, &parent, &list, &count))
-        windows.assign(list, list + count);
-    if (list)
-        XFree(list);
-    return windows;
-}
-
-std::optional<Window> findBelow(Display* display, Window window, const std::string& title) {
-    for (const Window child : children(display, window)) {
-        if (windowTitle(display, child) == title)
-            return child;
-        if (const auto found = findBelow(display, child, title))
-            return found;
-    }
-    return std::nullopt;
-}
-
 // Windows come and go while the inspector looks at them; Xlib's default handler would end the
 // test program on the first such race.
 int ignoreError(Display*, XErrorEvent*) {
@@ -66,11 +33,6 @@ std::ostream& operator<<(std::ostream& stream, const WindowRect& rect) {
 bool WindowRegion::contains(int x, int y) const {
     return std::any_of(rectangles.begin(), rectangles.end(),
                        [&](const WindowRect& rect) { return rect.contains(x, y); });
-}
-
-DesktopDisplay::SystemFolders::SystemFolders() {
-    environment.set("XDG_CONFIG_DIRS", "/etc/xdg");
-    environment.set("XDG_DATA_DIRS", "/usr/local/share:/usr/share");
 }
 
 X11TestClient::X11TestClient() : display_(XOpenDisplay(nullptr)) {
@@ -238,17 +200,25 @@ bool X11TestClient::hasCompositor() {
 }
 
 std::optional<unsigned long> X11TestClient::findWindow(const std::string& title) {
-    return findBelow(display_, DefaultRootWindow(display_), title);
+    const std::string found = runOnDisplay({"xdotool", "search", "--name", "^" + title + "$"});
+    return found.empty() ? std::nullopt : std::optional(std::stoul(found));
 }
 
 std::vector<unsigned long> X11TestClient::viewableOverrideRedirectWindows() {
+    Window root = None;
+    Window parent = None;
+    Window* children = nullptr;
+    unsigned count = 0;
+    XQueryTree(display_, DefaultRootWindow(display_), &root, &parent, &children, &count);
     std::vector<unsigned long> windows;
-    for (const Window child : children(display_, DefaultRootWindow(display_))) {
+    for (const Window child : std::vector<Window>(children, children + count)) {
         XWindowAttributes attributes{};
         if (XGetWindowAttributes(display_, child, &attributes) && attributes.override_redirect &&
             attributes.map_state == IsViewable)
             windows.push_back(child);
     }
+    if (children)
+        XFree(children);
     return windows;
 }
 
@@ -280,15 +250,7 @@ unsigned long X11TestClient::createManagedWindow() {
 }
 
 void X11TestClient::activate(unsigned long window) {
-    XEvent event{};
-    event.xclient.type = ClientMessage;
-    event.xclient.window = window;
-    event.xclient.message_type = XInternAtom(display_, "_NET_ACTIVE_WINDOW", False);
-    event.xclient.format = 32;
-    event.xclient.data.l[0] = 2; // from a pager: honoured without question
-    XSendEvent(display_, DefaultRootWindow(display_), False,
-               SubstructureRedirectMask | SubstructureNotifyMask, &event);
-    XSync(display_, False);
+    runOnDisplay({"xdotool", "windowactivate", std::to_string(window)});
 }
 
 unsigned long X11TestClient::focusedWindow() {

@@ -35,20 +35,6 @@ struct WindowRegion {
     bool contains(int x, int y) const;
 };
 
-// A virtual display inside the test desktop. The window manager finds its theme in the
-// system's data folders, which the test desktop hides: they are shown again while the display
-// exists.
-class DesktopDisplay {
-private:
-    struct SystemFolders {
-        SystemFolders();
-        ScopedEnvironment environment;
-    };
-
-    SystemFolders folders_;
-    VirtualDisplay display_;
-};
-
 // Another X client on the current display: it owns windows and selections and moves the
 // pointer, presses buttons and types through XTest, as a user would. It also looks at windows
 // as the window manager and other clients see them.
@@ -65,8 +51,6 @@ public:
     // A window of one colour (0xRRGGBB) over the whole screen, below all others: the desktop
     // as the tests see it.
     unsigned long createDesktop(unsigned long colour);
-    // Where the pointer is on the screen.
-    std::pair<int, int> pointerPosition();
     // Warps are invisible to raw input: warp beside the point, then move onto it.
     void movePointerTo(int x, int y);
     void movePointerBy(int dx, int dy);
@@ -115,6 +99,7 @@ public:
 private:
     // Runs the X client on the display to its end; what it printed.
     std::string runOnDisplay(const std::vector<std::string>& arguments);
+    std::pair<int, int> pointerPosition();
     WindowRegion shape(unsigned long window, int kind);
 
     _XDisplay* display_;

@@ -7,12 +7,12 @@
 namespace tidewell {
 namespace {
 
-using testing::DesktopDisplay;
+using testing::VirtualDisplay;
 using testing::X11TestClient;
 
 // A file drag to the shelf is walked end to end; a drag of text or a released button is not.
 TEST(X11DragProbe, SeesFilesDraggedWithThePrimaryButtonHeld) {
-    DesktopDisplay display;
+    VirtualDisplay display;
     X11TestClient source;
     const unsigned long window = source.createWindow(100, 100, 200, 200);
     source.movePointerTo(150, 150);

@@ -12,7 +12,7 @@ int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
     if (GTEST_FLAG_GET(list_tests))
         return RUN_ALL_TESTS();
-    const tidewell::testing::DesktopDisplay display;
+    const tidewell::testing::VirtualDisplay display;
     qputenv("QT_QPA_PLATFORM", "xcb");
     tidewell::chooseSceneGraphBackend();
     QApplication application(argc, argv);

@@ -46,7 +46,4 @@ private:
     ScopedEnvironment environment_;
 };
 
-// The display of the gui tests' desktop.
-using DesktopDisplay = VirtualDisplay;
-
 } // namespace tidewell::testing

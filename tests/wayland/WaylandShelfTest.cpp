@@ -129,12 +129,12 @@ TEST_F(WaylandShelfTest, TheShelfOpensAtTheTopOfEachOutputTakesDropsAndItsTilesO
     auto window =
         session(buildFolder() + "/tests/tidewell_drag_source_probe", {"--at", "0,0", dropped});
     window.environment["QT_QPA_PLATFORM"] = "wayland";
-    const ChildProcess below(window);
+    ChildProcess below(window);
     ASSERT_TRUE(below.waitForOutput("ready\n")) << below.standardError();
     auto launch = session(tidewellPath());
     launch.environment["XDG_DATA_DIRS"] = root.makeFolder("desktop-data");
     launch.environment["XDG_CONFIG_DIRS"] = root.makeFolder("desktop-config");
-    const ChildProcess application(launch);
+    ChildProcess application(launch);
     // Its surfaces appear a while after it started; until then the pointer at the top does
     // nothing.
     ASSERT_TRUE(waitUntil(

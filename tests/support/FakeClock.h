@@ -8,7 +8,6 @@ namespace tidewell::testing {
 class FakeClock : public Clock {
 public:
     Date now() const override { return now_; }
-    void set(Date date) { now_ = date; }
     void advance(std::chrono::nanoseconds by) {
         now_ += std::chrono::duration_cast<Date::duration>(by);
     }

@@ -20,10 +20,7 @@ public:
         visible = true;
         ++orderFrontCount;
     }
-    void orderOut() override {
-        visible = false;
-        ++orderOutCount;
-    }
+    void orderOut() override { visible = false; }
     bool isVisible() const override { return visible; }
     void setSharingHidden(bool hidden) override { sharingHidden = hidden; }
 
@@ -33,7 +30,6 @@ public:
     bool visible = false;
     bool sharingHidden = false;
     int orderFrontCount = 0;
-    int orderOutCount = 0;
 };
 
 } // namespace tidewell::testing

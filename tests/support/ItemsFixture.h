@@ -19,6 +19,22 @@ namespace tidewell::testing {
 class ItemsFixture : public ::testing::Test {
 protected:
     std::string itemsFileBytes() const { return files.readFile(database.itemsURL()).value_or(""); }
+    // A record as another writer could have made it, created and last opened at `created`.
+    static NotchItem record(const std::string& name, const std::string& path, Date created) {
+        return {.id = Uuid::random(),
+                .name = name,
+                .path = path,
+                .initials = "N",
+                .tintHex = "#000000",
+                .createdAt = created,
+                .lastOpenedAt = created};
+    }
+    static std::vector<std::string> names(const std::vector<NotchItem>& items) {
+        std::vector<std::string> result;
+        for (const NotchItem& item : items)
+            result.push_back(item.name);
+        return result;
+    }
 
     TemporaryDirectory root;
     UserPaths paths{.home = root.makeFolder("home"), .applicationSupport = root.makeFolder("data")};

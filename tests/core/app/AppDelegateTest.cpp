@@ -2,15 +2,12 @@
 
 #include "core/notify/NotificationNames.h"
 #include "core/shelf/PanelControllerFixture.h"
-#include "support/FakeAlertPresenter.h"
 #include "support/FakeFolderChooser.h"
 #include "support/FakeLoginItemService.h"
-#include "support/FakeRunningApplication.h"
-#include "support/FakeSettingsWindow.h"
-#include "support/FakeStatusItem.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <map>
 
 namespace tidewell::testing {
 namespace {
@@ -19,6 +16,29 @@ using namespace std::chrono_literals;
 
 const ApplicationLocation installedCopy{"/usr/local/bin/tidewell", true};
 
+// The status menu, alerts, settings window and process as the delegate drives them: the test
+// opens the menu and picks entries through the handlers it was given.
+class FakeApplicationShell : public StatusItem,
+                             public AlertPresenter,
+                             public SettingsWindow,
+                             public RunningApplication {
+public:
+    void configure(const std::vector<StatusMenuEntry>&, Handlers menuHandlers) override {
+        handlers = std::move(menuHandlers);
+    }
+    void setChecked(StatusMenuAction action, bool isChecked) override {
+        checked[action] = isChecked;
+    }
+    void showAlert(const std::string& message) override { alerts.push_back(message); }
+    void show() override {}
+    void terminate() override { ++terminateCount; }
+
+    Handlers handlers;
+    std::map<StatusMenuAction, bool> checked;
+    std::vector<std::string> alerts;
+    int terminateCount = 0;
+};
+
 // The delegate over a real panel controller, item store and launch-at-login component, on
 // fake displays, windows, dialogs and time. The pointer rests on the main display, away from
 // the shelf.
@@ -26,14 +46,12 @@ class AppDelegateTest : public PanelControllerFixture {
 protected:
     AppDelegateTest() { pointer.where = farAway; }
 
-    // Every service has a type of its own, so none can be passed in another's place.
     void launch(const ApplicationLocation& application) {
         launchAtLogin = std::make_unique<LaunchAgentManager>(files, loginItems, paths, application);
         delegate = std::make_unique<AppDelegate>(AppDelegate::Services{
             store, database, files, defaults, localCenter, distributedCenter, queue, workspace,
             *launchAtLogin, application, *controller, pointer, displays,
-            [this] { controller->start(); }, settingsWindow, statusItem, folderChooser, alerts,
-            runningApplication});
+            [this] { controller->start(); }, shell, shell, folderChooser, shell, shell});
         delegate->applicationDidFinishLaunching();
         queue.runUntilIdle();
     }
@@ -47,52 +65,48 @@ protected:
         advanceMilliseconds(600);
         EXPECT_FALSE(panel.visible);
     }
-    bool isStartAtLoginChecked() {
-        return statusItem.checked[StatusMenuAction::toggleStartAtLogin];
-    }
+    bool isStartAtLoginChecked() { return shell.checked[StatusMenuAction::toggleStartAtLogin]; }
+    void choose(StatusMenuAction action) { shell.handlers.perform(action); }
 
     FakeLoginItemService loginItems;
     std::unique_ptr<LaunchAgentManager> launchAtLogin;
-    FakeSettingsWindow settingsWindow;
-    FakeStatusItem statusItem;
+    FakeApplicationShell shell;
     FakeFolderChooser folderChooser;
-    FakeAlertPresenter alerts;
-    FakeRunningApplication runningApplication;
     std::unique_ptr<AppDelegate> delegate;
 };
 
 TEST_F(AppDelegateTest, TheMenuAddsFoldersTogglesOpenAtLoginRevealsDataShowsSettingsAndQuits) {
     launch(installedCopy);
-    statusItem.choose(StatusMenuAction::addFolder);
+    choose(StatusMenuAction::addFolder);
     queue.advance(3s);
     EXPECT_EQ(folderChooser.prompts, std::vector<std::string>{"Add"});
     EXPECT_TRUE(store.items().empty());
     EXPECT_EQ(panel.orderFrontCount, 0) << "nothing shows at launch without the flag";
     folderChooser.choice = root.makeFolder("projects/harbour");
-    statusItem.choose(StatusMenuAction::addFolder);
+    choose(StatusMenuAction::addFolder);
     ASSERT_EQ(store.favorites().size(), 1u);
     EXPECT_EQ(store.favorites()[0].name, "harbour");
     expectShownBriefly();
 
     // The check mark follows what is installed now, also when turned off elsewhere.
-    statusItem.openMenu();
+    shell.handlers.menuWillOpen();
     EXPECT_TRUE(isStartAtLoginChecked());
     loginItems.currentStatus = LoginItemStatus::notRegistered;
-    statusItem.openMenu();
+    shell.handlers.menuWillOpen();
     EXPECT_FALSE(isStartAtLoginChecked());
-    statusItem.choose(StatusMenuAction::toggleStartAtLogin);
+    choose(StatusMenuAction::toggleStartAtLogin);
     EXPECT_TRUE(isStartAtLoginChecked());
     EXPECT_EQ(loginItems.currentStatus, LoginItemStatus::enabled);
-    EXPECT_TRUE(alerts.messages.empty());
+    EXPECT_TRUE(shell.alerts.empty());
 
     const std::string dataFolder = root.path() + "/data/Tidewell";
     std::filesystem::remove_all(dataFolder);
-    statusItem.choose(StatusMenuAction::revealData);
+    choose(StatusMenuAction::revealData);
     EXPECT_TRUE(files.isDirectory(dataFolder));
     EXPECT_EQ(workspace.calls, (std::vector<FakeWorkspace::Call>{
                                    {FakeWorkspace::Operation::openFolder, dataFolder}}));
-    statusItem.choose(StatusMenuAction::quit);
-    EXPECT_EQ(runningApplication.terminateCount, 1);
+    choose(StatusMenuAction::quit);
+    EXPECT_EQ(shell.terminateCount, 1);
 }
 
 } // namespace

@@ -4,9 +4,9 @@
 #include "core/drag/ShelfDragState.h"
 #include "core/drag/ShelfDropContext.h"
 #include "core/drag/ShelfItemMove.h"
+#include "core/platform/BackgroundQueue.h"
 #include "core/shelf/ShelfLayout.h"
 #include "core/store/ItemStore.h"
-#include "support/FakeBackgroundQueue.h"
 #include "support/FakePanelWindow.h"
 #include "support/FakePointer.h"
 #include "support/FakeWorkspace.h"
@@ -18,6 +18,24 @@
 namespace tidewell::testing {
 
 using Names = std::vector<std::string>;
+
+// Keeps the tasks until the test runs them, in whatever order it chooses.
+class FakeBackgroundQueue : public BackgroundQueue {
+public:
+    void post(std::function<void()> task) override { tasks.push_back(std::move(task)); }
+    // Runs and forgets the task at `index` among those still pending, in posting order.
+    void run(std::size_t index) {
+        const auto task = std::move(tasks.at(index));
+        tasks.erase(tasks.begin() + static_cast<std::ptrdiff_t>(index));
+        task();
+    }
+    void runAll() {
+        while (!tasks.empty())
+            run(0);
+    }
+
+    std::vector<std::function<void()>> tasks;
+};
 
 // A shelf with the pinned projects A, B and C (in that order) on real folders, an open panel
 // at (400, 800) sized 400 × 120, and the pointer at rest with no button held.
@@ -37,12 +55,6 @@ protected:
 
     std::string folder(const std::string& name) const {
         return root.makeFolder("projects/" + name);
-    }
-    static Names names(const std::vector<NotchItem>& items) {
-        Names result;
-        for (const NotchItem& item : items)
-            result.push_back(item.name);
-        return result;
     }
     Names favoriteNames() const { return names(store.favorites()); }
     // As a store opened now on the items file would show them.

@@ -8,16 +8,11 @@
 namespace tidewell::testing {
 namespace {
 
-using namespace std::string_literals;
 using FolderDropDecoder::ItemProvider;
-using FolderDropDecoder::ProvidedItem;
 using Paths = std::vector<std::string>;
 
 class FolderDropDecoderTest : public ::testing::Test {
 protected:
-    std::optional<std::string> decoded(ProvidedItem::Kind kind, const std::string& bytes) const {
-        return FolderDropDecoder::path(ItemProvider{.urlItem = ProvidedItem{kind, bytes}}, files);
-    }
     // The folders that decoding the drop's providers one by one yields, in drag order.
     Paths decodedProviders(const DroppedData& data) const {
         Paths paths;

@@ -28,7 +28,7 @@ TEST_F(FolderDropTest, FoldersOfTheUriListAreAddedAtOnceInDragOrder) {
                                 fileUrl(folder("Y")) + "\r\n";
     EXPECT_TRUE(ShelfGapDrop(context()).performDrop(folderAt(30), {.uriList = uriList}));
     EXPECT_EQ(favoriteNames(), (Names{"A", "X", "Y", "B", "C"}));
-    EXPECT_EQ(background.pendingCount(), 0u);
+    EXPECT_EQ(background.tasks.size(), 0u);
     expectGapClosed();
     EXPECT_EQ(layout.expandedSize(), layout.size(5, 0));
 
@@ -48,7 +48,7 @@ TEST_F(FolderDropTest, DecodedFoldersKeepDragOrderWhateverOrderDecodingFinishesI
     ShelfTileDrop onB(ids[1], context());
     EXPECT_TRUE(onB.performDrop(folderAt(30), {.plainText = folder("X") + "\n" + folder("Y")}));
     EXPECT_TRUE(state.isCommittingFolderDrop());
-    ASSERT_EQ(background.pendingCount(), 2u);
+    ASSERT_EQ(background.tasks.size(), 2u);
 
     // Hovering and leaving change nothing while the drop is decoded.
     onB.dropUpdated(folderAt(30));

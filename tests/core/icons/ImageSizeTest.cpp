@@ -7,50 +7,43 @@ namespace tidewell {
 namespace {
 
 // The smallest valid headers of each format, built byte by byte.
-std::string littleEndian(std::uint32_t value, int width) {
+std::string le(std::uint32_t value, int width) {
     std::string bytes;
     for (int i = 0; i < width; ++i)
         bytes += static_cast<char>((value >> (8 * i)) & 0xFF);
     return bytes;
 }
 
-std::string bigEndian(std::uint32_t value, int width) {
-    const std::string bytes = littleEndian(value, width);
+std::string be(std::uint32_t value, int width) {
+    const std::string bytes = le(value, width);
     return {bytes.rbegin(), bytes.rend()};
 }
 
-// A baseline frame header with three components right after the start of image.
-std::string jpeg(std::uint32_t width, std::uint32_t height) {
-    return std::string("\xFF\xD8\xFF\xC0\x00\x11\x08", 7) + bigEndian(height, 2) +
-           bigEndian(width, 2) + std::string("\x03\x01\x11\x00\x02\x11\x00\x03\x11\x00", 10);
+// `bytes` with those at `offset` overwritten.
+std::string patched(std::string bytes, std::size_t offset, const std::string& with) {
+    return bytes.replace(offset, with.size(), with);
 }
 
-// The file header and a 40-byte info header of a 24-bit bitmap.
-std::string bmp(std::uint32_t width, std::uint32_t height) {
-    return "BM" + littleEndian(54, 4) + littleEndian(0, 4) + littleEndian(54, 4) +
-           littleEndian(40, 4) + littleEndian(width, 4) + littleEndian(height, 4) +
-           littleEndian(1, 2) + littleEndian(24, 2) + std::string(24, '\0');
+const std::string jpegStart = "\xFF\xD8";
+
+// A baseline frame header with three components.
+std::string jpegFrame(std::uint32_t width, std::uint32_t height) {
+    return std::string("\xFF\xC0\x00\x11\x08", 5) + be(height, 2) + be(width, 2) +
+           std::string("\x03\x01\x11\x00\x02\x11\x00\x03\x11\x00", 10);
 }
 
 std::string riffWebp(std::string_view chunkTag, const std::string& payload) {
-    return "RIFF" + littleEndian(static_cast<std::uint32_t>(12 + payload.size()), 4) + "WEBP" +
-           std::string(chunkTag) + littleEndian(static_cast<std::uint32_t>(payload.size()), 4) +
-           payload;
-}
-
-std::string webpLossy(std::uint32_t width, std::uint32_t height) {
-    return riffWebp("VP8 ", std::string("\x10\x02\x00\x9d\x01\x2a", 6) + littleEndian(width, 2) +
-                                littleEndian(height, 2));
+    const auto length = static_cast<std::uint32_t>(payload.size());
+    return "RIFF" + le(12 + length, 4) + "WEBP" + std::string(chunkTag) + le(length, 4) + payload;
 }
 
 // An icon directory with one 32-bit entry per (width, height) byte pair; 0 stands for 256.
 std::string ico(const std::vector<std::pair<std::uint8_t, std::uint8_t>>& entries) {
     const auto count = static_cast<std::uint32_t>(entries.size());
-    std::string bytes = littleEndian(0, 2) + littleEndian(1, 2) + littleEndian(count, 2);
+    std::string bytes = le(0, 2) + le(1, 2) + le(count, 2);
     for (const auto& [width, height] : entries)
-        bytes += std::string{static_cast<char>(width), static_cast<char>(height), 0, 0} +
-                 littleEndian(1, 2) + littleEndian(32, 2) + littleEndian(40, 4) +
-                 littleEndian(6 + 16 * count, 4);
+        bytes += le(width, 1) + le(height, 1) + le(0, 2) + le(1, 2) + le(32, 2) + le(40, 4) +
+                 le(6 + 16 * count, 4);
     return bytes;
 }
 
@@ -58,25 +51,15 @@ std::string ico(const std::vector<std::pair<std::uint8_t, std::uint8_t>>& entrie
 std::string icns(const std::vector<std::string>& types) {
     std::string elements;
     for (const std::string& type : types)
-        elements += type + bigEndian(12, 4) + "data";
-    return "icns" + bigEndian(static_cast<std::uint32_t>(8 + elements.size()), 4) + elements;
-}
-
-// A table of contents listing the types, followed by only the first listed element.
-std::string icnsWithTableOfContents(const std::vector<std::string>& types) {
-    std::string table;
-    for (const std::string& type : types)
-        table += type + bigEndian(100000, 4);
-    const std::string tableElement =
-        "TOC " + bigEndian(static_cast<std::uint32_t>(8 + table.size()), 4) + table;
-    return "icns" + bigEndian(2000000, 4) + tableElement + types.front() + bigEndian(100000, 4);
+        elements += type + be(12, 4) + "data";
+    return "icns" + be(static_cast<std::uint32_t>(8 + elements.size()), 4) + elements;
 }
 
 // One image file directory holding ImageWidth and ImageLength as SHORT (3) or LONG (4).
 std::string tiff(bool isLittleEndian, std::uint32_t width, std::uint32_t height,
                  std::uint32_t type) {
     const auto number = [&](std::uint32_t value, int size) {
-        return isLittleEndian ? littleEndian(value, size) : bigEndian(value, size);
+        return isLittleEndian ? le(value, size) : be(value, size);
     };
     const auto entry = [&](std::uint32_t tag, std::uint32_t value) {
         const std::string field =
@@ -105,86 +88,52 @@ Size sizeOfFile(const std::string& file) {
 
 // Metadata segments of the largest length, before the frame header.
 std::string jpegAfterMetadata(int segments) {
-    std::string bytes = jpeg(1, 1).substr(0, 2);
+    std::string bytes = jpegStart;
     for (int i = 0; i < segments; ++i)
         bytes += std::string("\xFF\xE1\xFF\xFF", 4) + std::string(0xFFFF - 2, '\0');
-    return bytes + jpeg(640, 480).substr(2);
+    return bytes + jpegFrame(640, 480);
 }
 
 std::vector<Sample> samples() {
-    const std::string jpegStart = jpeg(1, 1).substr(0, 2);
-    const std::string jpegFrame = jpeg(640, 480).substr(2);
-    const std::string exif = std::string("\xFF\xE1\0\x08", 4) + "Exif" + std::string(2, '\0');
-    std::string cursor = ico({{32, 32}});
-    cursor[2] = 2;
-    std::string icoDataInsideDirectory = ico({{32, 32}});
-    icoDataInsideDirectory[6 + 12] = 5;
-    // Bit count 0, as entries holding PNG data have.
-    std::string icoPngEntry = ico({{48, 48}});
-    icoPngEntry.replace(6 + 6, 2, littleEndian(0, 2));
-    std::string icnsZeroLength = icns({"ic08", "ic10"});
-    icnsZeroLength.replace(8 + 4, 4, bigEndian(0, 4));
-    std::string icnsMisnamed = icns({"ic07"});
-    icnsMisnamed[3] = 'X';
-    std::string tiffDirectoryOutside = tiff(false, 10, 10, 3);
-    tiffDirectoryOutside.replace(4, 4, bigEndian(4000, 4));
-    std::string tiffDirectoryAtTheEnd = tiff(true, 100, 60, 3);
-    tiffDirectoryAtTheEnd.replace(4, 4, littleEndian(8 + 100000, 4));
-    tiffDirectoryAtTheEnd.insert(8, std::string(100000, '\0'));
+    const std::string frame = jpegFrame(640, 480);
+    const std::string table = be(100000, 4);
     return {
         {"png",
          std::string("\x89PNG\r\n\x1a\n\0\0\0\x0dIHDR\0\0\x01\x2c\0\0\0\xc8\x08\x06\0\0\0\0\0\0\0",
                      33),
          {{300, 200}}},
-        {"jpeg", jpeg(64, 48), {{64, 48}}},
-        {"gif", std::string("GIF89a\x10\0\x20\0\0\0\0", 13), {{16, 32}}},
-        {"bmp", bmp(40, 30), {{40, 30}}},
-        // A Huffman table whose code counts add up to more than 256 symbols is damaged, and
-        // no reason to distrust the frame header after it.
-        {"jpeg frame behind other segments",
-         jpegStart + exif + std::string("\xFF\xC4\x00\x13\x00", 5) + std::string(16, '\x11') +
-             jpegFrame,
-         {{640, 480}}},
-        {"progressive jpeg", jpegStart + "\xFF\xC2" + jpegFrame.substr(2), {{640, 480}}},
-        {"jpeg scan before the frame", jpegStart + std::string("\xFF\xDA\x00\x02", 4) + jpegFrame},
-        {"jpeg impossible length", jpegStart + std::string("\xFF\xE0\x00\x01", 4) + jpegFrame},
         {"jpeg frame after 64 KiB of metadata", jpegAfterMetadata(1), {{640, 480}}},
-        {"jpeg frame after more metadata than is read", jpegAfterMetadata(17)},
-        {"lossy webp, scaling bits aside", webpLossy(320 | 0xC000, 240 | 0x4000), {{320, 240}}},
-        {"lossless webp", riffWebp("VP8L", "\x2f" + littleEndian(16383 << 14, 4)), {{1, 16384}}},
+        {"lossy webp, scaling bits aside",
+         riffWebp("VP8 ", std::string("\x10\x02\x00\x9d\x01\x2a", 6) + le(320 | 0xC000, 2) +
+                              le(240 | 0x4000, 2)),
+         {{320, 240}}},
+        {"lossless webp", riffWebp("VP8L", "\x2f" + le(16383 << 14, 4)), {{1, 16384}}},
         {"extended webp",
-         riffWebp("VP8X", std::string(4, '\0') + littleEndian(1023, 3) + littleEndian(767, 3)),
+         riffWebp("VP8X", std::string(4, '\0') + le(1023, 3) + le(767, 3)),
          {{1024, 768}}},
         {"lossy webp, bad frame tag",
          riffWebp("VP8 ", std::string("\x11\x02\x00\x9d\x01\x2a\x10\x00\x10\x00", 10))},
-        {"riff but no webp", "RIFF" + littleEndian(4, 4) + "WAVEfmt "},
         {"ico: the largest entry, 0 meaning 256", ico({{16, 16}, {0, 0}, {32, 32}}), {{256, 256}}},
-        {"ico without entries", ico({})},
-        {"ico entry of bit count 0", icoPngEntry, {{48, 48}}},
-        {"cursor", cursor},
-        {"ico data inside the directory", icoDataInsideDirectory},
-        {"icns: the largest known type", icns({"is32", "s8mk", "ic10", "ic07"}), {{1024, 1024}}},
-        {"icns, retina type", icns({"ic12", "it32", "info"}), {{128, 128}}},
+        {"ico entry of bit count 0, as of PNG data",
+         patched(ico({{48, 48}}), 12, le(0, 2)),
+         {{48, 48}}},
+        {"cursor", patched(ico({{32, 32}}), 2, le(2, 1))},
+        {"ico data inside the directory", patched(ico({{32, 32}}), 18, le(5, 1))},
         {"icns cut short: what the bytes reach", icns({"ic11", "ic09"}).substr(0, 24), {{32, 32}}},
-        {"icns table of contents", icnsWithTableOfContents({"ic12", "ic13", "ic14"}), {{512, 512}}},
-        {"icns zero-length element", icnsZeroLength},
-        {"icns elements without the tag", icnsMisnamed},
-        {"icns, 16-point type", icns({"ic04"}), {{16, 16}}},
-        {"icns, 24-point type", icns({"sb24"}), {{24, 24}}},
+        // A table of contents listing the types, followed by only the first listed element.
+        {"icns table of contents",
+         "icns" + be(2000000, 4) + "TOC " + be(32, 4) + "ic12" + table + "ic13" + table + "ic14" +
+             table + "ic12" + table,
+         {{512, 512}}},
+        {"icns zero-length element", patched(icns({"ic08", "ic10"}), 12, be(0, 4))},
         {"icns, 32-point PNG type", icns({"icp5"}), {{32, 32}}},
-        {"tiff, little-endian short", tiff(true, 100, 60, 3), {{100, 60}}},
         {"tiff, big-endian long", tiff(false, 5, 70000, 4), {{5, 70000}}},
         {"tiff, big-endian short", tiff(false, 100, 60, 3), {{100, 60}}},
-        {"tiff, ASCII is no size", tiff(true, 100, 60, 2)},
-        {"tiff directory outside the file", tiffDirectoryOutside},
-        {"tiff directory at the end", tiffDirectoryAtTheEnd, {{100, 60}}},
-        {"svg",
-         R"(<svg xmlns="http://www.w3.org/2000/svg" width="24" height="16"></svg>)",
-         {{24, 16}}},
+        {"tiff directory at the end",
+         patched(tiff(true, 100, 60, 3), 4, le(8 + 100000, 4)).insert(8, std::string(100000, '\0')),
+         {{100, 60}}},
         {"svg, pt and in", R"(<svg width="72pt" height="1in"/>)", {{96, 96}}},
         {"svg, pc", R"(<svg width="6pc" height="3pc"/>)", {{96, 48}}},
-        {"svg viewBox with commas", R"(<svg viewBox="-5,-5, 30,10"/>)", {{30, 10}}},
-        {"svg percent", R"(<svg width="100%" height="100%" viewBox="0 0 64 32"/>)", {{64, 32}}},
         {"svg width only", R"(<svg width="128" viewBox="0 0 64 32"/>)", {{128, 64}}},
         {"svg infinite width", R"(<svg width="inf" viewBox="0 0 64 32"/>)", {{64, 32}}},
         {"svg after prolog, comment and doctype",
@@ -194,12 +143,6 @@ std::vector<Sample> samples() {
          {{12, 12}}},
         {"svg after an empty comment", "<!----><svg width=\"5\" height=\"6\"/>", {{5, 6}}},
         {"svg after a plain doctype", "<!DOCTYPE svg><svg width=\"5\" height=\"5\"/>", {{5, 5}}},
-        {"svg inside html", R"(<html><svg width="10" height="10"/></html>)"},
-        {"svg zero width", R"(<svg width="0" height="10"/>)"},
-        {"svg zero width beside a view box", R"(<svg width="0" viewBox="0 0 64 32"/>)", {{64, 32}}},
-        {"svg short viewBox", R"(<svg viewBox="0 0 10"/>)"},
-        {"svg tag never ends", R"(<svg width="10" height="10")"},
-        {"empty", ""},
     };
 }
 

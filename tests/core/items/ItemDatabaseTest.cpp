@@ -55,15 +55,6 @@ protected:
     void writeItems(const std::vector<NotchItem>& items) {
         root.write("data/Tidewell/items.json", ItemsJson::encode(items));
     }
-    NotchItem record(const std::string& name, const std::string& path, Date created) {
-        return {.id = Uuid::random(),
-                .name = name,
-                .path = path,
-                .initials = "N",
-                .tintHex = "#000000",
-                .createdAt = created,
-                .lastOpenedAt = created};
-    }
 };
 
 // The earliest record keeps its id and creation; the most recently opened one gives its look.

@@ -20,12 +20,6 @@ protected:
     TerminalLauncher launcher(const std::string& shell = "/bin/bash") {
         return TerminalLauncher({files, processes, executables, queue, shell, scripts.path()});
     }
-    std::vector<std::string> scriptFiles() const {
-        std::vector<std::string> names;
-        for (const auto& entry : files.list(scripts.path()))
-            names.push_back(entry.name);
-        return names;
-    }
 
     testing::TemporaryDirectory scripts;
     PosixFileSystem files;
@@ -103,8 +97,8 @@ TEST_F(TerminalLauncherTest, CommandsOfSeveralLinesRunFromAPrivateScript) {
         processes.launches.clear();
         processes.startFailure = startFailure.empty() ? std::nullopt : std::optional(startFailure);
         launcher(shell).run(command, "/it's", TerminalApp::xterm);
-        ASSERT_EQ(scriptFiles().size(), 1u);
-        const std::string path = scripts.path() + "/" + scriptFiles()[0];
+        ASSERT_EQ(files.list(scripts.path()).size(), 1u);
+        const std::string path = scripts.path() + "/" + files.list(scripts.path())[0].name;
         EXPECT_EQ(files.readFile(path), TerminalLauncher::line(command, "/it's"));
         EXPECT_EQ(std::filesystem::status(path).permissions(),
                   std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
@@ -112,9 +106,9 @@ TEST_F(TerminalLauncherTest, CommandsOfSeveralLinesRunFromAPrivateScript) {
         EXPECT_EQ(processes.launches.empty() ? "" : processes.launches.back().arguments.back(),
                   startFailure.empty() ? shellLine : "");
         queue.advance(9900ms);
-        EXPECT_EQ(scriptFiles().size(), 1u);
+        EXPECT_EQ(files.list(scripts.path()).size(), 1u);
         queue.advance(100ms);
-        EXPECT_TRUE(scriptFiles().empty());
+        EXPECT_TRUE(files.list(scripts.path()).empty());
     }
     processes.launches.clear();
     TerminalLauncher({files, processes, executables, queue, "/bin/bash", scripts.path() + "/gone"})

@@ -11,7 +11,6 @@
 namespace tidewell {
 namespace {
 
-using namespace std::chrono_literals;
 using testing::FakeWorkspace;
 using Calls = std::vector<FakeWorkspace::Call>;
 

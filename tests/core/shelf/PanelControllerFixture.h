@@ -2,7 +2,6 @@
 
 #include "core/shelf/NotchPanelController.h"
 #include "support/FakeDisplays.h"
-#include "support/FakeDragPasteboard.h"
 #include "support/FakeKeyValueStore.h"
 #include "support/FakePanelWindow.h"
 #include "support/FakePointer.h"
@@ -19,22 +18,15 @@ namespace tidewell::testing {
 // hanging from the top centre, and an empty shelf there is 200 x 116 at (620, 784).
 class PanelControllerFixture : public ItemsFixture {
 protected:
-    PanelControllerFixture() {
-        displays.displays = {mainDisplay, sideDisplay};
-        controller = makeController();
-    }
-
-    std::unique_ptr<NotchPanelController> makeController() {
-        return std::make_unique<NotchPanelController>(NotchPanelController::Services{
-            panel, displays, pointer, dragPasteboard, queue, localCenter, store, appearance});
-    }
+    PanelControllerFixture() { restart(); }
 
     // A fresh controller on a fresh panel and the usual displays, for each row of a table.
     void restart() {
         controller.reset();
         panel = FakePanelWindow();
         displays.displays = {mainDisplay, sideDisplay};
-        controller = makeController();
+        controller = std::make_unique<NotchPanelController>(NotchPanelController::Services{
+            panel, displays, pointer, pointer, queue, localCenter, store, appearance});
     }
     // The pointer monitor reports a position and the queue catches up.
     void move(Point location) {
@@ -64,7 +56,6 @@ protected:
     FakePanelWindow panel;
     FakeDisplays displays;
     FakePointer pointer;
-    FakeDragPasteboard dragPasteboard;
     FakeWorkspace workspace;
     FakeKeyValueStore defaults;
     AppearanceSettings appearance{defaults};

@@ -51,7 +51,7 @@ TEST_F(PanelTrigger, DraggedFilesWidenTheTriggerBy56EachSideAndLowerItTo160) {
                                           << buttons << " files " << offersFiles);
         restart();
         pointer.buttons = buttons;
-        dragPasteboard.files = offersFiles;
+        pointer.dragsFiles = offersFiles;
         move(location);
         EXPECT_EQ(controller->panelState() == PanelState::showing, opens);
     }
@@ -242,7 +242,7 @@ TEST_F(PanelOnRequest, FollowsDisplayChangesAndPrivacyAndLeavesNothingBehindWhen
     controller.reset();
     localCenter.post(screenParametersDidChange);
     advanceMilliseconds(1000);
-    EXPECT_EQ(panel.orderOutCount, 0);
+    EXPECT_TRUE(panel.isVisible());
 }
 
 } // namespace

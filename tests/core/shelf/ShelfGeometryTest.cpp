@@ -1,8 +1,6 @@
 #include "core/shelf/MergedBackground.h"
-#include "core/shelf/NotchMergeShape.h"
 #include "core/shelf/NotchTransition.h"
 #include "core/shelf/ScreenNotchGeometry.h"
-#include "core/shelf/ShelfMeasurements.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

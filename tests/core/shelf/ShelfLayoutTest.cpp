@@ -1,6 +1,5 @@
 #include "core/shelf/ShelfLayout.h"
 
-#include "core/shelf/ShelfMeasurements.h"
 #include "core/shelf/StripScroll.h"
 #include "support/FakeClock.h"
 #include "support/FakeMainQueue.h"
@@ -13,8 +12,6 @@
 
 namespace tidewell::testing {
 namespace {
-
-using namespace std::chrono_literals;
 
 // What observers find in the layout each time it announces a change.
 struct Snapshot {

@@ -14,11 +14,6 @@ using std::chrono::seconds;
 using Names = std::vector<std::string>;
 using SortOrders = std::vector<std::optional<std::int64_t>>;
 
-Names names(const std::vector<NotchItem>& items) {
-    Names result;
-    std::ranges::transform(items, std::back_inserter(result), &NotchItem::name);
-    return result;
-}
 SortOrders sortOrders(const std::vector<NotchItem>& items) {
     SortOrders result;
     std::ranges::transform(items, std::back_inserter(result), &NotchItem::sortOrder);
@@ -29,16 +24,11 @@ class ItemStoreTest : public ItemsFixture {
 protected:
     // A pinned project folder whose record was created `age` seconds from now.
     NotchItem pinned(const std::string& name, std::optional<std::int64_t> sortOrder, int age = 0) {
-        const Date created = clock.now() + seconds(age);
-        return {.id = Uuid::random(),
-                .name = name,
-                .path = root.makeFolder("projects/" + name),
-                .initials = "N",
-                .tintHex = "#000000",
-                .isFavorite = true,
-                .createdAt = created,
-                .lastOpenedAt = created,
-                .sortOrder = sortOrder};
+        NotchItem item =
+            record(name, root.makeFolder("projects/" + name), clock.now() + seconds(age));
+        item.isFavorite = true;
+        item.sortOrder = sortOrder;
+        return item;
     }
 
     // Writes the items file and opens a fresh store on it, with no notification pending.
@@ -48,15 +38,11 @@ protected:
         queue.runUntilIdle();
         opened = std::make_unique<ItemStore>(
             ItemStore::Services{database, localCenter, distributedCenter, queue, workspace});
-        changes = 0;
-        counting = opened->itemsChanged.connect([this] { ++changes; });
         return *opened;
     }
 
     FakeWorkspace workspace;
     std::unique_ptr<ItemStore> opened;
-    int changes = 0;
-    Connection counting;
 };
 
 TEST_F(ItemStoreTest, FoldersAddedWithoutATargetStayUnplacedUnpinRemoveAndOthersChanges) {

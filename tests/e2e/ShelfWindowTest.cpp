@@ -1,4 +1,4 @@
-#include "e2e/RunningApplicationTest.h"
+#include "e2e/EndToEndTest.h"
 #include "linux/SingleInstanceGuard.h"
 #include "support/ScopedEnvironment.h"
 

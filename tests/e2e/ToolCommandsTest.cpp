@@ -71,7 +71,6 @@ TEST_F(ToolCommandsTest, AUserRecordsPinsOpensAndCachesFoldersAndOnlySavesAreAnn
           {{"--version"}, "tide " TIDEWELL_VERSION "\n"},
           // The build folder is no install prefix, so there is nothing to register at login.
           {{"login-status"}, "not found\n"},
-          {{"nowhere"}, "", missing + "nowhere\n", 2},
           {{"open", "missing"}, "", missing + "missing\n", 2},
           {{"add", "loop-a"}, "", missing + "loop-a\n", 2},
           {{"self"}, "", missing + "self\n", 2},

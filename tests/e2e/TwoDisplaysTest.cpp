@@ -1,4 +1,4 @@
-#include "e2e/RunningApplicationTest.h"
+#include "e2e/EndToEndTest.h"
 
 namespace tidewell::testing {
 namespace {

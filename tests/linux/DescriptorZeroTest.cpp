@@ -1,6 +1,7 @@
 #include "linux/FileDescriptor.h"
 #include "linux/PosixFileSystem.h"
 #include "linux/SessionBusPoster.h"
+#include "linux/SingleInstanceGuard.h"
 #include "support/PrivateSessionBus.h"
 #include "support/ServeBus.h"
 #include "support/TemporaryDirectory.h"
@@ -29,6 +30,10 @@ TEST(DescriptorZero, FilesAndPostsWorkWhenStandardInputIsClosed) {
         [&] { files.copyFile(file, file + ".copy"); },
         [&] { files.writeNewPrivateFile(file + ".private", "private"); },
         [&] { EXPECT_NE(files.lockExclusive(file + ".lock"), nullptr); },
+        [&] {
+            EXPECT_NE(SingleInstanceGuard::acquire(DataFolder({.applicationSupport = root.path()})),
+                      nullptr);
+        },
         [&] { SessionBusPoster().post("Tidewell.itemsChanged"); },
     };
     const FileDescriptor input(::fcntl(0, F_DUPFD_CLOEXEC, 3));

@@ -15,6 +15,7 @@ TEST(PathText, StandardizesLexicallyAndKnowsTheFormsThatNeedNoWork) {
              {"/a/./b/../c", "/a/c"},
              {"/..", "/"},
              {"/a/b/..", "/a"},
+             {"a/./b/..", "a"},
          }) {
         EXPECT_EQ(PathText::standardized(path), standardized) << path;
         EXPECT_EQ(PathText::isStandardized(path), path == standardized) << path;

@@ -1,13 +1,10 @@
-// Another application that drags files, for the end-to-end tests: a small orange window whose
-// contents can be dragged away as a file manager's selection would be.
-//
+// Another application that drags files, for the end-to-end tests:
 //   tidewell_drag_source_probe --at X,Y [PATH...]
-//
-// The window (120 x 80) lies at X,Y where the window system lets a client place its windows.
-// A press of the primary button and a move past the start distance start a drag offering the
-// paths as file URLs (text/uri-list, in the given order) and as text/plain, one per line, to be
-// copied or moved. It prints "ready" whenever the window is shown, "pressed X,Y" (in the
-// window) for each press of a button, "finished copy" or "finished otherwise" when a drag ends.
+// An orange 120 x 80 window at X,Y (where the window system lets a client place it). A press
+// of the primary button and a move past the start distance drag the paths away, as a file
+// manager's selection, as file URLs and as text/plain lines, to be copied or moved. It prints
+// "ready" whenever the window is shown, "pressed X,Y" (in the window) for each press, and
+// "finished copy" or "finished otherwise" when a drag ends.
 
 #include <QDrag>
 #include <QGuiApplication>
@@ -27,8 +24,7 @@ namespace {
 class DragSourceWindow : public QRasterWindow {
 public:
     explicit DragSourceWindow(QStringList paths) : paths_(std::move(paths)) {
-        // A managed window that the window manager neither decorates nor focuses: the tests'
-        // other windows keep the keyboard.
+        // Neither decorated nor focused: the tests' other windows keep the keyboard.
         setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
     }
 

@@ -1,9 +1,8 @@
 // The user's hand on a Wayland desktop without input devices, for the end-to-end tests:
 //   tidewell_virtual_pointer_probe WIDTH HEIGHT
-// moves a pointer of the seat over an output layout of WIDTH x HEIGHT by the commands on
-// standard input, one a line: "move X Y", "press BUTTON" or "release BUTTON" (left or right).
-// It says "ready" first and "ok" once the compositor has handled each command. The pointer
-// lives as long as the program: its end takes it from every surface.
+// moves a pointer over a layout of WIDTH x HEIGHT by the lines on standard input: "move X Y",
+// "press BUTTON" or "release BUTTON" (left or right). It says "ready" first and "ok" once the
+// compositor has handled each line. The pointer ends with the program.
 
 #include "wayland-wlr-virtual-pointer-unstable-v1-client-protocol.h"
 

@@ -61,9 +61,7 @@ public:
         waitFor(
             [&] {
                 try {
-                    const Screenshot shot = screenshot();
-                    return shot.pixel(outputWidth / 2, 100) == background &&
-                           shot.pixel(outputWidth * 3 / 2, 100) == background;
+                    return screenshot().runThrough(0, 100, background) == layoutWidth;
                 } catch (const std::runtime_error&) {
                     return false;
                 }

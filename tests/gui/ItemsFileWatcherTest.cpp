@@ -14,10 +14,6 @@ namespace {
 using testing::processEventsUntil;
 using namespace std::chrono_literals;
 
-void appendTo(const std::string& path) {
-    std::ofstream(path, std::ios::app) << "\n";
-}
-
 TEST(ItemsFileWatcher, PostsForEachNewVersionOfTheItemsFileWrittenInPlaceOrReplaced) {
     testing::TemporaryDirectory root;
     const DataFolder folder(UserPaths{.home = root.path(), .applicationSupport = root.path()});
@@ -30,11 +26,11 @@ TEST(ItemsFileWatcher, PostsForEachNewVersionOfTheItemsFileWrittenInPlaceOrRepla
 
     files.writeFileAtomically(folder.itemsFile(), "[]");
     EXPECT_TRUE(processEventsUntil([&] { return posts == 1; })) << "created by a rename";
-    appendTo(folder.itemsFile());
+    std::ofstream(folder.itemsFile(), std::ios::app) << "\n";
     EXPECT_TRUE(processEventsUntil([&] { return posts == 2; })) << "written in place";
     files.writeFileAtomically(folder.itemsFile(), "[ ]");
     EXPECT_TRUE(processEventsUntil([&] { return posts == 3; })) << "replaced by a rename";
-    appendTo(folder.itemsFile());
+    std::ofstream(folder.itemsFile(), std::ios::app) << "\n";
     EXPECT_TRUE(processEventsUntil([&] { return posts == 4; })) << "the new file is watched";
 
     files.writeFileAtomically(folder.itemsLock(), "");

@@ -25,10 +25,9 @@ inline bool processEventsUntil(const std::function<bool()>& condition,
     });
 }
 
-// A desktop of the tests' own: XDG folders in a temporary folder where the only
-// applications are two test handlers (the default for folders, and an entry with the Codex
-// application's id), and a private session bus. GIO and QSettings read these folders once
-// per process, so main() installs the desktop for the whole program, before any test.
+// XDG folders of the tests' own whose only applications are two test handlers (the default for
+// folders, and one with the Codex application's id), and a private session bus. GIO and
+// QSettings read these folders once per process: main() installs it before any test.
 class TestDesktop : public ::testing::Environment {
 public:
     static constexpr const char* codexId = "com.openai.codex";
@@ -39,8 +38,7 @@ public:
     static const std::string& configHome() { return current_->configHome; }
     // A folder for the tests' projects.
     static const TemporaryDirectory& files() { return current_->root; }
-    // Serves the event loop until the handler's next report and consumes it; none when no
-    // report came within ten seconds.
+    // Serves the event loop until the handler's next report and consumes it.
     static std::optional<HandlerLaunch> waitForLaunch(const std::string& handlerId) {
         processEventsUntil([&] { return current_->handlers.hasReport(handlerId); },
                            std::chrono::seconds(10));

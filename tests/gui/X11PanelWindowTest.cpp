@@ -12,10 +12,9 @@ namespace {
 using testing::processEventsUntil;
 using namespace std::chrono_literals;
 
-// The panel is on every workspace, out of taskbars and pagers and above the rest, also when
-// shown again (the window manager forgets a window's workspace when it is unmapped). Without
-// an outline it takes no pointer and shows nothing. Its place, the focus it leaves alone and its
-// outline are checked on screen end to end.
+// Also when shown again: the window manager forgets a window's workspace when it is unmapped.
+// Without an outline it takes no pointer and shows nothing; its place, focus and outline are
+// checked end to end.
 TEST(X11PanelWindowTest, AppearsOnEveryWorkspaceOutOfTaskbarsAndAboveTheRestWhenShownAgain) {
     X11PanelWindow panel;
     testing::X11TestClient inspector;
@@ -43,8 +42,8 @@ TEST(X11PanelWindowTest, AppearsOnEveryWorkspaceOutOfTaskbarsAndAboveTheRestWhen
         EXPECT_TRUE(inspector.inputShape(window).isEmpty());
         EXPECT_FALSE(inspector.boundingShape(window).contains(116, 44)) << "drawn all black";
         panel.orderOut();
-        // Shown again only once the window manager has withdrawn it: a panel shown again at
-        // once can still lose its states to the withdrawal, which this test does not cover.
+        // Shown again only once withdrawn: shown at once it can lose its states to the
+        // withdrawal, which this test does not cover.
         ASSERT_TRUE(processEventsUntil([&] {
             return !inspector.isViewable(window) &&
                    inspector.property(window, "_NET_WM_STATE").empty();

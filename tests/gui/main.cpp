@@ -5,9 +5,8 @@
 #include <QApplication>
 #include <gtest/gtest.h>
 
-// The services and windows run on the event loop of a Qt application on an X server of the
-// program's own, and GIO and QSettings read the desktop's folders once per process: all are in
-// place before the first test.
+// The services and windows run on a Qt application on an X server of the program's own; GIO and
+// QSettings read the desktop's folders once per process: all are in place before the first test.
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
     if (GTEST_FLAG_GET(list_tests))

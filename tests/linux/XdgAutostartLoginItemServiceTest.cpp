@@ -18,12 +18,9 @@ protected:
                                          bool isInstalled = true) {
         return XdgAutostartLoginItemService(files, config.path(), {executable, isInstalled});
     }
-    std::string entryPath() const {
-        return config.path() + "/autostart/com.quorvel.tidewell.desktop";
-    }
-
     TemporaryDirectory config;
     PosixFileSystem files;
+    const std::string entryPath = config.path() + "/autostart/com.quorvel.tidewell.desktop";
 };
 
 // Inside Exec's quotes '$' is escaped with a backslash, which the string value escapes again;
@@ -33,7 +30,7 @@ TEST_F(XdgAutostartLoginItemServiceTest, RegisterWritesAnEntryAndUnregisterRemov
     EXPECT_EQ(autostart.status(), LoginItemStatus::notRegistered);
     autostart.registerApplication();
     EXPECT_EQ(autostart.status(), LoginItemStatus::enabled);
-    EXPECT_EQ(files.readFile(entryPath()),
+    EXPECT_EQ(files.readFile(entryPath),
               "[Desktop Entry]\nType=Application\nName=Tidewell\n"
               "Comment=A shelf of project folders at the top of the screen\n"
               "Exec=\"/opt/a\\\\$b%%c\\\\\\\\d/bin/tidewell\"\n"
@@ -43,7 +40,7 @@ TEST_F(XdgAutostartLoginItemServiceTest, RegisterWritesAnEntryAndUnregisterRemov
     EXPECT_EQ(service("/home/user/build/tidewell", false).status(), LoginItemStatus::notFound);
 
     autostart.unregisterApplication();
-    EXPECT_FALSE(files.exists(entryPath()));
+    EXPECT_FALSE(files.exists(entryPath));
     EXPECT_NO_THROW(autostart.unregisterApplication());
 }
 

@@ -1,13 +1,10 @@
-// Another application that drags files, for the end-to-end tests: a small orange window whose
-// contents can be dragged away as a file manager's selection would be.
-//
+// Another application that drags files, for the end-to-end tests:
 //   tidewell_drag_source_probe --at X,Y [PATH...]
-//
-// The window (120 x 80) lies at X,Y where the window system lets a client place its windows.
-// A press of the primary button and a move past the start distance start a drag offering the
-// paths as file URLs (text/uri-list, in the given order) and as text/plain, one per line, to be
-// copied or moved. It prints "ready" whenever the window is shown, "pressed X,Y" (in the
-// window) for each press of a button, "finished copy" or "finished otherwise" when a drag ends.
+// An orange 120 x 80 window at X,Y (where the window system lets a client place it). A press of
+// the primary button and a move drag the paths away as a file manager's selection, as file URLs
+// and as text/plain lines, to be copied or moved. It prints
+// "ready" whenever the window is shown, "pressed X,Y" (in the window) for each press, and
+// "finished copy" or "finished otherwise" when a drag ends.
 
 #include <QDrag>
 #include <QGuiApplication>
@@ -15,11 +12,9 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QRasterWindow>
-#include <QStyleHints>
 #include <QUrl>
 #include <cstdio>
 #include <iostream>
-#include <optional>
 #include <utility>
 
 namespace {
@@ -27,8 +22,7 @@ namespace {
 class DragSourceWindow : public QRasterWindow {
 public:
     explicit DragSourceWindow(QStringList paths) : paths_(std::move(paths)) {
-        // A managed window that the window manager neither decorates nor focuses: the tests'
-        // other windows keep the keyboard.
+        // Neither decorated nor focused: the tests' other windows keep the keyboard.
         setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
     }
 
@@ -41,22 +35,12 @@ protected:
     void mousePressEvent(QMouseEvent* event) override {
         const QPoint point = event->position().toPoint();
         std::cout << "pressed " << point.x() << "," << point.y() << std::endl;
-        if (event->button() == Qt::LeftButton && !paths_.isEmpty())
-            pressedAt_ = event->position();
+        isPressed_ = event->button() == Qt::LeftButton;
     }
 
     void mouseMoveEvent(QMouseEvent* event) override {
-        if (!pressedAt_ || !(event->buttons() & Qt::LeftButton))
+        if (!std::exchange(isPressed_, false) || !(event->buttons() & Qt::LeftButton))
             return;
-        const QPointF moved = event->position() - *pressedAt_;
-        if (moved.manhattanLength() < QGuiApplication::styleHints()->startDragDistance())
-            return;
-        pressedAt_.reset();
-        drag();
-    }
-
-private:
-    void drag() {
         auto* data = new QMimeData;
         QList<QUrl> urls;
         for (const QString& path : paths_)
@@ -70,8 +54,9 @@ private:
                   << std::endl;
     }
 
+private:
     QStringList paths_;
-    std::optional<QPointF> pressedAt_;
+    bool isPressed_ = false;
 };
 
 } // namespace

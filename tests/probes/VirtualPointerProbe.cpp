@@ -1,9 +1,8 @@
 // The user's hand on a Wayland desktop without input devices, for the end-to-end tests:
 //   tidewell_virtual_pointer_probe WIDTH HEIGHT
-// moves a pointer of the seat over an output layout of WIDTH x HEIGHT by the commands on
-// standard input, one a line: "move X Y", "press BUTTON" or "release BUTTON" (left or right).
-// It says "ready" first and "ok" once the compositor has handled each command. The pointer
-// lives as long as the program: its end takes it from every surface.
+// moves a pointer over a layout of WIDTH x HEIGHT by the lines on standard input: "move X Y",
+// "press BUTTON" or "release BUTTON" (left or right). It says "ready" first and "ok" once the
+// compositor has handled each line. The pointer ends with the program.
 
 #include "wayland-wlr-virtual-pointer-unstable-v1-client-protocol.h"
 
@@ -53,18 +52,17 @@ bool perform(zwlr_virtual_pointer_v1* pointer, const std::string& line, std::uin
 
 int main(int argc, char** argv) {
     wl_display* display = argc == 3 ? wl_display_connect(nullptr) : nullptr;
-    if (!display) {
-        std::cerr << "usage: tidewell_virtual_pointer_probe WIDTH HEIGHT, on a Wayland desktop\n";
-        return 2;
+    if (display) {
+        wl_registry_add_listener(wl_display_get_registry(display), &registryListener, nullptr);
+        wl_display_roundtrip(display);
     }
-    wl_registry_add_listener(wl_display_get_registry(display), &registryListener, nullptr);
-    wl_display_roundtrip(display);
     auto* pointer = manager
                         ? zwlr_virtual_pointer_manager_v1_create_virtual_pointer(manager, nullptr)
                         : nullptr;
     if (!pointer || wl_display_roundtrip(display) < 0) {
-        std::cerr << "tidewell_virtual_pointer_probe: the compositor has no virtual pointers\n";
-        return 1;
+        std::cerr << "usage: tidewell_virtual_pointer_probe WIDTH HEIGHT, on a Wayland desktop "
+                     "with virtual pointers\n";
+        return 2;
     }
     std::cout << "ready" << std::endl;
     for (std::string line; std::getline(std::cin, line); std::cout << "ok" << std::endl)

@@ -17,11 +17,9 @@
 namespace tidewell::testing {
 
 // A Wayland desktop of the test's own: sway on wlroots' headless backend, drawing in software,
-// without bar or XWayland, its two outputs side by side over a background of one colour.
-// Windows float; the drag source probe's covers the first output. It has no input devices:
-// the user's hand is a virtual pointer client (the `pointerProgram`), drawn into screenshots.
-// Its sockets live in the runtime folder given. sway refuses to run as root: the tests run as
-// an unprivileged user.
+// without bar or XWayland, two outputs side by side over one colour, its sockets in the runtime
+// folder given. Windows float; the drag source probe's covers the first output. Without input
+// devices the user's hand is a virtual pointer client (`pointerProgram`), drawn into screenshots.
 class SwayDesktop {
 public:
     static constexpr int outputWidth = 1920;
@@ -37,8 +35,7 @@ public:
         unsigned long pixel(int x, int y) const { return pixels.at(y * layoutWidth + x); }
         // How wide the unbroken run of the colour through the pixel is, along its row.
         int runThrough(int x, int y, unsigned long colour) const {
-            int left = x;
-            int right = x; // one past the run
+            int left = x, right = x; // right: one past the run
             while (right < layoutWidth && pixel(right, y) == colour)
                 ++right;
             while (left > 0 && right > x && pixel(left - 1, y) == colour)
@@ -64,9 +61,7 @@ public:
         waitFor(
             [&] {
                 try {
-                    const Screenshot shot = screenshot();
-                    return shot.pixel(outputWidth / 2, 100) == background &&
-                           shot.pixel(outputWidth * 3 / 2, 100) == background;
+                    return screenshot().runThrough(0, 100, background) == layoutWidth;
                 } catch (const std::runtime_error&) {
                     return false;
                 }
@@ -81,9 +76,9 @@ public:
         send("");
     }
 
-    // WAYLAND_DISPLAY, XDG_RUNTIME_DIR and SWAYSOCK, as a client of the desktop has them.
+    // As a client of the desktop has them: the runtime folder is the test's own, so the display
+    // is the first name a compositor takes.
     std::map<std::string, std::string> environment() const {
-        // The first name a compositor takes; the runtime folder is the test's own.
         return {{"WAYLAND_DISPLAY", "wayland-1"},
                 {"XDG_RUNTIME_DIR", runtimeFolder_},
                 {"SWAYSOCK", runtimeFolder_ + "/sway.sock"}};
@@ -120,11 +115,10 @@ public:
         press(button);
         release(button);
     }
-    // With the button held, from the pointer's place to the point in steps of 8 pixels at most,
-    // as a hand drags, each left to the programs for a moment: a drag's exchanges between
-    // source, compositor and target run at their own pace.
+    // With the button held, from the pointer's place in steps of 8 pixels at most, each left to
+    // the programs for a moment: a drag's exchanges run at their own pace.
     void dragTo(int x, int y) {
-        const auto [fromX, fromY] = std::pair(x_, y_);
+        const int fromX = x_, fromY = y_;
         const int steps = std::max(1, static_cast<int>(std::hypot(x - fromX, y - fromY) / 8));
         for (int step = 1; step <= steps; ++step) {
             moveTo(fromX + (x - fromX) * step / steps, fromY + (y - fromY) * step / steps);
@@ -133,7 +127,6 @@ public:
     }
 
 private:
-    // Windows float, at the size they ask for; the drag source probe's covers the first output.
     static constexpr const char* configuration = R"(xwayland disable
 default_border none
 for_window [app_id=".*"] floating enable

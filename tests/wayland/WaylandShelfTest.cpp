@@ -31,10 +31,8 @@ std::pair<int, int> tileCentre(int output, int tiles, int index) {
     return {shelfLeft + 14 + 66 * index + 30, topInset + 8 + 31};
 }
 
-// The application started as its user starts it in a Wayland session (WAYLAND_DISPLAY set, no
-// X server at all) on a desktop of the test's own. What it shows is read from screenshots: the
-// shelf hangs from the top centre of an output, a black body with one tile per pinned
-// project. Other clients are the drag source probe's orange windows.
+// The application in a Wayland session without any X server, seen in screenshots: a black body
+// with one tile per pinned project under the top centre of an output.
 class WaylandShelfTest : public EndToEndTest {
 protected:
     ChildProcess::Launch session(const std::string& program,
@@ -45,8 +43,7 @@ protected:
         return session;
     }
 
-    // The width of the black body in the output's row above the tiles, through the point dx
-    // from its centre; 0 without one.
+    // The width of the black run above the tiles, through the point dx from the output's centre.
     int drawnBodyWidth(int output, int dx = 0) const {
         return desktop.screenshot().runThrough(centreX(output) + dx, topInset + 4, 0x000000);
     }
@@ -60,28 +57,25 @@ protected:
         return waitUntil([&] { return showsTiles(output, tiles); });
     }
 
-    // Waits until nothing is drawn at the top of the output but the window below the shelf.
-    bool waitUntilClosed(int output) {
+    // Waits until nothing is drawn at the top of the first output but the window covering it.
+    bool waitUntilClosed() {
         return waitUntil([&] {
             const Screenshot shot = desktop.screenshot();
             for (int y = 0; y < topInset + 100; ++y)
-                for (int x = centreX(output) - 960; x < centreX(output) + 960; ++x)
-                    if (shot.pixel(x, y) != windowColour)
-                        return false;
+                if (shot.runThrough(0, y, windowColour) != SwayDesktop::outputWidth)
+                    return false;
             return true;
         });
     }
 
-    // Waits until the first tile's icon has faded in and stays as it is: only then does the
-    // open shelf follow changes and take clicks.
+    // Only once the first tile's icon has faded in does the open shelf take clicks.
     bool waitUntilSettled(int output, int tiles) {
         const auto [x, y] = tileCentre(output, tiles, 0);
         return waitUntilOpen(output, tiles) &&
                waitUntilSteady([&] { return desktop.screenshot().pixel(x, y); });
     }
 
-    // The rows from y down that many, between x + 30 and x + 130 (clear of the pointer at x and
-    // at x + 150), whose pixels differ from those of the screenshot.
+    // The rows from y down that differ from the screenshot's, clear of the pointer at x, x + 150.
     std::set<int> changedRows(const Screenshot& before, int x, int y, int rows) const {
         const Screenshot after = desktop.screenshot();
         std::set<int> changed;
@@ -92,9 +86,8 @@ protected:
         return changed;
     }
 
-    // Right-clicks the tile, waits for its menu and clicks its second entry. The menu opens
-    // right of and below the pointer; hovering an entry highlights it, and the second entry
-    // lies one entry's height below the first.
+    // The menu opens right of and below the pointer; the entry hovered is highlighted, and the
+    // second lies one entry's height below the first.
     void chooseSecondMenuEntry(int x, int y) {
         const Screenshot shelf = desktop.screenshot();
         desktop.moveTo(x, y);
@@ -115,17 +108,14 @@ protected:
     SwayDesktop desktop{runtimeFolder, buildFolder() + "/tests/tidewell_virtual_pointer_probe"};
 };
 
-// The top pixel row of an output and the rows just below it open the shelf there, over other
-// windows, and on that output only. The window below is another client offering a folder as
-// a file drag.
+// The top rows of an output open the shelf there only, over another client's window that
+// offers a folder as a file drag and reports presses and drops.
 TEST_F(WaylandShelfTest, TheShelfOpensAtTheTopOfEachOutputTakesDropsAndItsTilesOpenTerminals) {
     root.write("config/Tidewell/Tidewell.conf", "[General]\npreferredTerminalApp=foot\n");
     const std::string alpha = addProject("alpha");
     const std::string beta = addProject("beta");
     const std::string gamma = addProject("gamma");
     const std::string dropped = project("dropped");
-    // Another client's window over the first output, offering the folder as a file drag and
-    // reporting presses and drops.
     auto window =
         session(buildFolder() + "/tests/tidewell_drag_source_probe", {"--at", "0,0", dropped});
     window.environment["QT_QPA_PLATFORM"] = "wayland";
@@ -135,8 +125,7 @@ TEST_F(WaylandShelfTest, TheShelfOpensAtTheTopOfEachOutputTakesDropsAndItsTilesO
     launch.environment["XDG_DATA_DIRS"] = root.makeFolder("desktop-data");
     launch.environment["XDG_CONFIG_DIRS"] = root.makeFolder("desktop-config");
     ChildProcess application(launch);
-    // Its surfaces appear a while after it started; until then the pointer at the top does
-    // nothing.
+    // Until its surfaces appear the pointer at the top does nothing.
     ASSERT_TRUE(waitUntil(
         [&] {
             desktop.moveTo(centreX(1), 600);
@@ -150,16 +139,15 @@ TEST_F(WaylandShelfTest, TheShelfOpensAtTheTopOfEachOutputTakesDropsAndItsTilesO
     EXPECT_TRUE(waitUntilOpen(0, 3));
     // Leaving closes it; at rest nothing is drawn over the window below.
     desktop.moveTo(centreX(0), 600);
-    EXPECT_TRUE(waitUntilClosed(0));
+    EXPECT_TRUE(waitUntilClosed());
 
     // A click on the top edge beside the trigger reaches the window below.
     desktop.moveTo(400, 0);
     desktop.click();
     EXPECT_TRUE(below.waitForOutput("pressed 400,0\n")) << below.standardOutput();
 
-    // From the other client up into the trigger: the shelf opens (the dragged icon covers the
-    // pointer's place), perhaps with a gap already; over the second tile a gap opens for the
-    // folder, which is pinned there.
+    // A file drag up into the trigger opens the shelf (the dragged icon covers the pointer's
+    // place, so perhaps with a gap); the folder is pinned where a gap opens for it.
     desktop.moveTo(260, 440);
     desktop.press();
     desktop.dragTo(centreX(0), 300);

@@ -1,7 +1,6 @@
 #!/usr/bin/env bash
-# Runs a Wayland test program as the unprivileged user tidewell-test, made here the first
-# time: sway refuses to run as root. Run by another user, or asked only to list its tests,
-# the program runs as it is.
+# sway refuses root: runs a Wayland test program as the user tidewell-test, made here the first
+# time. Run by another user, or asked only to list its tests, the program runs as it is.
 set -euo pipefail
 user=tidewell-test
 if [[ $(id -u) -ne 0 || " $* " == *" --gtest_list_tests "* ]]; then

@@ -4,6 +4,7 @@
 #include "support/TemporaryDirectory.h"
 #include "support/WaitUntil.h"
 
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -36,6 +37,13 @@ TEST(PosixProcessLauncher, DetachedProgramsGetANewSessionAndAClearedEnvironment)
     const std::string text(std::istreambuf_iterator<char>(reportFile), {});
     EXPECT_NE(pid, std::to_string(::getsid(0)));
     EXPECT_EQ(text, pid + "\n/dev/null\nDESKTOP_STARTUP_ID_NOT=set\nTIDEWELL_TEST_MARK=set\n");
+}
+
+// What a program ends with comes back as a shell reports it: its code, or 128 + its signal.
+TEST(PosixProcessLauncher, RunAndWaitReturnsTheExitCodeOrTheSignalAbove128) {
+    PosixProcessLauncher launcher;
+    EXPECT_EQ(launcher.runAndWait("sh", {"-c", "exit 3"}), 3);
+    EXPECT_EQ(launcher.runAndWait("sh", {"-c", "kill -TERM $$"}), 128 + SIGTERM);
 }
 
 } // namespace

@@ -8,6 +8,7 @@ TEST(NotchItem, InitialsAreTheFirstLettersOfTwoWordsOrTheStartOfOne) {
     const std::pair<std::string, std::string> cases[] = {
         {"myProject", "MP"},
         {"jazzZone", "JZ"},
+        {"myApp", "MA"},
         {"caf\u00e9Bar", "CA"},
         {"iOS", "IO"},
         {"  spaced_out  ", "SO"},

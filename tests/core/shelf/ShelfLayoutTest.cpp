@@ -43,6 +43,8 @@ TEST_F(ShelfLayoutTest, ReservingTwiceGrowsOnceClearingClosesTheSlotAndVoidsClea
     EXPECT_EQ(seen, (std::vector<Snapshot>{{{323, 120}, false}, {{323, 120}, true}}));
     EXPECT_EQ(layout.size(3), (Size{323, 120}));
     EXPECT_EQ(layout.slotClearGeneration(), 0u);
+    // A display of no known width limits nothing.
+    EXPECT_EQ(ShelfLayout::sizeFor(30, 0, 32), ShelfLayout::sizeFor(30, 1e6, 32));
 
     seen.clear();
     layout.clearFolderSlot(3);

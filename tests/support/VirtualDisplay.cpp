@@ -135,7 +135,7 @@ void VirtualDisplay::start(const std::vector<std::string>& server) {
     if (!waitUntil([&] { return announced() || !windowManager_->isRunning(); },
                    std::chrono::seconds(10)) ||
         !windowManager_->isRunning())
-        throw std::runtime_error("openbox did not start");
+        throw std::runtime_error("openbox did not start: " + windowManager_->standardError());
 }
 
 void VirtualDisplay::removeMonitor(const std::string& name) {

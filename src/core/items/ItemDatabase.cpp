@@ -115,6 +115,9 @@ void ItemDatabase::modifyFrom(Snapshot& snapshot,
 // The icon is found and copied before the lock is taken, for the record the file showed
 // then; should another writer have changed that record meanwhile, it is all done again.
 NotchItem ItemDatabase::upsert(const UpsertRequest& request) {
+    // Refused before an icon is copied for the record.
+    requireUtf8("name", request.name.value_or(""));
+    requireUtf8("start command", request.command);
     for (;;) {
         Snapshot now = snapshot();
         const std::string key = now.folders.identifier(request.path);

@@ -1,4 +1,5 @@
 #include "core/items/ItemsJson.h"
+#include "core/platform/Error.h"
 #include "linux/FileDescriptor.h"
 #include "support/ItemsFixture.h"
 
@@ -118,6 +119,10 @@ TEST_F(ItemDatabaseTest, ProjectFoldersAreExaminedBeforeTheLockIsTaken) {
     const NotchItem meanwhile = record("c", root.makeFolder("work/c"), clock.now());
     root.write("work/c/icon.png", "png");
     const std::size_t copies = files.list(folder.iconsFolder()).size();
+    // A name that cannot be stored is refused before an icon is copied for it.
+    root.write("work/e/icon.png", "png");
+    EXPECT_THROW(watched.upsert({.path = root.path() + "/work/e", .name = "\xff"}), Error);
+    EXPECT_EQ(files.list(folder.iconsFolder()).size(), copies);
     watching.beforeLock = [&] { writeItems({meanwhile}); };
     const NotchItem updated = watched.upsert({.path = meanwhile.path, .favorite = true});
     EXPECT_EQ(updated.id, meanwhile.id);

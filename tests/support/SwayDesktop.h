@@ -35,7 +35,8 @@ public:
         unsigned long pixel(int x, int y) const { return pixels.at(y * layoutWidth + x); }
         // How wide the unbroken run of the colour through the pixel is, along its row.
         int runThrough(int x, int y, unsigned long colour) const {
-            int left = x, right = x; // right: one past the run
+            int left = x;
+            int right = x; // one past the run
             while (right < layoutWidth && pixel(right, y) == colour)
                 ++right;
             while (left > 0 && right > x && pixel(left - 1, y) == colour)
@@ -118,7 +119,8 @@ public:
     // With the button held, from the pointer's place in steps of 8 pixels at most, each left to
     // the programs for a moment: a drag's exchanges run at their own pace.
     void dragTo(int x, int y) {
-        const int fromX = x_, fromY = y_;
+        const int fromX = x_;
+        const int fromY = y_;
         const int steps = std::max(1, static_cast<int>(std::hypot(x - fromX, y - fromY) / 8));
         for (int step = 1; step <= steps; ++step) {
             moveTo(fromX + (x - fromX) * step / steps, fromY + (y - fromY) * step / steps);

@@ -29,9 +29,13 @@ Item {
         }
     }
 
-    DashedSlot {
+    // Made only while the gap shows: every tile has two gaps, and a slot keeps a shape.
+    Loader {
+        active: gap.visible
         x: gap.isBeforeTile ? 0 : gap.width - width
-        showsPlus: true
+        sourceComponent: DashedSlot {
+            showsPlus: true
+        }
     }
     ShelfDropArea {
         anchors.fill: parent

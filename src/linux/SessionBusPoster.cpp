@@ -41,8 +41,9 @@ FileDescriptor connectTo(const std::string& path) {
         address.sun_path[0] = '\0';
     // A socket that could not be made fails to connect as well.
     FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + path.size() +
-                                               (path.front() == '@' ? 0 : 1));
+    // An abstract name is as long as given; a path ends at its terminating zero.
+    const auto length = static_cast<socklen_t>(
+        path.front() == '@' ? offsetof(sockaddr_un, sun_path) + path.size() : sizeof address);
     ::setsockopt(socket.get(), SOL_SOCKET, SO_RCVTIMEO, &replyTimeout, sizeof replyTimeout);
     ::setsockopt(socket.get(), SOL_SOCKET, SO_SNDTIMEO, &replyTimeout, sizeof replyTimeout);
     if (::connect(socket.get(), reinterpret_cast<const sockaddr*>(&address), length) != 0)

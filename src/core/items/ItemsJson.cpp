@@ -4,7 +4,6 @@
 #include "core/items/JsonReader.h"
 
 #include <array>
-#include <charconv>
 
 namespace tidewell::ItemsJson {
 
@@ -68,9 +67,7 @@ public:
 
     void integer(std::string_view key, std::int64_t value) {
         beginMember(key);
-        char digits[24];
-        const auto end = std::to_chars(digits, digits + sizeof digits, value).ptr;
-        out_.append(digits, end);
+        out_ += std::to_string(value);
     }
 
 private:

@@ -1,54 +1,53 @@
 #include "core/platform/PathText.h"
 
+#include <algorithm>
+#include <ranges>
 #include <vector>
 
 namespace tidewell::PathText {
+namespace {
+
+// The parts between slashes, the empty ones before, after and between slashes included.
+auto components(std::string_view path) {
+    return path | std::views::split('/') | std::views::transform([](auto part) {
+               return std::string_view(part.begin(), part.end());
+           });
+}
+
+} // namespace
 
 bool isStandardized(std::string_view path) {
     if (path.empty() || path == "/")
         return !path.empty();
     if (path.back() == '/' || path.find("//") != std::string_view::npos)
         return false;
-    for (std::size_t start = 0; start < path.size();) {
-        std::size_t end = path.find('/', start);
-        if (end == std::string_view::npos)
-            end = path.size();
-        const std::string_view component = path.substr(start, end - start);
-        if (component == "." || component == "..")
-            return false;
-        start = end + 1;
-    }
-    return true;
+    return std::ranges::none_of(components(path), [](std::string_view component) {
+        return component == "." || component == "..";
+    });
 }
 
 std::string standardized(std::string_view path) {
     if (isStandardized(path))
         return std::string(path);
     const bool isAbsolute = !path.empty() && path.front() == '/';
-    std::vector<std::string_view> components;
-    std::size_t start = 0;
-    while (start <= path.size()) {
-        std::size_t end = path.find('/', start);
-        if (end == std::string_view::npos)
-            end = path.size();
-        const std::string_view component = path.substr(start, end - start);
-        start = end + 1;
+    std::vector<std::string_view> kept;
+    for (const std::string_view component : components(path)) {
         if (component.empty() || component == ".")
             continue;
         if (component == "..") {
-            if (!components.empty() && components.back() != "..")
-                components.pop_back();
+            if (!kept.empty() && kept.back() != "..")
+                kept.pop_back();
             else if (!isAbsolute)
-                components.push_back(component);
+                kept.push_back(component);
             continue;
         }
-        components.push_back(component);
+        kept.push_back(component);
     }
     std::string result = isAbsolute ? "/" : "";
-    for (std::size_t i = 0; i < components.size(); ++i) {
+    for (std::size_t i = 0; i < kept.size(); ++i) {
         if (i > 0)
             result += '/';
-        result += components[i];
+        result += kept[i];
     }
     if (result.empty() && !path.empty())
         result = ".";

@@ -54,7 +54,8 @@ TEST(ItemsJson, DecodesAnyLayoutLowerCaseIdsOffsetsUnknownKeysAndNullOptionals) 
               *Uuid::parse("3F2504E0-4F89-11D3-9A0C-0305E82C3301"));
     EXPECT_EQ(decodeOne(recordWith("createdAt", R"("2025-03-04T20:07:41+02:00")")).createdAt,
               march4);
-    EXPECT_EQ(decodeOne(recordWith("colour", R"({"nested": [1, 2.5e+2, null]})")).path, "/srv/web");
+    EXPECT_EQ(decodeOne(recordWith("colour", R"({"nested": [1, 2.5e+2, 1E5, null]})")).path,
+              "/srv/web");
     EXPECT_EQ(ItemsJson::decode("\xEF\xBB\xBF[" + validRecord + "]")->size(), 1u);
     EXPECT_EQ(
         decodeOne(

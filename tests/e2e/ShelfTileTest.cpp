@@ -9,7 +9,6 @@
 namespace tidewell::testing {
 namespace {
 
-using namespace std::chrono_literals;
 
 constexpr unsigned long black = 0x000000;
 

@@ -14,7 +14,6 @@ namespace tidewell::testing {
 namespace {
 
 namespace fs = std::filesystem;
-using namespace std::chrono_literals;
 
 class ShelfWindowTest : public RunningApplicationTest {
 protected:

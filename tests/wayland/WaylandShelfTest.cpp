@@ -8,12 +8,9 @@
 namespace tidewell::testing {
 namespace {
 
-using namespace std::chrono_literals;
 using Screenshot = SwayDesktop::Screenshot;
 
 constexpr unsigned long windowColour = 0xFF8800;
-// Without a menu bar the shelf hangs this far below the top edge before its tiles begin.
-constexpr int topInset = 28;
 
 int centreX(int output) {
     return output * SwayDesktop::outputWidth + SwayDesktop::outputWidth / 2;
@@ -21,14 +18,13 @@ int centreX(int output) {
 
 // The width of the body of the shelf showing that many tiles.
 int bodyWidth(int tiles) {
-    return std::max(200, 66 * tiles + 59) - 16;
+    return shelfWidth(tiles) - 16;
 }
 
 // Where the tile's centre lies while the shelf shows that many tiles (three or more).
 std::pair<int, int> tileCentre(int output, int tiles, int index) {
-    const int shelfLeft = output * SwayDesktop::outputWidth +
-                          static_cast<int>(std::lround((1920 - bodyWidth(tiles) - 16) / 2.0));
-    return {shelfLeft + 14 + 66 * index + 30, topInset + 8 + 31};
+    const auto [x, y] = tileOffset(index);
+    return {output * SwayDesktop::outputWidth + shelfLeft(tiles) + x, y};
 }
 
 // The application in a Wayland session without any X server, seen in screenshots: a black body

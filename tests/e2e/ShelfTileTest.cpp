@@ -37,12 +37,9 @@ protected:
                       {frameLeft + 6, 0, black},
                       {frameRight - 7, 0, black}};
         // On a busy machine the window's shape can trail its drawing by a frame or two.
-        waitUntil([&] {
-            return std::ranges::all_of(
-                points, [&](auto p) { return inspector.screenPixel(p.x, p.y) == p.colour; });
-        });
         for (const auto& [x, y, colour] : points)
-            EXPECT_EQ(inspector.screenPixel(x, y), colour) << x << "," << y;
+            EXPECT_TRUE(waitUntil([&] { return inspector.screenPixel(x, y) == colour; }))
+                << x << "," << y << " shows " << std::hex << inspector.screenPixel(x, y);
 
         // Beside the body, inside the window's rectangle: the click goes to what lies below.
         hand.movePointerTo(frameLeft + 2, 60);
@@ -181,10 +178,9 @@ TEST_F(ShelfTileTest, TheDrawnShelfTakesClicksMenusDropsAndTheWheelWhileTheFocus
     })) << "the name field did not take the keyboard";
     hand.typeKey("ctrl+a");
     hand.typeText("site");
-    EXPECT_TRUE(waitUntil([&] {
-        const std::vector<NotchItem> now = storedItems();
-        return !now.empty() && now[0].name == "site";
-    })) << "the name was not saved";
+    // Saved by replacing the file: never read half-written.
+    EXPECT_TRUE(waitUntil([&] { return storedItems().at(0).name == "site"; }))
+        << "the name was not saved";
 
     // Folders dropped onto the projects are pinned in order after the others; files are not.
     const std::string first = project("first dropped");

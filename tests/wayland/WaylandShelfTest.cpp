@@ -1,8 +1,7 @@
 #include "e2e/EndToEndTest.h"
 #include "support/SwayDesktop.h"
 
-#include <algorithm>
-#include <cmath>
+#include <ranges>
 #include <set>
 
 namespace tidewell::testing {
@@ -14,11 +13,6 @@ constexpr unsigned long windowColour = 0xFF8800;
 
 int centreX(int output) {
     return output * SwayDesktop::outputWidth + SwayDesktop::outputWidth / 2;
-}
-
-// The width of the body of the shelf showing that many tiles.
-int bodyWidth(int tiles) {
-    return shelfWidth(tiles) - 16;
 }
 
 // Where the tile's centre lies while the shelf shows that many tiles (three or more).
@@ -44,9 +38,9 @@ protected:
         return desktop.screenshot().runThrough(centreX(output) + dx, topInset + 4, 0x000000);
     }
 
-    // Its sides may be drawn a pixel in or out of the body's edges.
+    // The body lies 8 points inside the frame's sides; its sides may be drawn a pixel in or out.
     bool showsTiles(int output, int tiles, int dx = 0) const {
-        return std::abs(drawnBodyWidth(output, dx) - bodyWidth(tiles)) <= 2;
+        return std::abs(drawnBodyWidth(output, dx) - (shelfWidth(tiles) - 16)) <= 2;
     }
 
     bool waitUntilOpen(int output, int tiles) {
@@ -57,10 +51,9 @@ protected:
     bool waitUntilClosed() {
         return waitUntil([&] {
             const Screenshot shot = desktop.screenshot();
-            for (int y = 0; y < topInset + 100; ++y)
-                if (shot.runThrough(0, y, windowColour) != SwayDesktop::outputWidth)
-                    return false;
-            return true;
+            return std::ranges::all_of(std::views::iota(0, topInset + 100), [&](int y) {
+                return shot.runThrough(0, y, windowColour) == SwayDesktop::outputWidth;
+            });
         });
     }
 

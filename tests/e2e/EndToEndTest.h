@@ -286,13 +286,11 @@ protected:
         hand.movePointerTo(screenWidth / 2, 3);
         return waitUntilOpen();
     }
-    // Waits until the shelf has opened, drawn down to its lower edge, and its first icon has
-    // faded in and stays as it is: only then does the shelf follow changes and take clicks. On
-    // the screen whose top row is `top`, at `scale` device pixels a point.
-    // The body grows in width and height at once: its lower edge and the left flare, which
-    // reaches the top edge only at the full width, are both drawn when it has finished. Black
-    // can cover the whole window for a moment too, as while a compositor that has just started
-    // takes the screen over: the desktop seen under the flare tells the drawn body from that.
+    // Waits until the shelf has grown to its lower edge and its left flare (both drawn only at
+    // the full size), and its first icon has faded in and stays as it is: only then does it
+    // follow changes and take clicks. Black can cover the whole window for a moment, as while a
+    // compositor takes the screen over: the desktop under the flare tells the body from that.
+    // On the screen whose top row is `top`, at `scale` device pixels a point.
     bool waitUntilOpen(int scale = 1, int top = 0) {
         // In points from the body's top-left corner.
         const auto pixel = [&](int x, int y) {

@@ -1,16 +1,10 @@
-#include "core/items/ItemsJson.h"
 #include "e2e/EndToEndTest.h"
 
-#include <algorithm>
-#include <filesystem>
-#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace tidewell::testing {
 namespace {
-
-namespace fs = std::filesystem;
 
 using BadInputTest = EndToEndTest;
 

@@ -1,4 +1,3 @@
-#include "core/items/ItemsJson.h"
 #include "e2e/EndToEndTest.h"
 
 #include <thread>

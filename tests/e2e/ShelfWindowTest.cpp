@@ -1,10 +1,6 @@
 #include "e2e/EndToEndTest.h"
 #include "linux/SingleInstanceGuard.h"
-#include "support/ScopedEnvironment.h"
 
-#include <algorithm>
-#include <cstdlib>
-#include <filesystem>
 #include <glib.h>
 #include <regex>
 #include <unistd.h>

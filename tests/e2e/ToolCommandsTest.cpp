@@ -1,8 +1,6 @@
 #include "core/items/InternetDate.h"
-#include "core/items/ItemsJson.h"
 #include "e2e/EndToEndTest.h"
 
-#include <filesystem>
 #include <regex>
 #include <tuple>
 

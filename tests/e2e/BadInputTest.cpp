@@ -1,16 +1,10 @@
-#include "core/items/ItemsJson.h"
 #include "e2e/EndToEndTest.h"
 
-#include <algorithm>
-#include <filesystem>
-#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace tidewell::testing {
 namespace {
-
-namespace fs = std::filesystem;
 
 using BadInputTest = EndToEndTest;
 
@@ -79,10 +73,11 @@ TEST_F(ConcurrentAddsTest, HundredSimultaneousAddsOfDifferentFoldersKeepEveryRec
     EXPECT_EQ(pinned, folders);
 }
 
-// Tests may run as root, whom permission bits do not stop: every case here stops root too.
+// Tests may run as root, whom permission bits do not stop: every case here stops root too. The
+// tool runs in a mount namespace of its own, with the data folder mounted read-only.
 using UnwritableDataFolderTest = EndToEndTest;
 
-TEST_F(UnwritableDataFolderTest, ADataFolderBelowARegularFileFailsEverySaveWithItsReason) {
+TEST_F(UnwritableDataFolderTest, ADataFolderBelowAFileOrReadOnlyFailsEverySaveAndKeepsTheItems) {
     const std::string file = root.write("plain-file", "not a folder");
     const std::string failed =
         "tide: Cannot create the folder " + file + "/data/Tidewell: Not a directory\n";
@@ -91,10 +86,7 @@ TEST_F(UnwritableDataFolderTest, ADataFolderBelowARegularFileFailsEverySaveWithI
           {{"cache-icons"}, "", failed, 1}},
          project("web"), {{"XDG_DATA_HOME", file + "/data"}});
     EXPECT_EQ(readFile(file), "not a folder");
-}
 
-// The tool runs in a mount namespace of its own, with the data folder mounted read-only.
-TEST_F(UnwritableDataFolderTest, AReadOnlyDataFolderFailsTheSaveAndKeepsTheItems) {
     const auto runWithReadOnly = [](const std::string& folder, ChildProcess::Launch command) {
         std::vector<std::string> wrapped = {
             "unshare", "--mount", "sh", "-c", R"(mount --bind -o ro "$0" "$0" && exec "$@")",
@@ -102,8 +94,7 @@ TEST_F(UnwritableDataFolderTest, AReadOnlyDataFolderFailsTheSaveAndKeepsTheItems
         // A user without the right to mount gets it inside a user namespace of its own.
         if (::geteuid() != 0)
             wrapped.insert(wrapped.begin() + 1, "--map-root-user");
-        wrapped.insert(wrapped.end(), command.arguments.begin(), command.arguments.end());
-        command.arguments = wrapped;
+        command.arguments.insert(command.arguments.begin(), wrapped.begin(), wrapped.end());
         return ChildProcess::run(command);
     };
     if (runWithReadOnly(root.path(), launch("true", {}, root.path())).status != 0)

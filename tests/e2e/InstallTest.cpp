@@ -1,7 +1,5 @@
 #include "e2e/EndToEndTest.h"
 
-#include <algorithm>
-#include <filesystem>
 #include <sstream>
 
 namespace tidewell::testing {

@@ -1,15 +1,9 @@
-#include "core/items/ItemsJson.h"
 #include "e2e/EndToEndTest.h"
 
-#include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <thread>
 
 namespace tidewell::testing {
 namespace {
-
-using namespace std::chrono_literals;
 
 constexpr unsigned long black = 0x000000;
 
@@ -20,8 +14,6 @@ bool isMarked(unsigned long pixel) {
 
 class ShelfTileTest : public RunningApplicationTest {
 protected:
-    unsigned long pixel(int x, int y) { return inspector.screenPixel(x, y); }
-
     // Checks what the open shelf of that many tiles shows and where it takes the pointer; the
     // pointer away from it then closes it.
     void expectDrawnOutlineAndClickThrough(int tiles) {
@@ -44,11 +36,9 @@ protected:
                       {frameLeft + 6, 0, black},
                       {frameRight - 7, 0, black}};
         // On a busy machine the window's shape can trail its drawing by a frame or two.
-        waitUntil([&] {
-            return std::ranges::all_of(points, [&](auto p) { return pixel(p.x, p.y) == p.colour; });
-        });
         for (const auto& [x, y, colour] : points)
-            EXPECT_EQ(pixel(x, y), colour) << x << "," << y;
+            EXPECT_TRUE(waitUntil([&] { return inspector.screenPixel(x, y) == colour; }))
+                << x << "," << y << " shows " << std::hex << inspector.screenPixel(x, y);
 
         // Beside the body, inside the window's rectangle: the click goes to what lies below.
         hand.movePointerTo(frameLeft + 2, 60);
@@ -56,23 +46,6 @@ protected:
         EXPECT_TRUE(hand.waitForButtonPress(desktop, 3s)) << "the press did not reach the desktop";
         hand.movePointerTo(screenWidth / 2, 600);
         EXPECT_TRUE(waitUntil([&] { return !isShelfShown(); }));
-    }
-
-    // Clicks the gear tile after the three tiles and waits for the settings window and the
-    // first project's row.
-    void openSettings() {
-        ASSERT_TRUE(openShelf());
-        const WindowRect window = inspector.rootGeometry(panel);
-        hand.movePointerTo(window.x + shadowMargin + 66 * 3 + 31, topInset + 8 + 31);
-        hand.click(1);
-        std::optional<unsigned long> found;
-        ASSERT_TRUE(waitUntil([&] {
-            found = inspector.findWindow("Tidewell Settings");
-            return found && inspector.isViewable(*found);
-        })) << "the settings window did not appear";
-        settings = *found;
-        ASSERT_TRUE(waitUntil([&] { return markedIconCentre().has_value(); }))
-            << "the first project's row is not drawn";
     }
 
     // The centre of the marked icon in the settings window, found down a line through its
@@ -171,14 +144,23 @@ TEST_F(ShelfTileTest, TheDrawnShelfTakesClicksMenusDropsAndTheWheelWhileTheFocus
     chooseMenuEntry(2, 5);
     const auto marked = [&] { return readFile(marker).value_or(""); };
     EXPECT_TRUE(waitUntil([&] { return marked() == "first\n" + gamma + "\n"; }, 15s)) << marked();
-    const auto scripts = [&] {
-        return std::ranges::count_if(entries(runtimeFolder), [](const std::string& name) {
-            return name.starts_with("tidewell-cmd-") && name.ends_with(".sh");
-        });
+    const auto isScript = [](const std::string& name) {
+        return name.starts_with("tidewell-cmd-") && name.ends_with(".sh");
     };
-    EXPECT_EQ(scripts(), 1);
+    EXPECT_EQ(std::ranges::count_if(entries(runtimeFolder), isScript), 1);
 
-    openSettings();
+    // The gear tile, narrower than the others, after the three tiles.
+    ASSERT_TRUE(openShelf());
+    hand.movePointerTo(tileCentre(3).first - 13, tileCentre(3).second);
+    hand.click(1);
+    std::optional<unsigned long> found;
+    ASSERT_TRUE(waitUntil([&] {
+        found = inspector.findWindow("Tidewell Settings");
+        return found && inspector.isViewable(*found);
+    })) << "the settings window did not appear";
+    settings = *found;
+    ASSERT_TRUE(waitUntil([&] { return markedIconCentre().has_value(); }))
+        << "the first project's row is not drawn";
 
     // Shown, the window takes the keyboard: keys typed before that would go astray.
     ASSERT_TRUE(waitUntil([&] { return inspector.focusedWindow() == settings; }))
@@ -195,36 +177,31 @@ TEST_F(ShelfTileTest, TheDrawnShelfTakesClicksMenusDropsAndTheWheelWhileTheFocus
     })) << "the name field did not take the keyboard";
     hand.typeKey("ctrl+a");
     hand.typeText("site");
-    EXPECT_TRUE(waitUntil([&] {
-        const std::vector<NotchItem> now = storedItems();
-        return !now.empty() && now[0].name == "site";
-    })) << "the name was not saved";
-    hand.typeKey("Escape");
-    EXPECT_TRUE(waitUntil([&] { return !inspector.isViewable(settings); }))
-        << "Escape did not close the settings window";
+    // Saved by replacing the file: never read half-written.
+    EXPECT_TRUE(waitUntil([&] { return storedItems().at(0).name == "site"; }))
+        << "the name was not saved";
 
     // Folders dropped onto the projects are pinned in order after the others; files are not.
     const std::string first = project("first dropped");
     const std::string second = project("second dropped");
-    openSettings();
     auto source = startDragSource(100, 100, {first, root.write("notes.txt"), second});
-    const auto [x, y] = *markedIconCentre();
     // The drop target's outline lies left of the row.
     const int outlineX = inspector.rootGeometry(settings).x + 14;
-    const unsigned long unmarked = inspector.screenPixel(outlineX, y);
+    const unsigned long unmarked = inspector.screenPixel(outlineX, iconY);
     hand.movePointerTo(160, 140);
     hand.setPrimaryButton(true);
-    hand.dragTo(x, y);
-    EXPECT_TRUE(waitUntil([&] { return inspector.screenPixel(outlineX, y) != unmarked; }))
+    hand.dragTo(iconX, iconY);
+    EXPECT_TRUE(waitUntil([&] { return inspector.screenPixel(outlineX, iconY) != unmarked; }))
         << "the projects were not outlined while the drag hovered";
     hand.setPrimaryButton(false);
     EXPECT_TRUE(waitUntil([&] { return storedItems().size() == 5; }))
         << storedItems().size() << " items: the file was added too, or a folder was not";
     EXPECT_EQ(pinnedFolders(), (std::vector{alpha, beta, gamma, first, second}));
-    EXPECT_TRUE(waitUntil([&] { return inspector.screenPixel(outlineX, y) == unmarked; }))
+    EXPECT_TRUE(waitUntil([&] { return inspector.screenPixel(outlineX, iconY) == unmarked; }))
         << "the outline stayed after the drop";
     hand.typeKey("Escape");
-    ASSERT_TRUE(waitUntil([&] { return !inspector.isViewable(settings); }));
+    ASSERT_TRUE(waitUntil([&] { return !inspector.isViewable(settings); }))
+        << "Escape did not close the settings window";
 
     // Straight up towards the second tile, below the notch: the widened trigger opens the shelf
     // before the pointer reaches the tiles.
@@ -293,9 +270,9 @@ TEST_F(ShelfTileTest, TheDrawnShelfTakesClicksMenusDropsAndTheWheelWhileTheFocus
     hand.click(1);
     expectFolderOpened(pinnedFolders().back());
     // Drawn by the processor: an OpenGL driver would be most of the process's memory.
-    std::ifstream maps("/proc/" + std::to_string(application->pid()) + "/maps");
-    const std::string mapped{std::istreambuf_iterator<char>(maps), {}};
-    EXPECT_EQ(mapped.find("/dri/"), std::string::npos) << "an OpenGL driver is loaded";
+    EXPECT_EQ(readFile("/proc/" + std::to_string(application->pid()) + "/maps")->find("/dri/"),
+              std::string::npos)
+        << "an OpenGL driver is loaded";
 }
 
 } // namespace

@@ -1,12 +1,7 @@
 #include "e2e/EndToEndTest.h"
 #include "linux/SingleInstanceGuard.h"
-#include "support/ScopedEnvironment.h"
 
-#include <algorithm>
-#include <cstdlib>
-#include <filesystem>
 #include <glib.h>
-#include <memory>
 #include <regex>
 #include <unistd.h>
 
@@ -14,7 +9,6 @@ namespace tidewell::testing {
 namespace {
 
 namespace fs = std::filesystem;
-using namespace std::chrono_literals;
 
 class ShelfWindowTest : public RunningApplicationTest {
 protected:
@@ -24,20 +18,15 @@ protected:
     // The desktop entry's action, read as a launcher reads it: through GLib's unescaping and
     // quoting rules.
     static std::vector<std::string> command(const std::string& action) {
-        const std::unique_ptr<GKeyFile, void (*)(GKeyFile*)> entry(g_key_file_new(),
-                                                                   g_key_file_free);
-        EXPECT_TRUE(g_key_file_load_from_file(entry.get(), TIDEWELL_DESKTOP_ENTRY, G_KEY_FILE_NONE,
-                                              nullptr));
-        const std::unique_ptr<char, void (*)(void*)> line(
-            g_key_file_get_string(entry.get(), ("Desktop Action " + action).c_str(), "Exec",
-                                  nullptr),
-            g_free);
-        char** words = nullptr;
-        if (!line || !g_shell_parse_argv(line.get(), nullptr, &words, nullptr))
+        g_autoptr(GKeyFile) entry = g_key_file_new();
+        EXPECT_TRUE(
+            g_key_file_load_from_file(entry, TIDEWELL_DESKTOP_ENTRY, G_KEY_FILE_NONE, nullptr));
+        g_autofree char* line =
+            g_key_file_get_string(entry, ("Desktop Action " + action).c_str(), "Exec", nullptr);
+        g_auto(GStrv) words = nullptr;
+        if (!line || !g_shell_parse_argv(line, nullptr, &words, nullptr))
             return {};
-        std::vector<std::string> arguments(words, words + g_strv_length(words));
-        g_strfreev(words);
-        return arguments;
+        return {words, words + g_strv_length(words)};
     }
 
     ProcessResult run(const std::string& action) const {

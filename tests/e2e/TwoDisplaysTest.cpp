@@ -41,7 +41,7 @@ protected:
         const int bottom = scale * (topInset + 88); // one past the body
         EXPECT_EQ(inspector.screenPixel(left + scale * 8, screen.y + bottom - 1), desktopColour)
             << "the lower-left corner";
-        EXPECT_TRUE(inspector.inputShape(panel).contains(scale * (shadowMargin + 20), bottom - 4))
+        EXPECT_TRUE(contains(inspector.inputShape(panel), scale * (shadowMargin + 20), bottom - 4))
             << "the body's lower part takes the pointer";
     }
 };

@@ -3,7 +3,6 @@
 #include "core/notify/NotificationNames.h"
 #include "gui/TestDesktop.h"
 #include "linux/PosixFileSystem.h"
-#include "support/TemporaryDirectory.h"
 
 #include <fstream>
 #include <gtest/gtest.h>

@@ -1,7 +1,6 @@
 #include "gui/TestDesktop.h"
 #include "gui/images/ImageProviders.h"
 #include "linux/QtPluginImageFormats.h"
-#include "support/TemporaryDirectory.h"
 
 #include <QImage>
 #include <QImageWriter>

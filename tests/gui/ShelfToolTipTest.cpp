@@ -62,7 +62,7 @@ TEST(ShelfToolTip, ShowsInAWindowOfItsOwnBelowTheTileAndOnTheScreen) {
             << found;
         const double offCentre = rect.x() + rect.width() / 2.0 - (row.tile.x() + 30);
         EXPECT_TRUE(!row.isCentred || std::abs(offCentre) <= 1) << found;
-        EXPECT_TRUE(inspector.inputShape(shown).isEmpty()) << "the tooltip takes the pointer";
+        EXPECT_TRUE(inspector.inputShape(shown).empty()) << "the tooltip takes the pointer";
 
         owner.hide();
         EXPECT_TRUE(processEventsUntil([&] { return !inspector.isViewable(shown); }))

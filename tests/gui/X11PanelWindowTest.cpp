@@ -39,8 +39,9 @@ TEST(X11PanelWindowTest, AppearsOnEveryWorkspaceOutOfTaskbarsAndAboveTheRestWhen
             15s))
             << inspector.property(window, "_NET_WM_STATE") << " on "
             << inspector.property(window, "_NET_WM_DESKTOP");
-        EXPECT_TRUE(inspector.inputShape(window).isEmpty());
-        EXPECT_FALSE(inspector.boundingShape(window).contains(116, 44)) << "drawn all black";
+        EXPECT_TRUE(inspector.inputShape(window).empty());
+        EXPECT_FALSE(testing::contains(inspector.boundingShape(window), 116, 44))
+            << "drawn all black";
         panel.orderOut();
         // Shown again only once withdrawn: shown at once it can lose its states to the
         // withdrawal, which this test does not cover.

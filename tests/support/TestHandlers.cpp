@@ -11,33 +11,15 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Called with the handler's id and then its own arguments. Writes its report in one rename,
-// so that a waiting test never reads half of it.
+// Called with the handler's id and then its own arguments. Writes its report (process, session
+// and argument count, the arguments a line each, the environment) in one rename, so that a
+// waiting test never reads half of it.
 constexpr const char* handlerScript = R"(#!/bin/sh
 report="$(dirname "$0")/reports/$1"
 shift
-{
-  echo "$$"
-  ps -o sid= $$
-  echo "$#"
-  for argument; do printf '%s\n' "$argument"; done
-  env
-} > "$report.part"
+{ echo "$$ $(ps -o sid= $$) $#"; printf '%s\n' "$@"; env; } > "$report.part"
 mv "$report.part" "$report"
 )";
-
-HandlerLaunch parseReport(std::istream& lines) {
-    HandlerLaunch launch;
-    std::string count, line;
-    std::getline(lines, launch.processId);
-    lines >> launch.sessionId >> count;
-    lines.ignore();
-    for (int i = 0; i < std::stoi(count) && std::getline(lines, line); ++i)
-        launch.arguments.push_back(line);
-    while (std::getline(lines, line))
-        launch.environment.push_back(line);
-    return launch;
-}
 
 void writeFile(const std::filesystem::path& path, const std::string& text) {
     std::filesystem::create_directories(path.parent_path());
@@ -81,7 +63,12 @@ std::optional<HandlerLaunch> TestHandlers::waitForLaunch(const std::string& hand
     if (!waitUntil([&] { return hasReport(handlerId); }, 10s))
         return std::nullopt;
     std::ifstream lines(report);
-    HandlerLaunch launch = parseReport(lines);
+    HandlerLaunch launch;
+    std::size_t count = 0;
+    lines >> launch.processId >> launch.sessionId >> count;
+    lines.ignore();
+    for (std::string line; std::getline(lines, line);)
+        (launch.arguments.size() < count ? launch.arguments : launch.environment).push_back(line);
     std::filesystem::remove(report);
     return launch;
 }

@@ -31,8 +31,13 @@ void runClient(const std::vector<std::string>& arguments) {
         throw std::runtime_error(arguments.front() + " failed: " + arguments.at(1));
 }
 
-// No input devices of the machine: the tests' pointer and keys come through XTest.
+// No input devices of the machine: the tests' pointer and keys come through XTest. The server
+// keeps the pointer inside its one output's mode: a mode as large as the framebuffer, 10 frames
+// a second, within the monitor's ranges.
 std::string xorgConfiguration(int width, int height) {
+    const auto number = [](int value) { return " " + std::to_string(value); };
+    char clock[32];
+    std::snprintf(clock, sizeof clock, "%.2f", (width + 24) * (height + 3) * 10 / 1e6);
     return R"(Section "ServerFlags"
   Option "AutoAddDevices" "false"
 EndSection
@@ -45,6 +50,10 @@ Section "Monitor"
   Identifier "monitor"
   HorizSync 5.0-1000.0
   VertRefresh 5.0-200.0
+  Modeline "framebuffer" )" +
+           std::string(clock) + number(width) + number(width + 8) + number(width + 16) +
+           number(width + 24) + number(height) + number(height + 1) + number(height + 2) +
+           number(height + 3) + R"(
 EndSection
 Section "Screen"
   Identifier "screen"
@@ -53,8 +62,9 @@ Section "Screen"
   DefaultDepth 24
   SubSection "Display"
     Depth 24
-    Virtual )" +
-           std::to_string(width) + " " + std::to_string(height) + R"(
+    Virtual)" +
+           number(width) + number(height) + R"(
+    Modes "framebuffer"
   EndSubSection
 EndSection
 )";
@@ -100,18 +110,6 @@ VirtualDisplay::VirtualDisplay(const std::vector<Monitor>& monitors, int width, 
                 throw;
         }
     }
-    if (monitors.empty())
-        return;
-    // The server keeps the pointer inside its one output's mode: a mode as large as the
-    // framebuffer, 10 frames a second, within the monitor's ranges.
-    char clock[32];
-    std::snprintf(clock, sizeof clock, "%.2f", (width + 24) * (height + 3) * 10 / 1e6);
-    runClient({"xrandr", "--fb", number(width) + "x" + number(height)});
-    runClient({"xrandr", "--newmode", "framebuffer", clock, number(width), number(width + 8),
-               number(width + 16), number(width + 24), number(height), number(height + 1),
-               number(height + 2), number(height + 3)});
-    runClient({"xrandr", "--addmode", "DUMMY0", "framebuffer"});
-    runClient({"xrandr", "--output", "DUMMY0", "--mode", "framebuffer"});
     for (const Monitor& monitor : monitors)
         addMonitor(monitor, &monitor == &monitors.front());
 }

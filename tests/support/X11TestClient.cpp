@@ -30,9 +30,8 @@ std::ostream& operator<<(std::ostream& stream, const WindowRect& rect) {
     return stream << rect.width << "x" << rect.height << "+" << rect.x << "+" << rect.y;
 }
 
-bool WindowRegion::contains(int x, int y) const {
-    return std::any_of(rectangles.begin(), rectangles.end(),
-                       [&](const WindowRect& rect) { return rect.contains(x, y); });
+bool contains(const WindowRegion& region, int x, int y) {
+    return std::ranges::any_of(region, [&](const WindowRect& rect) { return rect.contains(x, y); });
 }
 
 X11TestClient::X11TestClient() : display_(XOpenDisplay(nullptr)) {
@@ -188,7 +187,7 @@ WindowRegion X11TestClient::shape(unsigned long window, int kind) {
     XRectangle* rectangles = XShapeGetRectangles(display_, window, kind, &count, &ordering);
     WindowRegion region;
     for (int i = 0; i < count; ++i)
-        region.rectangles.push_back(
+        region.push_back(
             {rectangles[i].x, rectangles[i].y, rectangles[i].width, rectangles[i].height});
     if (rectangles)
         XFree(rectangles);

@@ -28,12 +28,8 @@ struct WindowRect {
 std::ostream& operator<<(std::ostream& stream, const WindowRect& rect);
 
 // A shape as the X server keeps it: rectangles.
-struct WindowRegion {
-    std::vector<WindowRect> rectangles;
-
-    bool isEmpty() const { return rectangles.empty(); }
-    bool contains(int x, int y) const;
-};
+using WindowRegion = std::vector<WindowRect>;
+bool contains(const WindowRegion& region, int x, int y);
 
 // Another X client on the current display: it owns windows and selections and moves the
 // pointer, presses buttons and types through XTest, as a user would. It also looks at windows

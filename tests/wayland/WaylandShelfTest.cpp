@@ -1,34 +1,24 @@
 #include "e2e/EndToEndTest.h"
 #include "support/SwayDesktop.h"
 
-#include <algorithm>
-#include <cmath>
+#include <ranges>
 #include <set>
 
 namespace tidewell::testing {
 namespace {
 
-using namespace std::chrono_literals;
 using Screenshot = SwayDesktop::Screenshot;
 
 constexpr unsigned long windowColour = 0xFF8800;
-// Without a menu bar the shelf hangs this far below the top edge before its tiles begin.
-constexpr int topInset = 28;
 
 int centreX(int output) {
     return output * SwayDesktop::outputWidth + SwayDesktop::outputWidth / 2;
 }
 
-// The width of the body of the shelf showing that many tiles.
-int bodyWidth(int tiles) {
-    return std::max(200, 66 * tiles + 59) - 16;
-}
-
 // Where the tile's centre lies while the shelf shows that many tiles (three or more).
 std::pair<int, int> tileCentre(int output, int tiles, int index) {
-    const int shelfLeft = output * SwayDesktop::outputWidth +
-                          static_cast<int>(std::lround((1920 - bodyWidth(tiles) - 16) / 2.0));
-    return {shelfLeft + 14 + 66 * index + 30, topInset + 8 + 31};
+    const auto [x, y] = tileOffset(index);
+    return {output * SwayDesktop::outputWidth + shelfLeft(tiles) + x, y};
 }
 
 // The application in a Wayland session without any X server, seen in screenshots: a black body
@@ -48,9 +38,9 @@ protected:
         return desktop.screenshot().runThrough(centreX(output) + dx, topInset + 4, 0x000000);
     }
 
-    // Its sides may be drawn a pixel in or out of the body's edges.
+    // The body lies 8 points inside the frame's sides; its sides may be drawn a pixel in or out.
     bool showsTiles(int output, int tiles, int dx = 0) const {
-        return std::abs(drawnBodyWidth(output, dx) - bodyWidth(tiles)) <= 2;
+        return std::abs(drawnBodyWidth(output, dx) - (shelfWidth(tiles) - 16)) <= 2;
     }
 
     bool waitUntilOpen(int output, int tiles) {
@@ -61,10 +51,9 @@ protected:
     bool waitUntilClosed() {
         return waitUntil([&] {
             const Screenshot shot = desktop.screenshot();
-            for (int y = 0; y < topInset + 100; ++y)
-                if (shot.runThrough(0, y, windowColour) != SwayDesktop::outputWidth)
-                    return false;
-            return true;
+            return std::ranges::all_of(std::views::iota(0, topInset + 100), [&](int y) {
+                return shot.runThrough(0, y, windowColour) == SwayDesktop::outputWidth;
+            });
         });
     }
 

@@ -56,15 +56,6 @@ protected:
         queue.runUntilIdle();
     }
 
-    // The shelf shows now, and has closed once 2.5 seconds and the closing are over.
-    void expectShownBriefly() {
-        advanceMilliseconds(300);
-        EXPECT_TRUE(panel.visible);
-        advanceMilliseconds(2100);
-        EXPECT_TRUE(panel.visible) << "still open just before 2.5 s";
-        advanceMilliseconds(600);
-        EXPECT_FALSE(panel.visible);
-    }
     bool isStartAtLoginChecked() { return shell.checked[StatusMenuAction::toggleStartAtLogin]; }
     void choose(StatusMenuAction action) { shell.handlers.perform(action); }
 
@@ -86,7 +77,13 @@ TEST_F(AppDelegateTest, TheMenuAddsFoldersTogglesOpenAtLoginRevealsDataShowsSett
     choose(StatusMenuAction::addFolder);
     ASSERT_EQ(store.favorites().size(), 1u);
     EXPECT_EQ(store.favorites()[0].name, "harbour");
-    expectShownBriefly();
+    // The shelf shows now, and has closed once 2.5 seconds and the closing are over.
+    advanceMilliseconds(300);
+    EXPECT_TRUE(panel.visible);
+    advanceMilliseconds(2100);
+    EXPECT_TRUE(panel.visible) << "still open just before 2.5 s";
+    advanceMilliseconds(600);
+    EXPECT_FALSE(panel.visible);
 
     // The check mark follows what is installed now, also when turned off elsewhere.
     shell.handlers.menuWillOpen();

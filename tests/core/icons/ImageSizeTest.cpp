@@ -24,8 +24,6 @@ std::string patched(std::string bytes, std::size_t offset, const std::string& wi
     return bytes.replace(offset, with.size(), with);
 }
 
-const std::string jpegStart = "\xFF\xD8";
-
 // A baseline frame header with three components.
 std::string jpegFrame(std::uint32_t width, std::uint32_t height) {
     return std::string("\xFF\xC0\x00\x11\x08", 5) + be(height, 2) + be(width, 2) +
@@ -72,12 +70,6 @@ std::string tiff(bool isLittleEndian, std::uint32_t width, std::uint32_t height,
 
 using Size = std::optional<std::pair<double, double>>;
 
-struct Sample {
-    std::string what;
-    std::string bytes;
-    Size size; // none: no size may be read
-};
-
 // As a file is read: from its start, and further only where a header points.
 Size sizeOfFile(const std::string& file) {
     const auto size = imageSizeOfFile([&](std::size_t offset, std::size_t length) {
@@ -86,23 +78,21 @@ Size sizeOfFile(const std::string& file) {
     return size ? Size({size->width, size->height}) : std::nullopt;
 }
 
-// Metadata segments of the largest length, before the frame header.
-std::string jpegAfterMetadata(int segments) {
-    std::string bytes = jpegStart;
-    for (int i = 0; i < segments; ++i)
-        bytes += std::string("\xFF\xE1\xFF\xFF", 4) + std::string(0xFFFF - 2, '\0');
-    return bytes + jpegFrame(640, 480);
-}
-
-std::vector<Sample> samples() {
-    const std::string frame = jpegFrame(640, 480);
+TEST(ImageSize, ReadsEveryFormatFromItsHeader) {
     const std::string table = be(100000, 4);
-    return {
+    const struct {
+        std::string what;
+        std::string bytes;
+        Size size; // none: no size may be read
+    } samples[] = {
         {"png",
          std::string("\x89PNG\r\n\x1a\n\0\0\0\x0dIHDR\0\0\x01\x2c\0\0\0\xc8\x08\x06\0\0\0\0\0\0\0",
                      33),
          {{300, 200}}},
-        {"jpeg frame after 64 KiB of metadata", jpegAfterMetadata(1), {{640, 480}}},
+        {"jpeg frame after 64 KiB of metadata",
+         "\xFF\xD8" + std::string("\xFF\xE1\xFF\xFF", 4) + std::string(0xFFFF - 2, '\0') +
+             jpegFrame(640, 480),
+         {{640, 480}}},
         {"lossy webp, scaling bits aside",
          riffWebp("VP8 ", std::string("\x10\x02\x00\x9d\x01\x2a", 6) + le(320 | 0xC000, 2) +
                               le(240 | 0x4000, 2)),
@@ -144,11 +134,8 @@ std::vector<Sample> samples() {
         {"svg after an empty comment", "<!----><svg width=\"5\" height=\"6\"/>", {{5, 6}}},
         {"svg after a plain doctype", "<!DOCTYPE svg><svg width=\"5\" height=\"5\"/>", {{5, 5}}},
     };
-}
-
-TEST(ImageSize, ReadsEveryFormatFromItsHeader) {
-    for (const Sample& sample : samples())
-        EXPECT_EQ(sizeOfFile(sample.bytes), sample.size) << sample.what;
+    for (const auto& [what, bytes, size] : samples)
+        EXPECT_EQ(sizeOfFile(bytes), size) << what;
 }
 
 } // namespace

@@ -6,14 +6,9 @@
 namespace tidewell::testing {
 namespace {
 
-using PanelOpening = PanelControllerFixture;
-using PanelClosing = PanelControllerFixture;
-using PanelTrigger = PanelControllerFixture;
-using PanelMenuTracking = PanelControllerFixture;
-using PanelResizing = PanelControllerFixture;
-using PanelOnRequest = PanelControllerFixture;
+using PanelControllerTest = PanelControllerFixture;
 
-TEST_F(PanelOpening, EnteringTheTriggerGrowsBackgroundThenContentThenSettles) {
+TEST_F(PanelControllerTest, EnteringTheTriggerGrowsBackgroundThenContentThenSettles) {
     move(inTrigger);
     EXPECT_EQ(controller->panelState(), PanelState::showing);
     EXPECT_EQ(panel.alpha(), 1);
@@ -32,7 +27,7 @@ TEST_F(PanelOpening, EnteringTheTriggerGrowsBackgroundThenContentThenSettles) {
     EXPECT_EQ(controller->panelState(), PanelState::visible);
 }
 
-TEST_F(PanelTrigger, DraggedFilesWidenTheTriggerBy56EachSideAndLowerItTo160) {
+TEST_F(PanelControllerTest, DraggedFilesWidenTheTriggerBy56EachSideAndLowerItTo160) {
     const struct {
         Point location;
         unsigned buttons;
@@ -60,7 +55,7 @@ TEST_F(PanelTrigger, DraggedFilesWidenTheTriggerBy56EachSideAndLowerItTo160) {
 // A pointer monitor may drop moves outside the triggers while the panel is off screen with no
 // close armed; from the opening to the end of the close every move counts. The panel grown by
 // 12 by 10 points holds the shelf open.
-TEST_F(PanelClosing, LeavingArmsOneCloseAndMovesCountEverywhereUntilItHasEnded) {
+TEST_F(PanelControllerTest, LeavingArmsOneCloseAndMovesCountEverywhereUntilItHasEnded) {
     int changes = 0;
     const Connection connection = controller->pointerInterestChanged.connect([&] { ++changes; });
     controller->start();
@@ -86,6 +81,13 @@ TEST_F(PanelClosing, LeavingArmsOneCloseAndMovesCountEverywhereUntilItHasEnded) 
     EXPECT_EQ(controller->panelState(), PanelState::hiding);
     EXPECT_FALSE(controller->layout().isExpanded());
     EXPECT_TRUE(controller->layout().isBackgroundExpanded());
+    // Back in the trigger before the background has begun to shrink: the close is taken back.
+    move({720, 880});
+    EXPECT_EQ(controller->panelState(), PanelState::visible);
+    EXPECT_TRUE(controller->layout().isExpanded());
+    move({150, 300});
+    advanceMilliseconds(450);
+    ASSERT_EQ(controller->panelState(), PanelState::hiding);
 
     advanceMilliseconds(100);
     EXPECT_FALSE(controller->layout().isBackgroundExpanded());
@@ -103,19 +105,7 @@ TEST_F(PanelClosing, LeavingArmsOneCloseAndMovesCountEverywhereUntilItHasEnded) 
     EXPECT_EQ(controller->panelState(), PanelState::hidden);
 }
 
-// Back in the trigger before the background has begun to shrink: the close is taken back.
-TEST_F(PanelClosing, AReturnBeforeTheBackgroundShrinksTakesTheCloseBack) {
-    controller->start();
-    openFully();
-    move({150, 300});
-    advanceMilliseconds(450);
-    ASSERT_EQ(controller->panelState(), PanelState::hiding);
-    move({720, 880});
-    EXPECT_EQ(controller->panelState(), PanelState::visible);
-    EXPECT_TRUE(controller->layout().isExpanded());
-}
-
-TEST_F(PanelMenuTracking, HoldsTheShelfOpenAndArmsACloseWhenTrackingEndsOutside) {
+TEST_F(PanelControllerTest, HoldsTheShelfOpenAndArmsACloseWhenTrackingEndsOutside) {
     const auto track = [this](bool begins, Point pointerAt) {
         pointer.where = pointerAt;
         localCenter.post(begins ? menuDidBeginTracking : menuDidEndTracking);
@@ -139,7 +129,7 @@ TEST_F(PanelMenuTracking, HoldsTheShelfOpenAndArmsACloseWhenTrackingEndsOutside)
     EXPECT_EQ(controller->panelState(), PanelState::hiding);
 }
 
-TEST_F(PanelResizing, GrowingAppliesAtOnceAndShrinkingWaitsForTheDrawing) {
+TEST_F(PanelControllerTest, GrowingAppliesAtOnceAndShrinkingWaitsForTheDrawing) {
     for (const char* name : {"one", "two", "three"})
         pin(name);
     openFully();
@@ -175,7 +165,7 @@ TEST_F(PanelResizing, GrowingAppliesAtOnceAndShrinkingWaitsForTheDrawing) {
     EXPECT_EQ(controller->layout().expandedSize(), four.size);
 }
 
-TEST_F(PanelResizing, APinWhileOpeningResizesTheDrawingAndThePanelOnceOpen) {
+TEST_F(PanelControllerTest, APinWhileOpeningResizesTheDrawingAndThePanelOnceOpen) {
     for (const char* name : {"one", "two", "three"})
         pin(name);
     move(inTrigger);
@@ -189,7 +179,7 @@ TEST_F(PanelResizing, APinWhileOpeningResizesTheDrawingAndThePanelOnceOpen) {
 }
 
 // Differences under half a point are rounding, not a new place or size.
-TEST_F(PanelResizing, HalfAPointMovesOrResizesTheOpenPanel) {
+TEST_F(PanelControllerTest, HalfAPointMovesOrResizesTheOpenPanel) {
     const Rect frame = mainDisplay.frame;
     const struct {
         const char* change;
@@ -219,15 +209,14 @@ TEST_F(PanelResizing, HalfAPointMovesOrResizesTheOpenPanel) {
 }
 
 // The hiding preference reaches the open panel without reopening it.
-TEST_F(PanelOnRequest, FollowsDisplayChangesAndPrivacyAndLeavesNothingBehindWhenDestroyed) {
+TEST_F(PanelControllerTest, FollowsDisplayChangesAndPrivacyAndLeavesNothingBehindWhenDestroyed) {
     controller->start();
     openFully();
-    appearance.setHideFromScreenCapture(true);
-    queue.runUntilIdle();
-    EXPECT_TRUE(panel.sharingHidden);
-    appearance.setHideFromScreenCapture(false);
-    queue.runUntilIdle();
-    EXPECT_FALSE(panel.sharingHidden);
+    for (const bool hidden : {true, false}) {
+        appearance.setHideFromScreenCapture(hidden);
+        queue.runUntilIdle();
+        EXPECT_EQ(panel.sharingHidden, hidden);
+    }
     EXPECT_EQ(panel.orderFrontCount, 1);
     displays.displays.front().frame.size.width = 1600;
     displays.displays.front().visibleFrame.size = {1600, 860}; // a 40-point top bar

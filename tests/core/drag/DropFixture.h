@@ -29,10 +29,6 @@ public:
         tasks.erase(tasks.begin() + static_cast<std::ptrdiff_t>(index));
         task();
     }
-    void runAll() {
-        while (!tasks.empty())
-            run(0);
-    }
 
     std::vector<std::function<void()>> tasks;
 };

@@ -67,7 +67,7 @@ TEST_F(FolderDropTest, DecodedFoldersKeepDragOrderWhateverOrderDecodingFinishesI
     // When no provider yields a folder, the list is read again once decoding has finished.
     const std::string late = root.path() + "/projects/late";
     EXPECT_TRUE(ShelfGapDrop(context()).performDrop(folderAt(30), {.uriList = fileUrl(late)}));
-    background.runAll();
+    background.run(0);
     root.makeFolder("projects/late");
     queue.runUntilIdle();
     EXPECT_EQ(favoriteNames(), (Names{"A", "X", "Y", "B", "C", "late"}));

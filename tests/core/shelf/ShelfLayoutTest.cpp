@@ -1,24 +1,18 @@
 #include "core/shelf/ShelfLayout.h"
 
 #include "core/shelf/StripScroll.h"
-#include "support/FakeClock.h"
 #include "support/FakeMainQueue.h"
 
-#include <chrono>
 #include <functional>
 #include <gtest/gtest.h>
-#include <optional>
 #include <vector>
 
 namespace tidewell::testing {
 namespace {
 
-// What observers find in the layout each time it announces a change.
-struct Snapshot {
-    Size expandedSize;
-    bool isReservingSlot;
-    bool operator==(const Snapshot&) const = default;
-};
+// What observers find in the layout each time it announces a change: the expanded size and
+// whether a slot is reserved.
+using Snapshot = std::pair<Size, bool>;
 
 class ShelfLayoutTest : public ::testing::Test {
 protected:

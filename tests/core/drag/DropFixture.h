@@ -8,7 +8,6 @@
 #include "core/shelf/ShelfLayout.h"
 #include "core/store/ItemStore.h"
 #include "support/FakePanelWindow.h"
-#include "support/FakePointer.h"
 #include "support/FakeWorkspace.h"
 #include "support/ItemsFixture.h"
 

@@ -6,7 +6,6 @@
 #include "support/FakeLoginItemService.h"
 
 #include <filesystem>
-#include <gtest/gtest.h>
 #include <map>
 
 namespace tidewell::testing {

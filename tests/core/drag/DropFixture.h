@@ -52,11 +52,6 @@ protected:
         return root.makeFolder("projects/" + name);
     }
     Names favoriteNames() const { return names(store.favorites()); }
-    // As a store opened now on the items file would show them.
-    Names favoriteNamesInFile() {
-        const ItemStore fresh{{database, localCenter, distributedCenter, queue, workspace}};
-        return names(fresh.favorites());
-    }
     ShelfDropContext context() {
         return {store, layout, state, pointer, files, background, queue, panel};
     }

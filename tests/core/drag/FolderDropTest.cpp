@@ -3,8 +3,6 @@
 #include "core/drag/ShelfGapDrop.h"
 #include "core/drag/ShelfTileDrop.h"
 
-#include <gtest/gtest.h>
-
 namespace tidewell::testing {
 namespace {
 

@@ -5,7 +5,6 @@
 #include "core/drag/ShelfTileDrop.h"
 
 #include <functional>
-#include <gtest/gtest.h>
 
 namespace tidewell::testing {
 namespace {

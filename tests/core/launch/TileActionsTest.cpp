@@ -6,8 +6,6 @@
 #include "support/FakeWorkspace.h"
 #include "support/ItemsFixture.h"
 
-#include <gtest/gtest.h>
-
 namespace tidewell {
 namespace {
 

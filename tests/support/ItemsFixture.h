@@ -37,8 +37,7 @@ private:
     ObserverToken nextToken_ = 1;
 };
 
-// An item database on real files in a fresh folder, with fake time and a fake
-// notification centre between processes that keeps what was posted.
+// An item database on real files in a fresh folder, with fake time and a recording bus.
 class ItemsFixture : public ::testing::Test {
 protected:
     std::string itemsFileBytes() const { return files.readFile(database.itemsURL()).value_or(""); }

@@ -38,9 +38,8 @@ public:
     int terminateCount = 0;
 };
 
-// The delegate over a real panel controller, item store and launch-at-login component, on
-// fake displays, windows, dialogs and time. The pointer rests on the main display, away from
-// the shelf.
+// The delegate over a real panel controller, store and launch-at-login component, on fake
+// displays, windows, dialogs and time. The pointer rests away from the shelf.
 class AppDelegateTest : public PanelControllerFixture {
 protected:
     AppDelegateTest() { pointer.where = farAway; }

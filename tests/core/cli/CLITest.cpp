@@ -57,13 +57,6 @@ protected:
     LaunchAgentManager launchAtLogin{files, loginService, paths, {}};
 };
 
-TEST(CLIInvocation, OnlyARealFirstArgumentMakesAToolStart) {
-    EXPECT_FALSE(CLI::isCLIInvocation({"tide"}));
-    EXPECT_FALSE(CLI::isCLIInvocation({"tidewell", "-psn_0_12345"}));
-    EXPECT_TRUE(CLI::isCLIInvocation({"tide", "help"}));
-    EXPECT_TRUE(CLI::isCLIInvocation({"tide", "-psn"}));
-}
-
 TEST_F(CLITest, CommandWordsOptionsAndFoldersAreReadInEveryForm) {
     root.makeFolder("home/code");
     root.makeFolder("work/sibling");
@@ -94,6 +87,10 @@ TEST_F(CLITest, CommandWordsOptionsAndFoldersAreReadInEveryForm) {
         EXPECT_EQ(run(arguments), result);
     }
     EXPECT_EQ(run({}), run({"help"}));
+    // Only a real first argument makes a tool start.
+    EXPECT_FALSE(CLI::isCLIInvocation({"tide"}) ||
+                 CLI::isCLIInvocation({"tidewell", "-psn_0_12345"}));
+    EXPECT_TRUE(CLI::isCLIInvocation({"tide", "help"}) && CLI::isCLIInvocation({"tide", "-psn"}));
 
     // Equally recent items are listed in the order they were stored.
     EXPECT_EQ(run({"list"}),

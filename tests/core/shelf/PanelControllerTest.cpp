@@ -52,9 +52,8 @@ TEST_F(PanelControllerTest, DraggedFilesWidenTheTriggerBy56EachSideAndLowerItTo1
     }
 }
 
-// A pointer monitor may drop moves outside the triggers while the panel is off screen with no
-// close armed; from the opening to the end of the close every move counts. The panel grown by
-// 12 by 10 points holds the shelf open.
+// Moves outside the triggers may be dropped while the panel is off screen with no close armed;
+// from the opening to the end of the close all count. The panel grown by 12 by 10 holds it.
 TEST_F(PanelControllerTest, LeavingArmsOneCloseAndMovesCountEverywhereUntilItHasEnded) {
     int changes = 0;
     const Connection connection = controller->pointerInterestChanged.connect([&] { ++changes; });

@@ -10,8 +10,7 @@
 namespace tidewell::testing {
 namespace {
 
-// What observers find in the layout each time it announces a change: the expanded size and
-// whether a slot is reserved.
+// Each change as observers find it: the expanded size and whether a slot is reserved.
 using Snapshot = std::pair<Size, bool>;
 
 class ShelfLayoutTest : public ::testing::Test {

@@ -62,10 +62,7 @@ TEST_F(CLITest, CommandWordsOptionsAndFoldersAreReadInEveryForm) {
     root.makeFolder("work/sibling");
     root.makeFolder("work/myProject/stalled");
     const std::string missing = "Path does not exist: " + cwdFiles.workingDirectory;
-    const struct {
-        std::vector<std::string> arguments;
-        Result result;
-    } cases[] = {
+    const std::pair<std::vector<std::string>, Result> cases[] = {
         {{"here"}, {0, "Added to recent: myProject\n", ""}},
         {{"recent", "."}, {0, "Added to recent: myProject\n", ""}},
         {{"fav"}, {0, "Pinned: myProject\n", ""}},

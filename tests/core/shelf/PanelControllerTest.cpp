@@ -28,12 +28,7 @@ TEST_F(PanelControllerTest, EnteringTheTriggerGrowsBackgroundThenContentThenSett
 }
 
 TEST_F(PanelControllerTest, DraggedFilesWidenTheTriggerBy56EachSideAndLowerItTo160) {
-    const struct {
-        Point location;
-        unsigned buttons;
-        bool offersFiles;
-        bool opens;
-    } cases[] = {
+    const std::tuple<Point, unsigned, bool, bool> cases[] = {
         {{630, 872}, 0, false, true}, // the trigger's minimum corner belongs to it
         {{629.9, 890}, 0, false, false}, {{810, 890}, 0, false, false},
         {{720, 871.9}, 0, false, false}, {{574, 740}, 1, true, true},
@@ -170,12 +165,7 @@ TEST_F(PanelControllerTest, GrowingAppliesAtOnceAndShrinkingWaitsForTheDrawing) 
 // Differences under half a point are rounding, not a new place or size.
 TEST_F(PanelControllerTest, HalfAPointMovesOrResizesTheOpenPanel) {
     const Rect frame = mainDisplay.frame;
-    const struct {
-        const char* change;
-        Rect displayFrame;
-        Size drawing;
-        bool applies;
-    } cases[] = {
+    const std::tuple<const char*, Rect, Size, bool> cases[] = {
         {"display 0.5 lower", {{0, -0.5}, frame.size}, emptyShelfFrame.size, true},
         {"display 0.4 lower", {{0, -0.4}, frame.size}, emptyShelfFrame.size, false},
         {"display 1 wider", {{0, 0}, {1441, 900}}, emptyShelfFrame.size, true},

@@ -15,10 +15,7 @@ TEST(ScreenNotchGeometry, GapBetweenTheAreasInWholePointsOrTheFallback) {
     const auto left = [](double maxX) { return Rect{{0, 950}, {maxX, 32}}; };
     const auto right = [](double minX) { return Rect{{minX, 950}, {1512 - minX, 32}}; };
     const double infinity = std::numeric_limits<double>::infinity();
-    const struct {
-        Rect left, right;
-        double expected;
-    } cases[] = {
+    const std::tuple<Rect, Rect, double> cases[] = {
         {{{0, 950}, {661, 0}}, right(851), 180}, // an empty area is no notch edge
         {left(661), {{851, 950}, {0, 32}}, 180},
         {left(661), right(851), 190},

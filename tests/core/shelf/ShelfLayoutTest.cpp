@@ -56,11 +56,7 @@ TEST_F(StripScrollTest, TheWheelAndDropsScrollWithinTheTilesUntilTheShelfCloses)
     const Connection connection = scroll.changed.connect([&] { ++changes; });
     // 40 tiles, 27 and a bit of them in view: at most 843 points to scroll.
     scroll.setExtent(40 * 66 - 6, 1791);
-    const struct {
-        const char* step;
-        std::function<void()> action;
-        double offset;
-    } steps[] = {
+    const std::tuple<const char*, std::function<void()>, double> steps[] = {
         {"a notch down", [&] { scroll.wheel(0, -120); }, 66},
         {"a notch left", [&] { scroll.wheel(120, 0); }, 0},
         {"a touchpad's right", [&] { scroll.wheel(-12, 0); }, 6.6},

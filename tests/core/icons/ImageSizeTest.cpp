@@ -80,11 +80,8 @@ Size sizeOfFile(const std::string& file) {
 
 TEST(ImageSize, ReadsEveryFormatFromItsHeader) {
     const std::string table = be(100000, 4);
-    const struct {
-        std::string what;
-        std::string bytes;
-        Size size; // none: no size may be read
-    } samples[] = {
+    // No size: none may be read.
+    const std::tuple<std::string, std::string, Size> samples[] = {
         {"png",
          std::string("\x89PNG\r\n\x1a\n\0\0\0\x0dIHDR\0\0\x01\x2c\0\0\0\xc8\x08\x06\0\0\0\0\0\0\0",
                      33),
@@ -102,20 +99,21 @@ TEST(ImageSize, ReadsEveryFormatFromItsHeader) {
          riffWebp("VP8X", std::string(4, '\0') + le(1023, 3) + le(767, 3)),
          {{1024, 768}}},
         {"lossy webp, bad frame tag",
-         riffWebp("VP8 ", std::string("\x11\x02\x00\x9d\x01\x2a\x10\x00\x10\x00", 10))},
+         riffWebp("VP8 ", std::string("\x11\x02\x00\x9d\x01\x2a\x10\x00\x10\x00", 10)),
+         std::nullopt},
         {"ico: the largest entry, 0 meaning 256", ico({{16, 16}, {0, 0}, {32, 32}}), {{256, 256}}},
         {"ico entry of bit count 0, as of PNG data",
          patched(ico({{48, 48}}), 12, le(0, 2)),
          {{48, 48}}},
-        {"cursor", patched(ico({{32, 32}}), 2, le(2, 1))},
-        {"ico data inside the directory", patched(ico({{32, 32}}), 18, le(5, 1))},
+        {"cursor", patched(ico({{32, 32}}), 2, le(2, 1)), std::nullopt},
+        {"ico data inside the directory", patched(ico({{32, 32}}), 18, le(5, 1)), std::nullopt},
         {"icns cut short: what the bytes reach", icns({"ic11", "ic09"}).substr(0, 24), {{32, 32}}},
         // A table of contents listing the types, followed by only the first listed element.
         {"icns table of contents",
          "icns" + be(2000000, 4) + "TOC " + be(32, 4) + "ic12" + table + "ic13" + table + "ic14" +
              table + "ic12" + table,
          {{512, 512}}},
-        {"icns zero-length element", patched(icns({"ic08", "ic10"}), 12, be(0, 4))},
+        {"icns zero-length element", patched(icns({"ic08", "ic10"}), 12, be(0, 4)), std::nullopt},
         {"icns, 32-point PNG type", icns({"icp5"}), {{32, 32}}},
         {"tiff, big-endian long", tiff(false, 5, 70000, 4), {{5, 70000}}},
         {"tiff, big-endian short", tiff(false, 100, 60, 3), {{100, 60}}},

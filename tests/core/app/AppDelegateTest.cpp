@@ -40,32 +40,24 @@ public:
 
 // The delegate over a real panel controller, store and launch-at-login component, on fake
 // displays, windows, dialogs and time. The pointer rests away from the shelf.
-class AppDelegateTest : public PanelControllerFixture {
-protected:
-    AppDelegateTest() { pointer.where = farAway; }
-
-    void launch(const ApplicationLocation& application) {
-        launchAtLogin = std::make_unique<LaunchAgentManager>(files, loginItems, paths, application);
-        delegate = std::make_unique<AppDelegate>(AppDelegate::Services{
-            store, database, files, defaults, localCenter, distributedCenter, queue, workspace,
-            *launchAtLogin, application, *controller, pointer, displays,
-            [this] { controller->start(); }, shell, shell, folderChooser, shell, shell});
-        delegate->applicationDidFinishLaunching();
-        queue.runUntilIdle();
-    }
-
-    bool isStartAtLoginChecked() { return shell.checked[StatusMenuAction::toggleStartAtLogin]; }
-    void choose(StatusMenuAction action) { shell.handlers.perform(action); }
-
-    FakeLoginItemService loginItems;
-    std::unique_ptr<LaunchAgentManager> launchAtLogin;
-    FakeApplicationShell shell;
-    FakeFolderChooser folderChooser;
-    std::unique_ptr<AppDelegate> delegate;
-};
+using AppDelegateTest = PanelControllerFixture;
 
 TEST_F(AppDelegateTest, TheMenuAddsFoldersTogglesOpenAtLoginRevealsDataShowsSettingsAndQuits) {
-    launch(installedCopy);
+    FakeLoginItemService loginItems;
+    FakeApplicationShell shell;
+    FakeFolderChooser folderChooser;
+    LaunchAgentManager launchAtLogin(files, loginItems, paths, installedCopy);
+    AppDelegate delegate({store, database, files, defaults, localCenter, distributedCenter, queue,
+                          workspace, launchAtLogin, installedCopy, *controller, pointer, displays,
+                          [this] { controller->start(); }, shell, shell, folderChooser, shell,
+                          shell});
+    const auto isStartAtLoginChecked = [&] {
+        return shell.checked[StatusMenuAction::toggleStartAtLogin];
+    };
+    const auto choose = [&](StatusMenuAction action) { shell.handlers.perform(action); };
+    pointer.where = farAway;
+    delegate.applicationDidFinishLaunching();
+    queue.runUntilIdle();
     choose(StatusMenuAction::addFolder);
     queue.advance(3s);
     EXPECT_EQ(folderChooser.prompts, std::vector<std::string>{"Add"});

@@ -5,7 +5,6 @@
 #include "support/ItemsFixture.h"
 
 #include <algorithm>
-#include <memory>
 
 namespace tidewell::testing {
 namespace {
@@ -31,23 +30,14 @@ protected:
         return item;
     }
 
-    // Writes the items file and opens a fresh store on it, with no notification pending.
-    ItemStore& openStore(const std::vector<NotchItem>& items) {
-        opened.reset();
-        database.save(items);
-        queue.runUntilIdle();
-        opened = std::make_unique<ItemStore>(
-            ItemStore::Services{database, localCenter, distributedCenter, queue, workspace});
-        return *opened;
-    }
-
     FakeWorkspace workspace;
-    std::unique_ptr<ItemStore> opened;
 };
 
 TEST_F(ItemStoreTest, FoldersAddedWithoutATargetStayUnplacedUnpinRemoveAndOthersChanges) {
     const std::vector items{pinned("X", 0), pinned("old", std::nullopt, -60), pinned("Y", 1)};
-    ItemStore& store = openStore(items);
+    database.save(items);
+    queue.runUntilIdle(); // no notification pending
+    ItemStore store{{database, localCenter, distributedCenter, queue, workspace}};
     clock.advance(seconds(1));
     store.add({root.makeFolder("new/P1")}, std::nullopt);
     store.add({root.makeFolder("new/P2")}, Uuid::random()); // an unknown target is none

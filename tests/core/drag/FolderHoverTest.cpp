@@ -19,12 +19,6 @@ protected:
     void hover(std::size_t tile, double x) {
         ShelfTileDrop(ids[tile], context()).dropUpdated(folderAt(x));
     }
-    // Opens the gap in front of A, then moves the pointer off the panel and leaves the tile.
-    void openGapAndLeave() {
-        hover(0, 30);
-        pointer.where = {100, 100};
-        ShelfTileDrop(ids[0], context()).dropExited(folderAt(30));
-    }
     bool isGapOpen() const { return state.folderDropPosition() && layout.isReservingSlot(); }
     void closeGap() {
         layout.clearFolderSlot(3);
@@ -83,7 +77,10 @@ TEST_F(FolderHoverTest, APendingCloseWaitsOnTheButtonAndYieldsToAHoverOrAPointer
         };
     for (const auto& [name, buttons, meanwhile, alpha, closesAfter] : cases) {
         pointer.buttons = buttons;
-        openGapAndLeave();
+        // Opens the gap in front of A, moves the pointer off the panel and leaves the tile.
+        hover(0, 30);
+        pointer.where = {100, 100};
+        ShelfTileDrop(ids[0], context()).dropExited(folderAt(30));
         meanwhile();
         panel.setAlpha(alpha);
         queue.advance((closesAfter == 0ms ? 400ms : closesAfter) - 1ns);

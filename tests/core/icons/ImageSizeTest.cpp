@@ -24,12 +24,6 @@ std::string patched(std::string bytes, std::size_t offset, const std::string& wi
     return bytes.replace(offset, with.size(), with);
 }
 
-// A baseline frame header with three components.
-std::string jpegFrame(std::uint32_t width, std::uint32_t height) {
-    return std::string("\xFF\xC0\x00\x11\x08", 5) + be(height, 2) + be(width, 2) +
-           std::string("\x03\x01\x11\x00\x02\x11\x00\x03\x11\x00", 10);
-}
-
 std::string riffWebp(std::string_view chunkTag, const std::string& payload) {
     const auto length = static_cast<std::uint32_t>(payload.size());
     return "RIFF" + le(12 + length, 4) + "WEBP" + std::string(chunkTag) + le(length, 4) + payload;
@@ -88,7 +82,9 @@ TEST(ImageSize, ReadsEveryFormatFromItsHeader) {
          {{300, 200}}},
         {"jpeg frame after 64 KiB of metadata",
          "\xFF\xD8" + std::string("\xFF\xE1\xFF\xFF", 4) + std::string(0xFFFF - 2, '\0') +
-             jpegFrame(640, 480),
+             // a baseline frame header with three components
+             std::string("\xFF\xC0\x00\x11\x08", 5) + be(480, 2) + be(640, 2) +
+             std::string("\x03\x01\x11\x00\x02\x11\x00\x03\x11\x00", 10),
          {{640, 480}}},
         {"lossy webp, scaling bits aside",
          riffWebp("VP8 ", std::string("\x10\x02\x00\x9d\x01\x2a", 6) + le(320 | 0xC000, 2) +

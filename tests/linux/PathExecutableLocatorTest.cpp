@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 namespace tidewell {
-namespace {
 
 TEST(PathExecutableLocator, FindsExecutableFilesOnTheSearchPath) {
     using std::filesystem::perms;
@@ -33,5 +32,4 @@ TEST(PathExecutableLocator, FindsExecutableFilesOnTheSearchPath) {
     EXPECT_FALSE(locator.isInstalled("tool")); // the search path is read on every call
 }
 
-} // namespace
 } // namespace tidewell

@@ -11,7 +11,6 @@
 #include <unistd.h>
 
 namespace tidewell::testing {
-namespace {
 
 using namespace std::chrono_literals;
 
@@ -44,5 +43,4 @@ TEST(PosixProcessLauncher, DetachedProgramsGetANewSessionAndAClearedEnvironmentW
     EXPECT_EQ(PosixProcessLauncher().runAndWait("sh", {"-c", "kill -TERM $$"}), 128 + SIGTERM);
 }
 
-} // namespace
 } // namespace tidewell::testing

@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 namespace tidewell::testing {
-namespace {
 
 using FolderDropDecoder::ItemProvider;
 using Paths = std::vector<std::string>;
@@ -55,5 +54,4 @@ TEST(FolderDropDecoder, FileUrlsNamingFoldersFormThePasteboardAndProvidersFollow
     EXPECT_EQ(decodedProviders(plainText), (Paths{other, folder}));
 }
 
-} // namespace
 } // namespace tidewell::testing

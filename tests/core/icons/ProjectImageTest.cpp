@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 namespace tidewell {
-namespace {
 
 TEST(ProjectImageTest, ShowsOnlyImagesThatResolveInsideTheCacheOrTheDataFolder) {
     testing::TemporaryDirectory temporary;
@@ -46,5 +45,4 @@ TEST(ProjectImageTest, ShowsOnlyImagesThatResolveInsideTheCacheOrTheDataFolder) 
     }
 }
 
-} // namespace
 } // namespace tidewell

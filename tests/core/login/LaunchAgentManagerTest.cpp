@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 
 namespace tidewell::testing {
-namespace {
 
 // A registration that cannot be removed is made again anyway.
 TEST(LaunchAgentManagerTest, FirstInstallCleansUpOldRegistrationsOnce) {
@@ -59,5 +58,4 @@ TEST(LaunchAgentManagerTest, FirstInstallCleansUpOldRegistrationsOnce) {
     }
 }
 
-} // namespace
 } // namespace tidewell::testing

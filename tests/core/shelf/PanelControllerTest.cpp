@@ -4,7 +4,6 @@
 #include <algorithm>
 
 namespace tidewell::testing {
-namespace {
 
 using PanelControllerTest = PanelControllerFixture;
 
@@ -213,5 +212,4 @@ TEST_F(PanelControllerTest, FollowsDisplayChangesAndPrivacyAndLeavesNothingBehin
     EXPECT_TRUE(panel.isVisible());
 }
 
-} // namespace
 } // namespace tidewell::testing

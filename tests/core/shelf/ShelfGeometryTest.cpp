@@ -8,7 +8,6 @@
 
 // The shapes and sizes the shelf is drawn with, and how its animations run.
 namespace tidewell::testing {
-namespace {
 
 TEST(ScreenNotchGeometry, GapBetweenTheAreasInWholePointsOrTheFallback) {
     // The top strip of a 1512-point wide display, 32 points high, left and right of the gap.
@@ -71,5 +70,4 @@ TEST(NotchTransition, ProgressRunsMonotonicallyFromZeroToOneInTheShapeOfEachCurv
         EXPECT_NEAR(progress(linear, time), time, 1e-6) << time;
 }
 
-} // namespace
 } // namespace tidewell::testing

@@ -1,6 +1,5 @@
 #include "core/store/ItemStore.h"
 
-#include "core/items/ItemsJson.h"
 #include "support/FakeWorkspace.h"
 #include "support/ItemsFixture.h"
 
@@ -12,12 +11,6 @@ namespace {
 using std::chrono::seconds;
 using Names = std::vector<std::string>;
 using SortOrders = std::vector<std::optional<std::int64_t>>;
-
-SortOrders sortOrders(const std::vector<NotchItem>& items) {
-    SortOrders result;
-    std::ranges::transform(items, std::back_inserter(result), &NotchItem::sortOrder);
-    return result;
-}
 
 class ItemStoreTest : public ItemsFixture {
 protected:
@@ -43,8 +36,9 @@ TEST_F(ItemStoreTest, FoldersAddedWithoutATargetStayUnplacedUnpinRemoveAndOthers
     store.add({root.makeFolder("new/P2")}, Uuid::random()); // an unknown target is none
     store.add(root.makeFolder("new/recent"), false);
     EXPECT_EQ(names(store.favorites()), (Names{"X", "Y", "old", "P1", "P2"}));
-    EXPECT_EQ(sortOrders(store.favorites()),
-              (SortOrders{0, 1, std::nullopt, std::nullopt, std::nullopt}));
+    SortOrders orders;
+    std::ranges::transform(store.favorites(), std::back_inserter(orders), &NotchItem::sortOrder);
+    EXPECT_EQ(orders, (SortOrders{0, 1, std::nullopt, std::nullopt, std::nullopt}));
     EXPECT_EQ(store.items().size(), 6u);
     EXPECT_EQ(store.items(), database.load());
 

@@ -12,7 +12,6 @@
 #include <vector>
 
 namespace tidewell::testing {
-namespace {
 
 // A program started with its standard input closed gets descriptor 0 from its first open:
 // every file and bus operation takes it for the valid descriptor it is.
@@ -47,5 +46,4 @@ TEST(DescriptorZero, FilesAndPostsWorkWhenStandardInputIsClosed) {
     EXPECT_TRUE(serveUntil(receiver, [&] { return posts == 1; }));
 }
 
-} // namespace
 } // namespace tidewell::testing

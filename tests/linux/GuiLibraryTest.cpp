@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 namespace tidewell {
-namespace {
 
 // The reason given is the first folder's: beside the executable is where a build puts it.
 TEST(GuiLibrary, ALibraryThatCannotBeLoadedFailsWithTheFirstFoldersReason) {
@@ -18,5 +17,4 @@ TEST(GuiLibrary, ALibraryThatCannotBeLoadedFailsWithTheFirstFoldersReason) {
         << errors;
 }
 
-} // namespace
 } // namespace tidewell

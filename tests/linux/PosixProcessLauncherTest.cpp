@@ -11,11 +11,10 @@
 #include <unistd.h>
 
 namespace tidewell::testing {
-namespace {
 
 using namespace std::chrono_literals;
 
-TEST(PosixProcessLauncher, DetachedProgramsGetANewSessionAndAClearedEnvironment) {
+TEST(PosixProcessLauncher, DetachedProgramsGetANewSessionAndAClearedEnvironmentWaitedOnesAStatus) {
     TemporaryDirectory folder;
     ScopedEnvironment environment;
     for (const char* name : {"DESKTOP_AUTOSTART_ID", "DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN",
@@ -37,14 +36,11 @@ TEST(PosixProcessLauncher, DetachedProgramsGetANewSessionAndAClearedEnvironment)
     const std::string text(std::istreambuf_iterator<char>(reportFile), {});
     EXPECT_NE(pid, std::to_string(::getsid(0)));
     EXPECT_EQ(text, pid + "\n/dev/null\nDESKTOP_STARTUP_ID_NOT=set\nTIDEWELL_TEST_MARK=set\n");
+
+    // What a waited-on program ends with comes back as a shell reports it: its code, or 128 +
+    // its signal.
+    EXPECT_EQ(PosixProcessLauncher().runAndWait("sh", {"-c", "exit 3"}), 3);
+    EXPECT_EQ(PosixProcessLauncher().runAndWait("sh", {"-c", "kill -TERM $$"}), 128 + SIGTERM);
 }
 
-// What a program ends with comes back as a shell reports it: its code, or 128 + its signal.
-TEST(PosixProcessLauncher, RunAndWaitReturnsTheExitCodeOrTheSignalAbove128) {
-    PosixProcessLauncher launcher;
-    EXPECT_EQ(launcher.runAndWait("sh", {"-c", "exit 3"}), 3);
-    EXPECT_EQ(launcher.runAndWait("sh", {"-c", "kill -TERM $$"}), 128 + SIGTERM);
-}
-
-} // namespace
 } // namespace tidewell::testing

@@ -12,7 +12,6 @@
 #include <vector>
 
 namespace tidewell::testing {
-namespace {
 
 // Posts go through a real daemon, by its address and, without one, by the runtime folder's
 // "bus" socket; a bus that is not there is not looked for elsewhere.
@@ -79,5 +78,4 @@ TEST(DBusAnswerCounter, CountsReturnsAndErrorsWhenTheirLastByteArrives) {
     EXPECT_FALSE(DBusAnswerCounter().take("REJECTED EXTERNAL\r\n"));
 }
 
-} // namespace
 } // namespace tidewell::testing

@@ -8,7 +8,6 @@
 #include <unistd.h>
 
 namespace tidewell {
-namespace {
 
 // Variables count only with absolute paths; without them the folders follow the home folder,
 // which without $HOME is the password database's.
@@ -41,5 +40,4 @@ TEST(XdgPaths, VariablesCountOnlyWithAbsolutePathsAndDefaultsFollowTheHomeFolder
     expectPaths(home, home + "/.local/share", home + "/.config", "/tmp");
 }
 
-} // namespace
 } // namespace tidewell

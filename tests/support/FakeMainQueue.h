@@ -1,12 +1,24 @@
 #pragma once
 
+#include "core/platform/Clock.h"
 #include "core/platform/MainQueue.h"
-#include "support/FakeClock.h"
 
 #include <map>
 #include <utility>
 
 namespace tidewell::testing {
+
+// A clock that only moves when a test moves it. Starts at 2025-03-04T18:07:41Z.
+class FakeClock : public Clock {
+public:
+    Date now() const override { return now_; }
+    void advance(std::chrono::nanoseconds by) {
+        now_ += std::chrono::duration_cast<Date::duration>(by);
+    }
+
+private:
+    Date now_ = Date(std::chrono::seconds(1741111661));
+};
 
 // A main queue on virtual time: tasks run only when the test drains or advances it, in
 // the order of their due time and then of posting. Advancing also moves the clock.

@@ -1,10 +1,24 @@
 #pragma once
 
+#include "core/platform/DragPasteboard.h"
 #include "core/platform/PanelWindow.h"
+#include "core/platform/Pointer.h"
 
 #include <vector>
 
 namespace tidewell::testing {
+
+// The pointer over the panel and what it drags, as the test sets them.
+class FakePointer : public Pointer, public DragPasteboard {
+public:
+    Point location() const override { return where; }
+    unsigned pressedButtons() const override { return buttons; }
+    bool offersFiles() const override { return dragsFiles; }
+
+    Point where;
+    unsigned buttons = 0;
+    bool dragsFiles = false;
+};
 
 // Remembers its state and every frame it was given.
 class FakePanelWindow : public PanelWindow {

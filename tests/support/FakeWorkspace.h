@@ -8,9 +8,8 @@
 
 namespace tidewell::testing {
 
-// Records every request instead of asking the desktop. Applications count as installed
-// when their id is in `installedApplications`; opening with one that is not is recorded
-// too and answers false.
+// Records every request instead of asking the desktop. Applications in `installedApplications`
+// are installed; opening with another is recorded too and answers false.
 class FakeWorkspace : public Workspace {
 public:
     enum class Operation { openFolder, openWithApplication, reveal };

@@ -3,19 +3,41 @@
 #include "core/items/ItemDatabase.h"
 #include "core/notify/NotificationCenter.h"
 #include "core/notify/NotificationNames.h"
+#include "core/platform/DistributedNotificationCenter.h"
 #include "linux/PosixFileSystem.h"
-#include "support/FakeClock.h"
-#include "support/FakeDistributedCenter.h"
 #include "support/FakeImageFormats.h"
 #include "support/FakeMainQueue.h"
 #include "support/TemporaryDirectory.h"
 
 #include <gtest/gtest.h>
+#include <map>
 
 namespace tidewell::testing {
 
-// An item database on real files in a fresh folder, with fake time and a fake
-// notification centre between processes that keeps what was posted.
+// Records what was posted and delivers each post to this process's observers at once.
+class FakeDistributedCenter : public DistributedNotificationCenter {
+public:
+    void post(std::string_view name) override {
+        posted.emplace_back(name);
+        const auto observers = observers_;
+        for (const auto& [token, observer] : observers)
+            if (observer.first == name)
+                observer.second();
+    }
+    ObserverToken addObserver(std::string name, std::function<void()> handler) override {
+        observers_.emplace(nextToken_, std::pair(std::move(name), std::move(handler)));
+        return nextToken_++;
+    }
+    void removeObserver(ObserverToken token) override { observers_.erase(token); }
+
+    std::vector<std::string> posted;
+
+private:
+    std::map<ObserverToken, std::pair<std::string, std::function<void()>>> observers_;
+    ObserverToken nextToken_ = 1;
+};
+
+// An item database on real files in a fresh folder, with fake time and a recording bus.
 class ItemsFixture : public ::testing::Test {
 protected:
     std::string itemsFileBytes() const { return files.readFile(database.itemsURL()).value_or(""); }

@@ -4,8 +4,7 @@
 
 namespace tidewell::testing {
 
-// A fresh folder under the system's temporary folder, removed with everything in it
-// (read-only parts included) when the object goes away.
+// A fresh temporary folder, removed with all it holds, read-only parts too, when it goes.
 class TemporaryDirectory {
 public:
     TemporaryDirectory();

@@ -6,7 +6,6 @@
 #include "support/FakeLoginItemService.h"
 
 #include <filesystem>
-#include <gtest/gtest.h>
 #include <map>
 
 namespace tidewell::testing {
@@ -39,44 +38,26 @@ public:
     int terminateCount = 0;
 };
 
-// The delegate over a real panel controller, item store and launch-at-login component, on
-// fake displays, windows, dialogs and time. The pointer rests on the main display, away from
-// the shelf.
-class AppDelegateTest : public PanelControllerFixture {
-protected:
-    AppDelegateTest() { pointer.where = farAway; }
-
-    void launch(const ApplicationLocation& application) {
-        launchAtLogin = std::make_unique<LaunchAgentManager>(files, loginItems, paths, application);
-        delegate = std::make_unique<AppDelegate>(AppDelegate::Services{
-            store, database, files, defaults, localCenter, distributedCenter, queue, workspace,
-            *launchAtLogin, application, *controller, pointer, displays,
-            [this] { controller->start(); }, shell, shell, folderChooser, shell, shell});
-        delegate->applicationDidFinishLaunching();
-        queue.runUntilIdle();
-    }
-
-    // The shelf shows now, and has closed once 2.5 seconds and the closing are over.
-    void expectShownBriefly() {
-        advanceMilliseconds(300);
-        EXPECT_TRUE(panel.visible);
-        advanceMilliseconds(2100);
-        EXPECT_TRUE(panel.visible) << "still open just before 2.5 s";
-        advanceMilliseconds(600);
-        EXPECT_FALSE(panel.visible);
-    }
-    bool isStartAtLoginChecked() { return shell.checked[StatusMenuAction::toggleStartAtLogin]; }
-    void choose(StatusMenuAction action) { shell.handlers.perform(action); }
-
-    FakeLoginItemService loginItems;
-    std::unique_ptr<LaunchAgentManager> launchAtLogin;
-    FakeApplicationShell shell;
-    FakeFolderChooser folderChooser;
-    std::unique_ptr<AppDelegate> delegate;
-};
+// The delegate over a real panel controller, store and launch-at-login component, on fake
+// displays, windows, dialogs and time. The pointer rests away from the shelf.
+using AppDelegateTest = PanelControllerFixture;
 
 TEST_F(AppDelegateTest, TheMenuAddsFoldersTogglesOpenAtLoginRevealsDataShowsSettingsAndQuits) {
-    launch(installedCopy);
+    FakeLoginItemService loginItems;
+    FakeApplicationShell shell;
+    FakeFolderChooser folderChooser;
+    LaunchAgentManager launchAtLogin(files, loginItems, paths, installedCopy);
+    AppDelegate delegate({store, database, files, defaults, localCenter, distributedCenter, queue,
+                          workspace, launchAtLogin, installedCopy, *controller, pointer, displays,
+                          [this] { controller->start(); }, shell, shell, folderChooser, shell,
+                          shell});
+    const auto isStartAtLoginChecked = [&] {
+        return shell.checked[StatusMenuAction::toggleStartAtLogin];
+    };
+    const auto choose = [&](StatusMenuAction action) { shell.handlers.perform(action); };
+    pointer.where = farAway;
+    delegate.applicationDidFinishLaunching();
+    queue.runUntilIdle();
     choose(StatusMenuAction::addFolder);
     queue.advance(3s);
     EXPECT_EQ(folderChooser.prompts, std::vector<std::string>{"Add"});
@@ -86,7 +67,13 @@ TEST_F(AppDelegateTest, TheMenuAddsFoldersTogglesOpenAtLoginRevealsDataShowsSett
     choose(StatusMenuAction::addFolder);
     ASSERT_EQ(store.favorites().size(), 1u);
     EXPECT_EQ(store.favorites()[0].name, "harbour");
-    expectShownBriefly();
+    // The shelf shows now, and has closed once 2.5 seconds and the closing are over.
+    advanceMilliseconds(300);
+    EXPECT_TRUE(panel.visible);
+    advanceMilliseconds(2100);
+    EXPECT_TRUE(panel.visible) << "still open just before 2.5 s";
+    advanceMilliseconds(600);
+    EXPECT_FALSE(panel.visible);
 
     // The check mark follows what is installed now, also when turned off elsewhere.
     shell.handlers.menuWillOpen();

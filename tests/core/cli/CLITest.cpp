@@ -57,22 +57,12 @@ protected:
     LaunchAgentManager launchAtLogin{files, loginService, paths, {}};
 };
 
-TEST(CLIInvocation, OnlyARealFirstArgumentMakesAToolStart) {
-    EXPECT_FALSE(CLI::isCLIInvocation({"tide"}));
-    EXPECT_FALSE(CLI::isCLIInvocation({"tidewell", "-psn_0_12345"}));
-    EXPECT_TRUE(CLI::isCLIInvocation({"tide", "help"}));
-    EXPECT_TRUE(CLI::isCLIInvocation({"tide", "-psn"}));
-}
-
 TEST_F(CLITest, CommandWordsOptionsAndFoldersAreReadInEveryForm) {
     root.makeFolder("home/code");
     root.makeFolder("work/sibling");
     root.makeFolder("work/myProject/stalled");
     const std::string missing = "Path does not exist: " + cwdFiles.workingDirectory;
-    const struct {
-        std::vector<std::string> arguments;
-        Result result;
-    } cases[] = {
+    const std::pair<std::vector<std::string>, Result> cases[] = {
         {{"here"}, {0, "Added to recent: myProject\n", ""}},
         {{"recent", "."}, {0, "Added to recent: myProject\n", ""}},
         {{"fav"}, {0, "Pinned: myProject\n", ""}},
@@ -94,17 +84,17 @@ TEST_F(CLITest, CommandWordsOptionsAndFoldersAreReadInEveryForm) {
         EXPECT_EQ(run(arguments), result);
     }
     EXPECT_EQ(run({}), run({"help"}));
+    // Only a real first argument makes a tool start.
+    EXPECT_FALSE(CLI::isCLIInvocation({"tide"}) ||
+                 CLI::isCLIInvocation({"tidewell", "-psn_0_12345"}));
+    EXPECT_TRUE(CLI::isCLIInvocation({"tide", "help"}) && CLI::isCLIInvocation({"tide", "-psn"}));
 
-    // Equally recent items are listed in the order of the file.
-    std::vector<std::string> stored;
-    std::string listed;
-    for (const NotchItem& item : database.load()) {
-        stored.push_back(item.path);
-        listed += "* " + item.name + "\t" + item.path + "\n";
-    }
-    EXPECT_EQ(run({"list"}), (Result{0, listed, ""}));
-    EXPECT_EQ(stored, (std::vector<std::string>{cwdFiles.workingDirectory, paths.home + "/code",
-                                                root.path() + "/work/sibling"}));
+    // Equally recent items are listed in the order they were stored.
+    EXPECT_EQ(run({"list"}),
+              (Result{0,
+                      "* myProject\t" + cwdFiles.workingDirectory + "\n* code\t" + paths.home +
+                          "/code\n* sibling\t" + root.path() + "/work/sibling\n",
+                      ""}));
 }
 
 TEST_F(CLITest, AddStoresTheOptionsAndCopiesTheIconIntoTheCache) {

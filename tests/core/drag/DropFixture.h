@@ -8,7 +8,6 @@
 #include "core/shelf/ShelfLayout.h"
 #include "core/store/ItemStore.h"
 #include "support/FakePanelWindow.h"
-#include "support/FakePointer.h"
 #include "support/FakeWorkspace.h"
 #include "support/ItemsFixture.h"
 
@@ -28,10 +27,6 @@ public:
         const auto task = std::move(tasks.at(index));
         tasks.erase(tasks.begin() + static_cast<std::ptrdiff_t>(index));
         task();
-    }
-    void runAll() {
-        while (!tasks.empty())
-            run(0);
     }
 
     std::vector<std::function<void()>> tasks;
@@ -57,11 +52,6 @@ protected:
         return root.makeFolder("projects/" + name);
     }
     Names favoriteNames() const { return names(store.favorites()); }
-    // As a store opened now on the items file would show them.
-    Names favoriteNamesInFile() {
-        const ItemStore fresh{{database, localCenter, distributedCenter, queue, workspace}};
-        return names(fresh.favorites());
-    }
     ShelfDropContext context() {
         return {store, layout, state, pointer, files, background, queue, panel};
     }

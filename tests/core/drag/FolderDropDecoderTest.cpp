@@ -6,31 +6,17 @@
 #include <gtest/gtest.h>
 
 namespace tidewell::testing {
-namespace {
 
 using FolderDropDecoder::ItemProvider;
 using Paths = std::vector<std::string>;
 
-class FolderDropDecoderTest : public ::testing::Test {
-protected:
-    // The folders that decoding the drop's providers one by one yields, in drag order.
-    Paths decodedProviders(const DroppedData& data) const {
-        Paths paths;
-        for (const ItemProvider& provider : FolderDropDecoder::itemProviders(data))
-            if (auto path = FolderDropDecoder::path(provider, files))
-                paths.push_back(*path);
-        return paths;
-    }
-
+TEST(FolderDropDecoder, FileUrlsNamingFoldersFormThePasteboardAndProvidersFollowItOrThePlainText) {
     TemporaryDirectory root;
     PosixFileSystem files;
     const std::string folder = root.makeFolder("my project");
     const std::string other = root.makeFolder("other");
     const std::string escaped = root.path() + "/my%20project";
     const std::string odd = root.makeFolder("a?\u00e9");
-};
-
-TEST_F(FolderDropDecoderTest, UriListFileUrlsNamingFoldersFormThePasteboard) {
     const std::vector<std::string> lines = {
         "# dragged from the file manager",
         "file://" + escaped,
@@ -49,19 +35,23 @@ TEST_F(FolderDropDecoderTest, UriListFileUrlsNamingFoldersFormThePasteboard) {
         uriList += line + "\r\n";
     EXPECT_EQ(FolderDropDecoder::directoryPathsFromDragPasteboard({.uriList = uriList}, files),
               (Paths{folder, odd, other, other, folder}));
-}
 
-TEST_F(FolderDropDecoderTest, ProvidersFollowTheUriListOrElseThePlainText) {
+    // The folders that decoding the drop's providers one by one yields, in drag order.
+    const auto decodedProviders = [&](const DroppedData& data) {
+        Paths paths;
+        for (const ItemProvider& provider : FolderDropDecoder::itemProviders(data))
+            if (auto path = FolderDropDecoder::path(provider, files))
+                paths.push_back(*path);
+        return paths;
+    };
     // A line that is no valid URL still yields its folder once trimmed; a non-file URL none.
-    const DroppedData uriList{.uriList = "file://" + other + " \r\nhttps://example.org" + folder +
+    const DroppedData trimmed{.uriList = "file://" + other + " \r\nhttps://example.org" + folder +
                                          "\r\nfile://" + escaped + "\r\n",
                               .plainText = folder};
-    EXPECT_EQ(FolderDropDecoder::directoryPathsFromDragPasteboard(uriList, files), (Paths{folder}));
-    EXPECT_EQ(decodedProviders(uriList), (Paths{other, folder}));
-
+    EXPECT_EQ(FolderDropDecoder::directoryPathsFromDragPasteboard(trimmed, files), (Paths{folder}));
+    EXPECT_EQ(decodedProviders(trimmed), (Paths{other, folder}));
     const DroppedData plainText{.uriList = "# nothing\r\n", .plainText = other + "\n" + folder};
     EXPECT_EQ(decodedProviders(plainText), (Paths{other, folder}));
 }
 
-} // namespace
 } // namespace tidewell::testing

@@ -3,8 +3,6 @@
 #include "core/drag/ShelfGapDrop.h"
 #include "core/drag/ShelfTileDrop.h"
 
-#include <gtest/gtest.h>
-
 namespace tidewell::testing {
 namespace {
 
@@ -67,7 +65,7 @@ TEST_F(FolderDropTest, DecodedFoldersKeepDragOrderWhateverOrderDecodingFinishesI
     // When no provider yields a folder, the list is read again once decoding has finished.
     const std::string late = root.path() + "/projects/late";
     EXPECT_TRUE(ShelfGapDrop(context()).performDrop(folderAt(30), {.uriList = fileUrl(late)}));
-    background.runAll();
+    background.run(0);
     root.makeFolder("projects/late");
     queue.runUntilIdle();
     EXPECT_EQ(favoriteNames(), (Names{"A", "X", "Y", "B", "C", "late"}));

@@ -5,7 +5,6 @@
 #include "core/drag/ShelfTileDrop.h"
 
 #include <functional>
-#include <gtest/gtest.h>
 
 namespace tidewell::testing {
 namespace {
@@ -19,12 +18,6 @@ protected:
 
     void hover(std::size_t tile, double x) {
         ShelfTileDrop(ids[tile], context()).dropUpdated(folderAt(x));
-    }
-    // Opens the gap in front of A, then moves the pointer off the panel and leaves the tile.
-    void openGapAndLeave() {
-        hover(0, 30);
-        pointer.where = {100, 100};
-        ShelfTileDrop(ids[0], context()).dropExited(folderAt(30));
     }
     bool isGapOpen() const { return state.folderDropPosition() && layout.isReservingSlot(); }
     void closeGap() {
@@ -44,12 +37,9 @@ TEST_F(FolderHoverTest, TheLastTileTakesTheGapBehindItPastTheThresholds) {
     }
     // Behind the last tile, the gap stays down to 16.0 and then moves in front of it, once
     // the pointer has travelled 52 points.
-    const struct {
-        double pointerX, x;
-        Position expected;
-    } steps[] = {{600, 16.0, Position::after(ids[2])},
-                 {551.9, 15.9, Position::after(ids[2])},
-                 {552, 15.9, Position::before(ids[2])}};
+    const std::tuple<double, double, Position> steps[] = {{600, 16.0, Position::after(ids[2])},
+                                                          {551.9, 15.9, Position::after(ids[2])},
+                                                          {552, 15.9, Position::before(ids[2])}};
     for (const auto& [pointerX, x, expected] : steps) {
         pointer.where = {pointerX, 860};
         hover(2, x);
@@ -67,30 +57,30 @@ TEST_F(FolderHoverTest, TheLastTileTakesTheGapBehindItPastTheThresholds) {
 
 TEST_F(FolderHoverTest, APendingCloseWaitsOnTheButtonAndYieldsToAHoverOrAPointerNearby) {
     const auto movePointer = [&](Point to) { return [&, to] { pointer.where = to; }; };
-    const struct {
-        const char* name;
-        unsigned buttons;
-        std::function<void()> meanwhile;
-        double alpha;
-        std::chrono::milliseconds closesAfter; // zero: stays open
-    } cases[] = {
-        {"released", 0, [] {}, 1, 90ms},
-        {"held", Pointer::primaryButton, [] {}, 1, 400ms},
-        {"tile hovered", 0, [&] { hover(1, 30); }, 1, 0ms},
-        {"gap entered", 0, [&] { ShelfGapDrop(context()).dropEntered(folderAt(30)); }, 1, 0ms},
-        {"container updated", 0, [&] { ShelfContainerDrop(context()).dropUpdated(folderAt(30)); },
-         1, 0ms},
-        {"container entered", 0, [&] { ShelfContainerDrop(context()).dropEntered(folderAt(30)); },
-         1, 90ms},
-        // The panel spans x 400..800 and y 800..920; its margins are 16 and 14 points.
-        {"pointer within the margins", 0, movePointer({384, 933.9}), 1, 0ms},
-        {"pointer left of the margin", 0, movePointer({383.9, 786}), 1, 90ms},
-        {"pointer below the margin", 0, movePointer({600, 785.9}), 1, 90ms},
-        {"panel faded out", 0, movePointer({600, 850}), 0.01, 90ms},
-    };
+    // A close after zero milliseconds: the gap stays open.
+    const std::tuple<const char*, unsigned, std::function<void()>, double,
+                     std::chrono::milliseconds>
+        cases[] = {
+            {"released", 0, [] {}, 1, 90ms},
+            {"held", Pointer::primaryButton, [] {}, 1, 400ms},
+            {"tile hovered", 0, [&] { hover(1, 30); }, 1, 0ms},
+            {"gap entered", 0, [&] { ShelfGapDrop(context()).dropEntered(folderAt(30)); }, 1, 0ms},
+            {"container updated", 0,
+             [&] { ShelfContainerDrop(context()).dropUpdated(folderAt(30)); }, 1, 0ms},
+            {"container entered", 0,
+             [&] { ShelfContainerDrop(context()).dropEntered(folderAt(30)); }, 1, 90ms},
+            // The panel spans x 400..800 and y 800..920; its margins are 16 and 14 points.
+            {"pointer within the margins", 0, movePointer({384, 933.9}), 1, 0ms},
+            {"pointer left of the margin", 0, movePointer({383.9, 786}), 1, 90ms},
+            {"pointer below the margin", 0, movePointer({600, 785.9}), 1, 90ms},
+            {"panel faded out", 0, movePointer({600, 850}), 0.01, 90ms},
+        };
     for (const auto& [name, buttons, meanwhile, alpha, closesAfter] : cases) {
         pointer.buttons = buttons;
-        openGapAndLeave();
+        // Opens the gap in front of A, moves the pointer off the panel and leaves the tile.
+        hover(0, 30);
+        pointer.where = {100, 100};
+        ShelfTileDrop(ids[0], context()).dropExited(folderAt(30));
         meanwhile();
         panel.setAlpha(alpha);
         queue.advance((closesAfter == 0ms ? 400ms : closesAfter) - 1ns);

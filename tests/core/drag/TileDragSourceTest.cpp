@@ -5,9 +5,6 @@
 #include <gtest/gtest.h>
 
 namespace tidewell::testing {
-namespace {
-
-using SessionEnd = TileDragSource::SessionEnd;
 
 TEST(TileDragSourceTest, APressTravellingMoreThanThreePointsDragsInsteadOfClicking) {
     TileDragSource source;
@@ -39,5 +36,4 @@ TEST(ShelfItemMoveTest, WireFormIsOneCompactMemberWithTheUpperCaseIdAndNothingEl
         EXPECT_FALSE(ShelfItemMove::decoded(bytes)) << bytes;
 }
 
-} // namespace
 } // namespace tidewell::testing

@@ -2,8 +2,6 @@
 #include "core/drag/ShelfTileDrop.h"
 #include "core/drag/TileDragActions.h"
 
-#include <gtest/gtest.h>
-
 namespace tidewell::testing {
 namespace {
 
@@ -34,7 +32,9 @@ TEST_F(TileMoveTest, ATileTakesTheEnteredPlaceOnceUntilThePointerTravels30Points
     EXPECT_TRUE(drop.validateDrop(tileMove()) && drop.validateDrop(folderAt(30)));
     EXPECT_EQ(drop.dropUpdated(tileMove()), DropOperation::move);
     EXPECT_EQ(drop.dropUpdated(folderAt(30)), DropOperation::copy);
-    EXPECT_EQ(favoriteNamesInFile(), (Names{"A", "B", "C"}));
+    // Nothing is saved before the drop.
+    const ItemStore fresh{{database, localCenter, distributedCenter, queue, workspace}};
+    EXPECT_EQ(names(fresh.favorites()), (Names{"A", "B", "C"}));
 }
 
 } // namespace

@@ -109,9 +109,9 @@ TEST(IconScannerTest, ExaminesAtMostTwoThousandRegularFilesAndNoLinkedFolders) {
     const IconScanner scanner{files, formats};
     const std::string logo = project.write("logo.PNG", square);
     EXPECT_EQ(scanner.bestIcon(logo), logo);
-    EXPECT_EQ(scanner.bestIcon(project.write("notes.txt", "text")), std::nullopt);
-    EXPECT_EQ(scanner.bestIcon(project.write("logo.heic", "")), std::nullopt);
-    EXPECT_EQ(scanner.bestIcon(at("missing")), std::nullopt);
+    for (const std::string& path :
+         {project.write("notes.txt", "text"), project.write("logo.heic", ""), at("missing")})
+        EXPECT_EQ(scanner.bestIcon(path), std::nullopt) << path;
     EXPECT_TRUE(scanner.isSquare(project.write("a.png", image(100, 93))));
     EXPECT_FALSE(scanner.isSquare(project.write("b.png", image(100, 92))));
     EXPECT_TRUE(scanner.isSquare(project.write("c.svg", R"(<svg viewBox="0 0 24 24"/>)")));

@@ -24,14 +24,6 @@ std::string patched(std::string bytes, std::size_t offset, const std::string& wi
     return bytes.replace(offset, with.size(), with);
 }
 
-const std::string jpegStart = "\xFF\xD8";
-
-// A baseline frame header with three components.
-std::string jpegFrame(std::uint32_t width, std::uint32_t height) {
-    return std::string("\xFF\xC0\x00\x11\x08", 5) + be(height, 2) + be(width, 2) +
-           std::string("\x03\x01\x11\x00\x02\x11\x00\x03\x11\x00", 10);
-}
-
 std::string riffWebp(std::string_view chunkTag, const std::string& payload) {
     const auto length = static_cast<std::uint32_t>(payload.size());
     return "RIFF" + le(12 + length, 4) + "WEBP" + std::string(chunkTag) + le(length, 4) + payload;
@@ -72,12 +64,6 @@ std::string tiff(bool isLittleEndian, std::uint32_t width, std::uint32_t height,
 
 using Size = std::optional<std::pair<double, double>>;
 
-struct Sample {
-    std::string what;
-    std::string bytes;
-    Size size; // none: no size may be read
-};
-
 // As a file is read: from its start, and further only where a header points.
 Size sizeOfFile(const std::string& file) {
     const auto size = imageSizeOfFile([&](std::size_t offset, std::size_t length) {
@@ -86,23 +72,20 @@ Size sizeOfFile(const std::string& file) {
     return size ? Size({size->width, size->height}) : std::nullopt;
 }
 
-// Metadata segments of the largest length, before the frame header.
-std::string jpegAfterMetadata(int segments) {
-    std::string bytes = jpegStart;
-    for (int i = 0; i < segments; ++i)
-        bytes += std::string("\xFF\xE1\xFF\xFF", 4) + std::string(0xFFFF - 2, '\0');
-    return bytes + jpegFrame(640, 480);
-}
-
-std::vector<Sample> samples() {
-    const std::string frame = jpegFrame(640, 480);
+TEST(ImageSize, ReadsEveryFormatFromItsHeader) {
     const std::string table = be(100000, 4);
-    return {
+    // No size: none may be read.
+    const std::tuple<std::string, std::string, Size> samples[] = {
         {"png",
          std::string("\x89PNG\r\n\x1a\n\0\0\0\x0dIHDR\0\0\x01\x2c\0\0\0\xc8\x08\x06\0\0\0\0\0\0\0",
                      33),
          {{300, 200}}},
-        {"jpeg frame after 64 KiB of metadata", jpegAfterMetadata(1), {{640, 480}}},
+        {"jpeg frame after 64 KiB of metadata",
+         "\xFF\xD8" + std::string("\xFF\xE1\xFF\xFF", 4) + std::string(0xFFFF - 2, '\0') +
+             // a baseline frame header with three components
+             std::string("\xFF\xC0\x00\x11\x08", 5) + be(480, 2) + be(640, 2) +
+             std::string("\x03\x01\x11\x00\x02\x11\x00\x03\x11\x00", 10),
+         {{640, 480}}},
         {"lossy webp, scaling bits aside",
          riffWebp("VP8 ", std::string("\x10\x02\x00\x9d\x01\x2a", 6) + le(320 | 0xC000, 2) +
                               le(240 | 0x4000, 2)),
@@ -112,20 +95,21 @@ std::vector<Sample> samples() {
          riffWebp("VP8X", std::string(4, '\0') + le(1023, 3) + le(767, 3)),
          {{1024, 768}}},
         {"lossy webp, bad frame tag",
-         riffWebp("VP8 ", std::string("\x11\x02\x00\x9d\x01\x2a\x10\x00\x10\x00", 10))},
+         riffWebp("VP8 ", std::string("\x11\x02\x00\x9d\x01\x2a\x10\x00\x10\x00", 10)),
+         std::nullopt},
         {"ico: the largest entry, 0 meaning 256", ico({{16, 16}, {0, 0}, {32, 32}}), {{256, 256}}},
         {"ico entry of bit count 0, as of PNG data",
          patched(ico({{48, 48}}), 12, le(0, 2)),
          {{48, 48}}},
-        {"cursor", patched(ico({{32, 32}}), 2, le(2, 1))},
-        {"ico data inside the directory", patched(ico({{32, 32}}), 18, le(5, 1))},
+        {"cursor", patched(ico({{32, 32}}), 2, le(2, 1)), std::nullopt},
+        {"ico data inside the directory", patched(ico({{32, 32}}), 18, le(5, 1)), std::nullopt},
         {"icns cut short: what the bytes reach", icns({"ic11", "ic09"}).substr(0, 24), {{32, 32}}},
         // A table of contents listing the types, followed by only the first listed element.
         {"icns table of contents",
          "icns" + be(2000000, 4) + "TOC " + be(32, 4) + "ic12" + table + "ic13" + table + "ic14" +
              table + "ic12" + table,
          {{512, 512}}},
-        {"icns zero-length element", patched(icns({"ic08", "ic10"}), 12, be(0, 4))},
+        {"icns zero-length element", patched(icns({"ic08", "ic10"}), 12, be(0, 4)), std::nullopt},
         {"icns, 32-point PNG type", icns({"icp5"}), {{32, 32}}},
         {"tiff, big-endian long", tiff(false, 5, 70000, 4), {{5, 70000}}},
         {"tiff, big-endian short", tiff(false, 100, 60, 3), {{100, 60}}},
@@ -144,11 +128,8 @@ std::vector<Sample> samples() {
         {"svg after an empty comment", "<!----><svg width=\"5\" height=\"6\"/>", {{5, 6}}},
         {"svg after a plain doctype", "<!DOCTYPE svg><svg width=\"5\" height=\"5\"/>", {{5, 5}}},
     };
-}
-
-TEST(ImageSize, ReadsEveryFormatFromItsHeader) {
-    for (const Sample& sample : samples())
-        EXPECT_EQ(sizeOfFile(sample.bytes), sample.size) << sample.what;
+    for (const auto& [what, bytes, size] : samples)
+        EXPECT_EQ(sizeOfFile(bytes), size) << what;
 }
 
 } // namespace

@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 namespace tidewell {
-namespace {
 
 TEST(ProjectImageTest, ShowsOnlyImagesThatResolveInsideTheCacheOrTheDataFolder) {
     testing::TemporaryDirectory temporary;
@@ -18,10 +17,7 @@ TEST(ProjectImageTest, ShowsOnlyImagesThatResolveInsideTheCacheOrTheDataFolder) 
     std::filesystem::create_directory_symlink(pictures, icons + "/escape");
     std::filesystem::create_directory_symlink(icons, temporary.path() + "/home/icons");
     const std::optional<std::string> none;
-    const struct {
-        std::optional<std::string> iconPath;
-        std::optional<std::string> shown;
-    } cases[] = {
+    const std::pair<std::optional<std::string>, std::optional<std::string>> cases[] = {
         {icons + "/A.png", icons + "/A.png"},
         {icons + "/sub/../A.png", icons + "/sub/../A.png"},
         {shipped + "/logo.svg", shipped + "/logo.svg"},
@@ -49,5 +45,4 @@ TEST(ProjectImageTest, ShowsOnlyImagesThatResolveInsideTheCacheOrTheDataFolder) 
     }
 }
 
-} // namespace
 } // namespace tidewell

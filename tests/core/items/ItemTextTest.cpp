@@ -39,12 +39,11 @@ TEST(Color, ReadsTheLeadingNumberAndWritesClampedComponents) {
     for (const auto& [text, color] : cases)
         EXPECT_EQ(Color::fromNotchHex(text), color) << text;
     char text[8];
-    for (int value = 0; value < 256; ++value) {
+    for (int value = 0; value < 256; ++value)
         for (const int shift : {16, 8, 0}) {
             std::snprintf(text, sizeof text, "#%06X", value << shift);
             EXPECT_EQ(Color::fromNotchHex(text).notchHex(), text);
         }
-    }
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const double infinity = std::numeric_limits<double>::infinity();
     EXPECT_EQ((Color{0.999, 0.5, 0.0}).notchHex(), "#FE7F00");

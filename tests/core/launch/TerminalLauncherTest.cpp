@@ -30,11 +30,7 @@ protected:
 };
 
 TEST_F(TerminalLauncherTest, EachEmulatorRunsTheQuotedLineInAShellThatStays) {
-    const struct {
-        TerminalApp choice;
-        std::string executable;
-        std::vector<std::string> options;
-    } cases[] = {
+    const std::tuple<TerminalApp, std::string, std::vector<std::string>> cases[] = {
         {TerminalApp::terminal, "xdg-terminal-exec", {}},
         {TerminalApp::gnomeTerminal, "gnome-terminal", {"--"}},
         {TerminalApp::wezterm, "wezterm", {"start", "--"}},
@@ -59,11 +55,8 @@ TEST_F(TerminalLauncherTest, EachEmulatorRunsTheQuotedLineInAShellThatStays) {
 
 TEST_F(TerminalLauncherTest, MissingChoicesFallBackToTheDesktopDefault) {
     using enum TerminalApp;
-    const struct {
-        std::set<std::string> installed;
-        TerminalApp choice, resolved;
-        std::string started; // empty when nothing can be started
-    } cases[] = {
+    // The last column names the program started, empty when none can be.
+    const std::tuple<std::set<std::string>, TerminalApp, TerminalApp, std::string> cases[] = {
         {{"xdg-terminal-exec", "x-terminal-emulator", "kitty"},
          automatic,
          terminal,
@@ -85,9 +78,7 @@ TEST_F(TerminalLauncherTest, MissingChoicesFallBackToTheDesktopDefault) {
 // Lines of several lines run from a private script, which goes ten seconds later whether or
 // not the terminal started; without a place for it nothing starts.
 TEST_F(TerminalLauncherTest, CommandsOfSeveralLinesRunFromAPrivateScript) {
-    const struct {
-        std::string shell, command, sourceCommand, startFailure;
-    } cases[] = {
+    const std::tuple<std::string, std::string, std::string, std::string> cases[] = {
         {"/bin/bash", "npm install\nnpm start", "source", ""},
         {"/bin/dash", "a\nb", ".", "cannot start xterm"},
         {"/bin/sh", "echo one\recho two", ".", ""},

@@ -6,8 +6,6 @@
 #include "support/FakeWorkspace.h"
 #include "support/ItemsFixture.h"
 
-#include <gtest/gtest.h>
-
 namespace tidewell {
 namespace {
 
@@ -19,16 +17,6 @@ protected:
     TileActionsTest() {
         executables.installed = {"xdg-terminal-exec", "konsole", "kitty"};
         settings.setPreferredTerminalApp(TerminalApp::konsole);
-    }
-
-    // The emulator started last and the text its shell runs.
-    std::pair<std::string, std::string> lastTerminal() const {
-        if (processes.launches.empty())
-            return {};
-        return {processes.launches.back().executable, processes.launches.back().arguments.back()};
-    }
-    std::pair<std::string, std::string> konsoleRunning(const std::string& command) const {
-        return {"konsole", TerminalLauncher::line(command, item.path) + "\nexec '/bin/bash' -i"};
     }
 
     testing::FakeKeyValueStore defaults;
@@ -81,8 +69,12 @@ TEST_F(TileActionsTest, CodexOpensInTheAppOnlyWhenChosenAndInstalled) {
         processes.launches.clear();
         actions.perform(TileAction::startCodex, item);
         EXPECT_EQ(workspace.calls, calls);
-        EXPECT_EQ(lastTerminal(),
-                  startsTerminal ? konsoleRunning("codex") : decltype(lastTerminal()){});
+        // The emulator started and the text its shell runs.
+        EXPECT_EQ(processes.launches.size(), startsTerminal ? 1u : 0u);
+        for (const auto& [executable, arguments, isDetached] : processes.launches)
+            EXPECT_EQ(executable + ": " + arguments.back(),
+                      "konsole: " + TerminalLauncher::line("codex", item.path) +
+                          "\nexec '/bin/bash' -i");
     }
 }
 

@@ -7,7 +7,6 @@
 #include <vector>
 
 namespace tidewell::testing {
-namespace {
 
 // Slots are called in order until their connection ends: destroyed, disconnected, replaced
 // or disconnected by a slot during the emission; a slot connected then hears the next one.
@@ -47,5 +46,4 @@ TEST(Signal, CallsConnectedSlotsInOrderUntilTheirConnectionEnds) {
     outliving.disconnect();
 }
 
-} // namespace
 } // namespace tidewell::testing

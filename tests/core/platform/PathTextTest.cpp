@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 namespace tidewell {
-namespace {
 
 TEST(PathText, StandardizesLexicallyAndKnowsTheFormsThatNeedNoWork) {
     for (const auto& [path, standardized] : std::vector<std::pair<std::string, std::string>>{
@@ -34,5 +33,4 @@ TEST(FileUrl, AnEscapeNeedsTwoHexDigitsAndASchemeStartsWithALetter) {
     }
 }
 
-} // namespace
 } // namespace tidewell

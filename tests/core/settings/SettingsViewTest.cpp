@@ -16,8 +16,7 @@ namespace {
 const ApplicationLocation installedCopy{"/usr/local/bin/tidewell", true};
 const ApplicationLocation buildTreeCopy{"/home/user/src/tidewell/build/tidewell", false};
 
-// The view over a real store, preferences and launch-at-login component, with fake
-// dialogs, login-item service and desktop.
+// The view over a real store, preferences and login component; fake dialogs and desktop.
 class SettingsViewTest : public ItemsFixture {
 protected:
     SettingsViewTest() { executables.installed = {"xdg-terminal-exec"}; }

@@ -4,7 +4,6 @@
 #include "support/FakeDisplays.h"
 #include "support/FakeKeyValueStore.h"
 #include "support/FakePanelWindow.h"
-#include "support/FakePointer.h"
 #include "support/FakeWorkspace.h"
 #include "support/ItemsFixture.h"
 

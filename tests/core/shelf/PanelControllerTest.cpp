@@ -4,16 +4,10 @@
 #include <algorithm>
 
 namespace tidewell::testing {
-namespace {
 
-using PanelOpening = PanelControllerFixture;
-using PanelClosing = PanelControllerFixture;
-using PanelTrigger = PanelControllerFixture;
-using PanelMenuTracking = PanelControllerFixture;
-using PanelResizing = PanelControllerFixture;
-using PanelOnRequest = PanelControllerFixture;
+using PanelControllerTest = PanelControllerFixture;
 
-TEST_F(PanelOpening, EnteringTheTriggerGrowsBackgroundThenContentThenSettles) {
+TEST_F(PanelControllerTest, EnteringTheTriggerGrowsBackgroundThenContentThenSettles) {
     move(inTrigger);
     EXPECT_EQ(controller->panelState(), PanelState::showing);
     EXPECT_EQ(panel.alpha(), 1);
@@ -32,13 +26,8 @@ TEST_F(PanelOpening, EnteringTheTriggerGrowsBackgroundThenContentThenSettles) {
     EXPECT_EQ(controller->panelState(), PanelState::visible);
 }
 
-TEST_F(PanelTrigger, DraggedFilesWidenTheTriggerBy56EachSideAndLowerItTo160) {
-    const struct {
-        Point location;
-        unsigned buttons;
-        bool offersFiles;
-        bool opens;
-    } cases[] = {
+TEST_F(PanelControllerTest, DraggedFilesWidenTheTriggerBy56EachSideAndLowerItTo160) {
+    const std::tuple<Point, unsigned, bool, bool> cases[] = {
         {{630, 872}, 0, false, true}, // the trigger's minimum corner belongs to it
         {{629.9, 890}, 0, false, false}, {{810, 890}, 0, false, false},
         {{720, 871.9}, 0, false, false}, {{574, 740}, 1, true, true},
@@ -57,10 +46,9 @@ TEST_F(PanelTrigger, DraggedFilesWidenTheTriggerBy56EachSideAndLowerItTo160) {
     }
 }
 
-// A pointer monitor may drop moves outside the triggers while the panel is off screen with no
-// close armed; from the opening to the end of the close every move counts. The panel grown by
-// 12 by 10 points holds the shelf open.
-TEST_F(PanelClosing, LeavingArmsOneCloseAndMovesCountEverywhereUntilItHasEnded) {
+// Moves outside the triggers may be dropped while the panel is off screen with no close armed;
+// from the opening to the end of the close all count. The panel grown by 12 by 10 holds it.
+TEST_F(PanelControllerTest, LeavingArmsOneCloseAndMovesCountEverywhereUntilItHasEnded) {
     int changes = 0;
     const Connection connection = controller->pointerInterestChanged.connect([&] { ++changes; });
     controller->start();
@@ -86,6 +74,13 @@ TEST_F(PanelClosing, LeavingArmsOneCloseAndMovesCountEverywhereUntilItHasEnded) 
     EXPECT_EQ(controller->panelState(), PanelState::hiding);
     EXPECT_FALSE(controller->layout().isExpanded());
     EXPECT_TRUE(controller->layout().isBackgroundExpanded());
+    // Back in the trigger before the background has begun to shrink: the close is taken back.
+    move({720, 880});
+    EXPECT_EQ(controller->panelState(), PanelState::visible);
+    EXPECT_TRUE(controller->layout().isExpanded());
+    move({150, 300});
+    advanceMilliseconds(450);
+    ASSERT_EQ(controller->panelState(), PanelState::hiding);
 
     advanceMilliseconds(100);
     EXPECT_FALSE(controller->layout().isBackgroundExpanded());
@@ -103,19 +98,7 @@ TEST_F(PanelClosing, LeavingArmsOneCloseAndMovesCountEverywhereUntilItHasEnded) 
     EXPECT_EQ(controller->panelState(), PanelState::hidden);
 }
 
-// Back in the trigger before the background has begun to shrink: the close is taken back.
-TEST_F(PanelClosing, AReturnBeforeTheBackgroundShrinksTakesTheCloseBack) {
-    controller->start();
-    openFully();
-    move({150, 300});
-    advanceMilliseconds(450);
-    ASSERT_EQ(controller->panelState(), PanelState::hiding);
-    move({720, 880});
-    EXPECT_EQ(controller->panelState(), PanelState::visible);
-    EXPECT_TRUE(controller->layout().isExpanded());
-}
-
-TEST_F(PanelMenuTracking, HoldsTheShelfOpenAndArmsACloseWhenTrackingEndsOutside) {
+TEST_F(PanelControllerTest, HoldsTheShelfOpenAndArmsACloseWhenTrackingEndsOutside) {
     const auto track = [this](bool begins, Point pointerAt) {
         pointer.where = pointerAt;
         localCenter.post(begins ? menuDidBeginTracking : menuDidEndTracking);
@@ -139,18 +122,20 @@ TEST_F(PanelMenuTracking, HoldsTheShelfOpenAndArmsACloseWhenTrackingEndsOutside)
     EXPECT_EQ(controller->panelState(), PanelState::hiding);
 }
 
-TEST_F(PanelResizing, GrowingAppliesAtOnceAndShrinkingWaitsForTheDrawing) {
+TEST_F(PanelControllerTest, GrowingAppliesAtOnceAndShrinkingWaitsForTheDrawing) {
     for (const char* name : {"one", "two", "three"})
         pin(name);
-    openFully();
+    move(inTrigger);
     const Rect three{{720 - 128.5, 784}, {257, 116}};
     const Rect four{{720 - 161.5, 784}, {323, 116}};
     ASSERT_EQ(panel.frame(), three);
-
+    // A pin while opening resizes the drawing at once and the panel once open.
     pin("four");
     queue.runUntilIdle();
-    EXPECT_EQ(panel.frame(), four);
     EXPECT_EQ(controller->layout().expandedSize(), four.size);
+    EXPECT_EQ(panel.frame(), three);
+    advanceMilliseconds(300);
+    EXPECT_EQ(panel.frame(), four);
 
     store.unpin(store.favorites().back().id);
     queue.runUntilIdle();
@@ -164,6 +149,7 @@ TEST_F(PanelResizing, GrowingAppliesAtOnceAndShrinkingWaitsForTheDrawing) {
     const auto framesBefore = panel.frames.size();
     pin("five");
     queue.runUntilIdle();
+    EXPECT_EQ(panel.frame(), four);
     store.unpin(store.favorites().back().id);
     queue.runUntilIdle();
     advanceMilliseconds(100);
@@ -175,28 +161,10 @@ TEST_F(PanelResizing, GrowingAppliesAtOnceAndShrinkingWaitsForTheDrawing) {
     EXPECT_EQ(controller->layout().expandedSize(), four.size);
 }
 
-TEST_F(PanelResizing, APinWhileOpeningResizesTheDrawingAndThePanelOnceOpen) {
-    for (const char* name : {"one", "two", "three"})
-        pin(name);
-    move(inTrigger);
-    const Rect three = panel.frame();
-    pin("four");
-    queue.runUntilIdle();
-    EXPECT_EQ(controller->layout().expandedSize(), (Size{323, 116}));
-    EXPECT_EQ(panel.frame(), three);
-    advanceMilliseconds(300);
-    EXPECT_EQ(panel.frame(), (Rect{{720 - 161.5, 784}, {323, 116}}));
-}
-
 // Differences under half a point are rounding, not a new place or size.
-TEST_F(PanelResizing, HalfAPointMovesOrResizesTheOpenPanel) {
+TEST_F(PanelControllerTest, HalfAPointMovesOrResizesTheOpenPanel) {
     const Rect frame = mainDisplay.frame;
-    const struct {
-        const char* change;
-        Rect displayFrame;
-        Size drawing;
-        bool applies;
-    } cases[] = {
+    const std::tuple<const char*, Rect, Size, bool> cases[] = {
         {"display 0.5 lower", {{0, -0.5}, frame.size}, emptyShelfFrame.size, true},
         {"display 0.4 lower", {{0, -0.4}, frame.size}, emptyShelfFrame.size, false},
         {"display 1 wider", {{0, 0}, {1441, 900}}, emptyShelfFrame.size, true},
@@ -219,15 +187,14 @@ TEST_F(PanelResizing, HalfAPointMovesOrResizesTheOpenPanel) {
 }
 
 // The hiding preference reaches the open panel without reopening it.
-TEST_F(PanelOnRequest, FollowsDisplayChangesAndPrivacyAndLeavesNothingBehindWhenDestroyed) {
+TEST_F(PanelControllerTest, FollowsDisplayChangesAndPrivacyAndLeavesNothingBehindWhenDestroyed) {
     controller->start();
     openFully();
-    appearance.setHideFromScreenCapture(true);
-    queue.runUntilIdle();
-    EXPECT_TRUE(panel.sharingHidden);
-    appearance.setHideFromScreenCapture(false);
-    queue.runUntilIdle();
-    EXPECT_FALSE(panel.sharingHidden);
+    for (const bool hidden : {true, false}) {
+        appearance.setHideFromScreenCapture(hidden);
+        queue.runUntilIdle();
+        EXPECT_EQ(panel.sharingHidden, hidden);
+    }
     EXPECT_EQ(panel.orderFrontCount, 1);
     displays.displays.front().frame.size.width = 1600;
     displays.displays.front().visibleFrame.size = {1600, 860}; // a 40-point top bar
@@ -245,5 +212,4 @@ TEST_F(PanelOnRequest, FollowsDisplayChangesAndPrivacyAndLeavesNothingBehindWhen
     EXPECT_TRUE(panel.isVisible());
 }
 
-} // namespace
 } // namespace tidewell::testing

@@ -8,17 +8,13 @@
 
 // The shapes and sizes the shelf is drawn with, and how its animations run.
 namespace tidewell::testing {
-namespace {
 
 TEST(ScreenNotchGeometry, GapBetweenTheAreasInWholePointsOrTheFallback) {
     // The top strip of a 1512-point wide display, 32 points high, left and right of the gap.
     const auto left = [](double maxX) { return Rect{{0, 950}, {maxX, 32}}; };
     const auto right = [](double minX) { return Rect{{minX, 950}, {1512 - minX, 32}}; };
     const double infinity = std::numeric_limits<double>::infinity();
-    const struct {
-        Rect left, right;
-        double expected;
-    } cases[] = {
+    const std::tuple<Rect, Rect, double> cases[] = {
         {{{0, 950}, {661, 0}}, right(851), 180}, // an empty area is no notch edge
         {left(661), {{851, 950}, {0, 32}}, 180},
         {left(661), right(851), 190},
@@ -74,5 +70,4 @@ TEST(NotchTransition, ProgressRunsMonotonicallyFromZeroToOneInTheShapeOfEachCurv
         EXPECT_NEAR(progress(linear, time), time, 1e-6) << time;
 }
 
-} // namespace
 } // namespace tidewell::testing

@@ -1,24 +1,17 @@
 #include "core/shelf/ShelfLayout.h"
 
 #include "core/shelf/StripScroll.h"
-#include "support/FakeClock.h"
 #include "support/FakeMainQueue.h"
 
-#include <chrono>
 #include <functional>
 #include <gtest/gtest.h>
-#include <optional>
 #include <vector>
 
 namespace tidewell::testing {
 namespace {
 
-// What observers find in the layout each time it announces a change.
-struct Snapshot {
-    Size expandedSize;
-    bool isReservingSlot;
-    bool operator==(const Snapshot&) const = default;
-};
+// Each change as observers find it: the expanded size and whether a slot is reserved.
+using Snapshot = std::pair<Size, bool>;
 
 class ShelfLayoutTest : public ::testing::Test {
 protected:
@@ -63,11 +56,7 @@ TEST_F(StripScrollTest, TheWheelAndDropsScrollWithinTheTilesUntilTheShelfCloses)
     const Connection connection = scroll.changed.connect([&] { ++changes; });
     // 40 tiles, 27 and a bit of them in view: at most 843 points to scroll.
     scroll.setExtent(40 * 66 - 6, 1791);
-    const struct {
-        const char* step;
-        std::function<void()> action;
-        double offset;
-    } steps[] = {
+    const std::tuple<const char*, std::function<void()>, double> steps[] = {
         {"a notch down", [&] { scroll.wheel(0, -120); }, 66},
         {"a notch left", [&] { scroll.wheel(120, 0); }, 0},
         {"a touchpad's right", [&] { scroll.wheel(-12, 0); }, 6.6},

@@ -1,11 +1,9 @@
 #include "core/store/ItemStore.h"
 
-#include "core/items/ItemsJson.h"
 #include "support/FakeWorkspace.h"
 #include "support/ItemsFixture.h"
 
 #include <algorithm>
-#include <memory>
 
 namespace tidewell::testing {
 namespace {
@@ -13,12 +11,6 @@ namespace {
 using std::chrono::seconds;
 using Names = std::vector<std::string>;
 using SortOrders = std::vector<std::optional<std::int64_t>>;
-
-SortOrders sortOrders(const std::vector<NotchItem>& items) {
-    SortOrders result;
-    std::ranges::transform(items, std::back_inserter(result), &NotchItem::sortOrder);
-    return result;
-}
 
 class ItemStoreTest : public ItemsFixture {
 protected:
@@ -31,30 +23,22 @@ protected:
         return item;
     }
 
-    // Writes the items file and opens a fresh store on it, with no notification pending.
-    ItemStore& openStore(const std::vector<NotchItem>& items) {
-        opened.reset();
-        database.save(items);
-        queue.runUntilIdle();
-        opened = std::make_unique<ItemStore>(
-            ItemStore::Services{database, localCenter, distributedCenter, queue, workspace});
-        return *opened;
-    }
-
     FakeWorkspace workspace;
-    std::unique_ptr<ItemStore> opened;
 };
 
 TEST_F(ItemStoreTest, FoldersAddedWithoutATargetStayUnplacedUnpinRemoveAndOthersChanges) {
     const std::vector items{pinned("X", 0), pinned("old", std::nullopt, -60), pinned("Y", 1)};
-    ItemStore& store = openStore(items);
+    database.save(items);
+    queue.runUntilIdle(); // no notification pending
+    ItemStore store{{database, localCenter, distributedCenter, queue, workspace}};
     clock.advance(seconds(1));
     store.add({root.makeFolder("new/P1")}, std::nullopt);
     store.add({root.makeFolder("new/P2")}, Uuid::random()); // an unknown target is none
     store.add(root.makeFolder("new/recent"), false);
     EXPECT_EQ(names(store.favorites()), (Names{"X", "Y", "old", "P1", "P2"}));
-    EXPECT_EQ(sortOrders(store.favorites()),
-              (SortOrders{0, 1, std::nullopt, std::nullopt, std::nullopt}));
+    SortOrders orders;
+    std::ranges::transform(store.favorites(), std::back_inserter(orders), &NotchItem::sortOrder);
+    EXPECT_EQ(orders, (SortOrders{0, 1, std::nullopt, std::nullopt, std::nullopt}));
     EXPECT_EQ(store.items().size(), 6u);
     EXPECT_EQ(store.items(), database.load());
 

@@ -26,6 +26,7 @@ TEST(SessionBusPoster, PostsReachTheBusByItsAddressOrTheRuntimeFolder) {
 
     SessionBusPoster().post("Tidewell.itemsChanged");
     ASSERT_TRUE(serveUntil(receiver, [&] { return changes == 1; }));
+    EXPECT_EQ(SessionBusPoster::socketPath("tcp:host=h;unix:guid=1,abstract=a%20b"), "@a b");
 
     TemporaryDirectory runtime;
     std::filesystem::create_symlink(SessionBusPoster::socketPath(bus.address()),

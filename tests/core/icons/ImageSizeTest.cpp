@@ -127,6 +127,8 @@ TEST(ImageSize, ReadsEveryFormatFromItsHeader) {
          {{12, 12}}},
         {"svg after an empty comment", "<!----><svg width=\"5\" height=\"6\"/>", {{5, 6}}},
         {"svg after a plain doctype", "<!DOCTYPE svg><svg width=\"5\" height=\"5\"/>", {{5, 5}}},
+        {"svg, empty width", R"(<svg width="" viewBox="0 0 64 32"/>)", {{64, 32}}},
+        {"a tag named svg-something", R"(<svgx="1" width="5" height="5"/>)", std::nullopt},
     };
     for (const auto& [what, bytes, size] : samples)
         EXPECT_EQ(sizeOfFile(bytes), size) << what;

@@ -25,7 +25,7 @@ TEST(FileUrl, AnEscapeNeedsTwoHexDigitsAndASchemeStartsWithALetter) {
     const std::pair<std::string, std::string> cases[] = {
         {"file:///a%20b", "/a b"}, {"file:///a%G0", "no url"}, {"file:///a%0G", "no url"},
         {"f_le:///a", "no url"},   {"1file:///a", "no url"},   {"http://host/a", "no path"},
-        {"A://h/a", "no path"},    {"file:///%4F%4f", "/OO"},
+        {"A://h/a", "no path"},    {"file:///%4F%4f", "/OO"},  {"z9+.-://h", "no path"},
     };
     for (const auto& [text, described] : cases) {
         const auto url = FileUrl::parse(text);

@@ -8,6 +8,7 @@ namespace tidewell::testing {
 using PanelControllerTest = PanelControllerFixture;
 
 TEST_F(PanelControllerTest, EnteringTheTriggerGrowsBackgroundThenContentThenSettles) {
+    EXPECT_EQ(panel.frames.front(), (Rect{{0, 0}, {420, 86}})); // as the panel is made
     move(inTrigger);
     EXPECT_EQ(controller->panelState(), PanelState::showing);
     EXPECT_EQ(panel.alpha(), 1);

@@ -132,8 +132,12 @@ void VirtualDisplay::start(const std::vector<std::string>& server) {
     };
     if (!waitUntil([&] { return announced() || !windowManager_->isRunning(); },
                    std::chrono::seconds(10)) ||
-        !windowManager_->isRunning())
-        throw std::runtime_error("openbox did not start: " + windowManager_->standardError());
+        !windowManager_->isRunning()) {
+        const ProcessResult ended = windowManager_->wait(std::chrono::milliseconds(0));
+        throw std::runtime_error("openbox did not start (status " + std::to_string(ended.status) +
+                                 ", server " + (server_->isRunning() ? "running" : "ended") +
+                                 "): " + ended.standardError + server_->standardError());
+    }
 }
 
 void VirtualDisplay::removeMonitor(const std::string& name) {

@@ -1,17 +1,19 @@
 #include "core/platform/PathText.h"
 
 #include <algorithm>
-#include <ranges>
 #include <vector>
 
 namespace tidewell::PathText {
 namespace {
 
 // The parts between slashes, the empty ones before, after and between slashes included.
-auto components(std::string_view path) {
-    return path | std::views::split('/') | std::views::transform([](auto part) {
-               return std::string_view(part.begin(), part.end());
-           });
+std::vector<std::string_view> components(std::string_view path) {
+    std::vector<std::string_view> parts;
+    for (std::size_t start = 0, end = 0; end != std::string_view::npos; start = end + 1) {
+        end = path.find('/', start);
+        parts.push_back(path.substr(start, end - start));
+    }
+    return parts;
 }
 
 } // namespace

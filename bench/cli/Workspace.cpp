@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
+#include <thread>
 
 namespace tidewell::bench {
 namespace {
@@ -64,6 +65,11 @@ Workspace::Workspace(std::string tideExecutable, int folderCount, std::string se
     root_.makeFolder("config");
     for (int index = 0; index < folderCount; ++index)
         std::filesystem::create_directories(projectFolder(index));
+    // A user's project folders were made long before the items file was last written. The
+    // tool looks again at every stored folder whose parent changed less than 5 s before that
+    // write, so the items files are written only once that time has passed.
+    if (folderCount > 0)
+        std::this_thread::sleep_for(std::chrono::milliseconds(5100));
 }
 
 std::string Workspace::targetFolder(int records) const {

@@ -1,5 +1,8 @@
 #include "linux/PathExecutableLocator.h"
 
+#include "core/platform/PathText.h"
+
+#include <algorithm>
 #include <cstdlib>
 #include <string_view>
 #include <sys/stat.h>
@@ -28,17 +31,10 @@ bool PathExecutableLocator::isInstalled(const std::string& name) const {
     if (name.find('/') != std::string::npos)
         return isExecutableFile(name);
     const std::string path = searchPath();
-    std::string_view rest = path;
-    while (true) {
-        const auto colon = rest.find(':');
-        const std::string_view folder = rest.substr(0, colon);
-        // An empty entry stands for the current folder.
-        if (isExecutableFile((folder.empty() ? "." : std::string(folder)) + "/" + name))
-            return true;
-        if (colon == std::string_view::npos)
-            return false;
-        rest.remove_prefix(colon + 1);
-    }
+    // An empty entry stands for the current folder.
+    return std::ranges::any_of(PathText::split(path, ':'), [&name](std::string_view folder) {
+        return isExecutableFile((folder.empty() ? "." : std::string(folder)) + "/" + name);
+    });
 }
 
 } // namespace tidewell

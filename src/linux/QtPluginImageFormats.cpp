@@ -1,5 +1,7 @@
 #include "linux/QtPluginImageFormats.h"
 
+#include "core/platform/PathText.h"
+
 #include <cstdlib>
 #include <string_view>
 #include <unistd.h>
@@ -26,13 +28,9 @@ constexpr std::pair<std::string_view, std::string_view> plugins[] = {
 QtPluginImageFormats QtPluginImageFormats::installed() {
     std::vector<std::string> folders;
     const char* variable = std::getenv("QT_PLUGIN_PATH");
-    std::string_view rest = variable ? variable : "";
-    while (!rest.empty()) {
-        const std::size_t colon = rest.find(':');
-        if (colon != 0)
-            folders.emplace_back(rest.substr(0, colon));
-        rest.remove_prefix(colon == std::string_view::npos ? rest.size() : colon + 1);
-    }
+    for (const std::string_view folder : PathText::split(variable ? variable : "", ':'))
+        if (!folder.empty())
+            folders.emplace_back(folder);
     folders.emplace_back(TIDEWELL_QT_PLUGIN_DIR);
     return QtPluginImageFormats(std::move(folders));
 }

@@ -100,13 +100,9 @@ FolderIdentity::Resolution FolderIdentity::followLink(const Resolution& parent,
     if (!target || linkDepth > maximumLinkDepth)
         return {link, std::nullopt};
     Resolution current = target->starts_with('/') ? resolve("/") : parent;
-    std::size_t start = 0;
-    while (start <= target->size() && current.identity) {
-        std::size_t end = target->find('/', start);
-        if (end == std::string::npos)
-            end = target->size();
-        const std::string_view component = std::string_view(*target).substr(start, end - start);
-        start = end + 1;
+    for (const std::string_view component : PathText::split(*target, '/')) {
+        if (!current.identity)
+            break;
         if (component.empty() || component == ".")
             continue;
         current = component == ".." ? resolve(parentOf(current.path))

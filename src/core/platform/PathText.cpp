@@ -4,26 +4,22 @@
 #include <vector>
 
 namespace tidewell::PathText {
-namespace {
 
-// The parts between slashes, the empty ones before, after and between slashes included.
-std::vector<std::string_view> components(std::string_view path) {
+std::vector<std::string_view> split(std::string_view text, char separator) {
     std::vector<std::string_view> parts;
     for (std::size_t start = 0, end = 0; end != std::string_view::npos; start = end + 1) {
-        end = path.find('/', start);
-        parts.push_back(path.substr(start, end - start));
+        end = text.find(separator, start);
+        parts.push_back(text.substr(start, end - start));
     }
     return parts;
 }
-
-} // namespace
 
 bool isStandardized(std::string_view path) {
     if (path.empty() || path == "/")
         return !path.empty();
     if (path.back() == '/' || path.find("//") != std::string_view::npos)
         return false;
-    return std::ranges::none_of(components(path), [](std::string_view component) {
+    return std::ranges::none_of(split(path, '/'), [](std::string_view component) {
         return component == "." || component == "..";
     });
 }
@@ -33,7 +29,7 @@ std::string standardized(std::string_view path) {
         return std::string(path);
     const bool isAbsolute = !path.empty() && path.front() == '/';
     std::vector<std::string_view> kept;
-    for (const std::string_view component : components(path)) {
+    for (const std::string_view component : split(path, '/')) {
         if (component.empty() || component == ".")
             continue;
         if (component == "..") {

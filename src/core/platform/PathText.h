@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tidewell {
 
@@ -23,6 +24,9 @@ std::string lastComponent(std::string_view path);
 // component begins with its only dot.
 std::string extension(std::string_view path);
 std::string lowercasedAscii(std::string_view text);
+// The parts between separators, the empty ones before, after and between them included: the
+// components of a path, or the folders of a colon-separated search path.
+std::vector<std::string_view> split(std::string_view text, char separator);
 
 } // namespace PathText
 } // namespace tidewell

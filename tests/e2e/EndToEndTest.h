@@ -188,11 +188,6 @@ protected:
         return ItemsJson::decode(itemsFileBytes()).value_or(std::vector<NotchItem>());
     }
 
-    static std::optional<std::string> readFile(const std::string& path) {
-        std::ifstream file(path, std::ios::binary);
-        return file ? std::optional(std::string(std::istreambuf_iterator<char>(file), {}))
-                    : std::nullopt;
-    }
     // The names in a folder, sorted.
     static std::vector<std::string> entries(const std::string& folder) {
         std::vector<std::string> names;

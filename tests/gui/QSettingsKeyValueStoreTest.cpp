@@ -2,9 +2,7 @@
 
 #include "gui/TestDesktop.h"
 
-#include <fstream>
 #include <gtest/gtest.h>
-#include <sstream>
 
 namespace tidewell {
 namespace {
@@ -15,10 +13,11 @@ TEST(QSettingsKeyValueStore, EachWriteReachesTheUserConfigurationFileAndAbsentKe
     writer.setString("note", "two words, an = sign");
     writer.setBoolean("hideFromScreenCapture", true);
     writer.setBoolean("didMigrateLoginItem", false);
-    std::ostringstream text;
-    text << std::ifstream(testing::TestDesktop::configHome() + "/Tidewell/Tidewell.conf").rdbuf();
+    const std::string text =
+        testing::readFile(testing::TestDesktop::configHome() + "/Tidewell/Tidewell.conf")
+            .value_or("");
     for (const char* line : {"hideFromScreenCapture=true\n", "didMigrateLoginItem=false\n"})
-        EXPECT_NE(text.str().find(line), std::string::npos) << text.str();
+        EXPECT_NE(text.find(line), std::string::npos) << text;
     const QSettingsKeyValueStore reader;
     EXPECT_EQ(reader.string("note"), "two words, an = sign");
     EXPECT_EQ(reader.boolean("didMigrateLoginItem"), false);

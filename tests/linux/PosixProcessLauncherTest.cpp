@@ -6,7 +6,6 @@
 
 #include <csignal>
 #include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -30,12 +29,11 @@ TEST(PosixProcessLauncher, DetachedProgramsGetANewSessionAndAClearedEnvironmentW
 
     // A detached program is a real process that reports on its own time.
     ASSERT_TRUE(waitUntil([&] { return std::filesystem::exists(report); }, 10s));
-    std::ifstream reportFile(report);
-    std::string pid;
-    std::getline(reportFile, pid);
-    const std::string text(std::istreambuf_iterator<char>(reportFile), {});
+    const std::string text = readFile(report).value_or("");
+    const std::string pid = text.substr(0, text.find('\n'));
     EXPECT_NE(pid, std::to_string(::getsid(0)));
-    EXPECT_EQ(text, pid + "\n/dev/null\nDESKTOP_STARTUP_ID_NOT=set\nTIDEWELL_TEST_MARK=set\n");
+    EXPECT_EQ(text, pid + "\n" + pid +
+                        "\n/dev/null\nDESKTOP_STARTUP_ID_NOT=set\nTIDEWELL_TEST_MARK=set\n");
 
     // What a waited-on program ends with comes back as a shell reports it: its code, or 128 +
     // its signal.

@@ -1,12 +1,12 @@
 #include "support/ChildProcess.h"
 
+#include "support/TemporaryDirectory.h"
 #include "support/WaitUntil.h"
 
 #include <cerrno>
 #include <csignal>
 #include <cstring>
 #include <fcntl.h>
-#include <fstream>
 #include <spawn.h>
 #include <stdexcept>
 #include <sys/mman.h>
@@ -25,8 +25,7 @@ int checked(int result, const std::string& what) {
 
 // Read from the start through a file description of its own.
 std::string contents(const FileDescriptor& file) {
-    std::ifstream stream("/proc/self/fd/" + std::to_string(file.get()), std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
+    return readFile("/proc/self/fd/" + std::to_string(file.get())).value_or("");
 }
 
 // Null-terminated pointers into the strings, as exec wants them.

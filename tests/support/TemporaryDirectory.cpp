@@ -34,6 +34,12 @@ std::string TemporaryDirectory::write(const std::string& relativePath,
     return file;
 }
 
+std::optional<std::string> readFile(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return file ? std::optional(std::string(std::istreambuf_iterator<char>(file), {}))
+                : std::nullopt;
+}
+
 std::string TemporaryDirectory::makeFolder(const std::string& relativePath) const {
     const fs::path folder = fs::path(path_) / relativePath;
     fs::create_directories(folder);

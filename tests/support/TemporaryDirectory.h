@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace tidewell::testing {
@@ -20,5 +21,8 @@ public:
 private:
     std::string path_;
 };
+
+// The file's bytes; none when it cannot be opened.
+std::optional<std::string> readFile(const std::string& path);
 
 } // namespace tidewell::testing

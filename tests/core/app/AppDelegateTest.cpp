@@ -1,6 +1,5 @@
 #include "core/app/AppDelegate.h"
 
-#include "core/notify/NotificationNames.h"
 #include "core/shelf/PanelControllerFixture.h"
 #include "support/FakeFolderChooser.h"
 #include "support/FakeLoginItemService.h"

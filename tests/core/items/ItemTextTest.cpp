@@ -1,6 +1,5 @@
 #include "core/items/Color.h"
 #include "core/items/InternetDate.h"
-#include "core/items/Uuid.h"
 
 #include <cstdio>
 #include <gtest/gtest.h>

@@ -22,19 +22,17 @@ protected:
         const int frameLeft = window.x + shadowMargin;
         const int frameRight = frameLeft + window.width - 2 * shadowMargin; // one past the end
         const int bodyBottom = topInset + 88;                               // one past the end
-        const struct {
-            int x, y;
-            unsigned long colour;
-        } points[] = {{frameLeft + 6, 6, desktopColour},                // under the left flare
-                      {frameRight - 7, 6, desktopColour},               // under the right flare
-                      {frameLeft + 8, bodyBottom - 1, desktopColour},   // the lower-left corner
-                      {frameRight - 9, bodyBottom - 1, desktopColour},  // the lower-right corner
-                      {window.x + 1, window.height - 2, desktopColour}, // the shadow margin
-                      {window.x + window.width / 2, window.height + 4, desktopColour}, // below
-                      {window.x + window.width / 2, 10, black},
-                      {frameLeft + 11, 60, black},
-                      {frameLeft + 6, 0, black},
-                      {frameRight - 7, 0, black}};
+        const std::tuple<int, int, unsigned long> points[] = {
+            {frameLeft + 6, 6, desktopColour},                // under the left flare
+            {frameRight - 7, 6, desktopColour},               // under the right flare
+            {frameLeft + 8, bodyBottom - 1, desktopColour},   // the lower-left corner
+            {frameRight - 9, bodyBottom - 1, desktopColour},  // the lower-right corner
+            {window.x + 1, window.height - 2, desktopColour}, // the shadow margin
+            {window.x + window.width / 2, window.height + 4, desktopColour}, // below
+            {window.x + window.width / 2, 10, black},
+            {frameLeft + 11, 60, black},
+            {frameLeft + 6, 0, black},
+            {frameRight - 7, 0, black}};
         // On a busy machine the window's shape can trail its drawing by a frame or two.
         for (const auto& [x, y, colour] : points)
             EXPECT_TRUE(waitUntil([&] { return inspector.screenPixel(x, y) == colour; }))

@@ -25,21 +25,17 @@ TEST(GioWorkspace, OpeningStartsTheHandlerDetachedWithTheFolderURIAndRevealOpens
     EXPECT_FALSE(workspace.openWithApplication("tidewell-no-such-application", folder));
     // One at a time: a handler's report is a single file.
     const std::string uri = "file://" + TestDesktop::files().path() + "/projects";
-    const struct {
-        std::function<void()> open;
-        const char* handler;
-        std::string argument;
-    } cases[] = {
+    const std::tuple<std::function<void()>, const char*, std::string> cases[] = {
         {[&] { workspace.openFolder(folder); }, testing::TestHandlers::folderHandlerId,
          uri + "/Tide%20%22well%22%20%C3%A9"},
         {[&] { EXPECT_TRUE(workspace.openWithApplication(TestDesktop::codexId, folder)); },
          TestDesktop::codexId, uri + "/Tide%20%22well%22%20%C3%A9"},
         {[&] { workspace.reveal(folder + "/"); }, testing::TestHandlers::folderHandlerId, uri}};
-    for (const auto& row : cases) {
-        row.open();
-        const auto launch = TestDesktop::waitForLaunch(row.handler);
-        ASSERT_TRUE(launch) << row.argument;
-        EXPECT_EQ(launch->arguments, std::vector{row.argument});
+    for (const auto& [open, handler, argument] : cases) {
+        open();
+        const auto launch = TestDesktop::waitForLaunch(handler);
+        ASSERT_TRUE(launch) << argument;
+        EXPECT_EQ(launch->arguments, std::vector{argument});
         ASSERT_FALSE(launch->processId.empty());
         EXPECT_EQ(launch->sessionId, launch->processId) << "the handler leads a session of its own";
         for (const std::string& token : tokens)

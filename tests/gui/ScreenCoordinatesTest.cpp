@@ -13,11 +13,7 @@ const std::vector<ScreenScale> screens = {{primary, 1}, {QRect(1920, 200, 1280, 
 // A pixel is the bottom-left corner of its square on the screen it is on: half a point on the
 // second screen, which the shelf's placement on screen is too coarse to show.
 TEST(ScreenCoordinates, APixelIsTheBottomLeftCornerOfItsSquareOnTheScreenItIsOn) {
-    struct Case {
-        QPoint native;
-        Point expected;
-    };
-    for (const auto& [native, expected] : std::vector<Case>{
+    for (const auto& [native, expected] : std::vector<std::pair<QPoint, Point>>{
              {{0, 0}, {0, 1079}},
              {{1920, 200}, {1920, 879.5}}, // the second screen's top row, in half points
              {{1920, 500}, {1920, 729.5}}, // its left column, not the primary's right edge

@@ -14,27 +14,14 @@ using SettingsBridgeTest = testing::ShelfFixture;
 // Each picker lists its cases by name, writes the preference of the picked place and ignores
 // a place outside the list.
 TEST_F(SettingsBridgeTest, PickersListTheCasesByNameAndWriteThePreferenceOfThePickedPlace) {
-    SettingsView view{{.store = store,
-                       .appearance = settings,
-                       .launchAtLogin = launchAtLogin,
-                       .defaults = defaults,
-                       .localCenter = localCenter,
-                       .folders = folders,
-                       .files = files,
-                       .terminal = terminal,
-                       .codex = codex,
-                       .canHideFromScreenCapture = false}};
+    SettingsView view{{store, settings, launchAtLogin, defaults, localCenter, folders, files,
+                       terminal, codex, false}};
     SettingsBridge bridge{view, settings, store};
     int changes = 0;
     QObject::connect(&bridge, &SettingsBridge::changed, [&] { ++changes; });
     EXPECT_EQ(SettingsBridge::shelfAppearanceNames(), (QStringList{"Notch Black", "Warm Glass"}));
     EXPECT_EQ(SettingsBridge::codexLaunchModeNames(), (QStringList{"CLI", "App"}));
-    struct Case {
-        const char* property;
-        QVariant picked;
-        const char* key;
-        std::string stored;
-    };
+    using Case = std::tuple<const char*, QVariant, const char*, std::string>;
     for (const auto& [property, picked, key, stored] : std::vector<Case>{
              {"shelfAppearanceIndex", 1, "shelfAppearance", "warmGlass"},
              {"terminalAppIndex", 3, "preferredTerminalApp", "konsole"},

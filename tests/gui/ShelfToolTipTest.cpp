@@ -20,21 +20,17 @@ using testing::X11TestClient;
 // is a window of its own that takes no pointer events, under the tile or, with no room there,
 // above it, and wholly on the screen.
 TEST(ShelfToolTip, ShowsInAWindowOfItsOwnBelowTheTileAndOnTheScreen) {
-    const struct {
-        const char* name;
-        QPoint tile;
-        bool isBelow;
-        bool isCentred;
-    } cases[] = {{"under the notch", {930, 30}, true, true},
-                 {"at the right edge", {1860, 30}, true, false},
-                 {"at the bottom edge", {400, 1017}, false, true}};
+    const std::tuple<const char*, QPoint, bool, bool> cases[] = {
+        {"under the notch", {930, 30}, true, true},
+        {"at the right edge", {1860, 30}, true, false},
+        {"at the bottom edge", {400, 1017}, false, true}};
     const QSize tileSize(60, 63);
     X11TestClient inspector;
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.name);
+    for (const auto& [name, place, isBelow, isCentred] : cases) {
+        SCOPED_TRACE(name);
         QQuickWindow owner;
         owner.setFlags(Qt::FramelessWindowHint | Qt::BypassWindowManagerHint);
-        owner.setGeometry(QRect(row.tile, tileSize));
+        owner.setGeometry(QRect(place, tileSize));
         owner.show();
         ASSERT_TRUE(processEventsUntil([&] { return owner.isExposed(); }));
         QQuickItem tile(owner.contentItem());
@@ -57,11 +53,11 @@ TEST(ShelfToolTip, ShowsInAWindowOfItsOwnBelowTheTileAndOnTheScreen) {
         const QRect rect(found.x, found.y, found.width, found.height);
         EXPECT_GT(rect.width(), tileSize.width());
         EXPECT_TRUE(QRect(0, 0, 1920, 1080).contains(rect)) << found;
-        EXPECT_TRUE(row.isBelow ? rect.top() >= row.tile.y() + tileSize.height()
-                                : rect.bottom() < row.tile.y())
+        EXPECT_TRUE(isBelow ? rect.top() >= place.y() + tileSize.height()
+                            : rect.bottom() < place.y())
             << found;
-        const double offCentre = rect.x() + rect.width() / 2.0 - (row.tile.x() + 30);
-        EXPECT_TRUE(!row.isCentred || std::abs(offCentre) <= 1) << found;
+        const double offCentre = rect.x() + rect.width() / 2.0 - (place.x() + 30);
+        EXPECT_TRUE(!isCentred || std::abs(offCentre) <= 1) << found;
         EXPECT_TRUE(inspector.inputShape(shown).empty()) << "the tooltip takes the pointer";
 
         owner.hide();

@@ -13,11 +13,7 @@ TEST(WindowSystemChoice, TheSessionDecidesTheBackendOrSaysWhyThereIsNone) {
     using enum WindowSystemKind;
     const std::string trigger = "tidewell: window system: X11 under XWayland ";
     const std::string opens = ": the shelf opens from a trigger window";
-    struct Case {
-        Session session;
-        WindowSystemChoice expected;
-    };
-    for (const auto& [session, expected] : std::vector<Case>{
+    for (const auto& [session, expected] : std::vector<std::pair<Session, WindowSystemChoice>>{
              {{withLayerShell, false, false},
               {waylandLayerShell, "tidewell: window system: Wayland with layer shell"}},
              {{absent, true, true},

@@ -86,19 +86,13 @@ VirtualDisplay::VirtualDisplay(const std::vector<Monitor>& monitors, int width, 
     const auto number = [](int value) { return std::to_string(value); };
     std::vector<std::string> server = {
         "Xvfb", "-screen", "0", number(width) + "x" + number(height) + "x24", "-nolisten", "tcp"};
-    if (!monitors.empty())
-        server = {"Xorg",
-                  "-config",
-                  folder_.write("xorg.conf", xorgConfiguration(width, height)),
-                  "-configdir",
-                  folder_.makeFolder("xorg.conf.d"),
-                  "-logfile",
-                  folder_.path() + "/xorg.log",
-                  "-noreset",
-                  "-nolisten",
-                  "tcp",
-                  "-sharevts",
-                  "-novtswitch"};
+    if (!monitors.empty()) {
+        server = {"Xorg", "-noreset", "-nolisten", "tcp", "-sharevts", "-novtswitch"};
+        server.insert(server.end(),
+                      {"-config", folder_.write("xorg.conf", xorgConfiguration(width, height)),
+                       "-configdir", folder_.makeFolder("xorg.conf.d"), "-logfile",
+                       folder_.path() + "/xorg.log"});
+    }
     for (int attempt = 1;; ++attempt) {
         try {
             start(server);

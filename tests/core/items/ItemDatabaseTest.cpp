@@ -69,6 +69,9 @@ TEST_F(ItemDatabaseTest, RecordsOfOneFolderAreMergedQuietlyOnLoad) {
     newer.lastOpenedAt = early + seconds(20);
     newer.sortOrder = 3;
     writeItems({newer, older});
+    // Written long after the folder was made: only paths not in their plain form are examined.
+    std::filesystem::last_write_time(
+        database.itemsURL(), std::filesystem::file_time_type::clock::now() + std::chrono::hours(1));
 
     NotchItem merged = newer;
     merged.id = older.id;

@@ -78,6 +78,7 @@ TEST(ItemsJson, AnyBadRecordOrDocumentFailsTheWholeDecode) {
         recordWith("name", "\"bad \xc3\x28 byte\""),
         recordWith("name", R"("\ud83d")"),
         recordWith("name", R"("\ude80")"),
+        recordWith("name", R"("\ud83d\u0041")"),
         recordWith("name", "\"raw\ttab\""),
         recordWith("sortOrder", "01"),
         recordWith("isFavorite", "truex"),
@@ -96,8 +97,9 @@ TEST(ItemsJson, AnyBadRecordOrDocumentFailsTheWholeDecode) {
              "[" + validRecord + ",]",  // trailing comma
              std::string("[\"\xff\"]"), // invalid UTF-8
              "[" + validRecord + "] x", // text after the array
-             // a nested key without its value, whose '}' would close the record
+             // a nested key without its colon or its value, whose '}' would close the record
              "[" + validRecord.substr(0, validRecord.size() - 1) + R"(,"colour":{"a"}])",
+             "[" + validRecord.substr(0, validRecord.size() - 1) + R"(,"colour":{"a":}])",
          })
         EXPECT_FALSE(ItemsJson::decode(document)) << document;
     EXPECT_TRUE(ItemsJson::decode("[" + validRecord + "," + validRecord + "]"));

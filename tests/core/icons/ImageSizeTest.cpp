@@ -129,6 +129,7 @@ TEST(ImageSize, ReadsEveryFormatFromItsHeader) {
         {"svg after a plain doctype", "<!DOCTYPE svg><svg width=\"5\" height=\"5\"/>", {{5, 5}}},
         {"svg, empty width", R"(<svg width="" viewBox="0 0 64 32"/>)", {{64, 32}}},
         {"a tag named svg-something", R"(<svgx="1" width="5" height="5"/>)", std::nullopt},
+        {"svg attribute without =", R"(<svg a ""b" width="5" height="5"/>)", std::nullopt},
     };
     for (const auto& [what, bytes, size] : samples)
         EXPECT_EQ(sizeOfFile(bytes), size) << what;

@@ -149,7 +149,8 @@ TEST_F(ItemDatabaseTest, StoredFoldersAreExaminedAgainOnlyWhereTheirParentChange
     LockWatchingFileSystem watching(folder.itemsLock(), root.path() + "/work/");
     ItemDatabase watched({watching, clock, localCenter, distributedCenter, imageFormats}, folder);
     const auto now = std::filesystem::file_time_type::clock::now();
-    std::filesystem::last_write_time(database.itemsURL(), now + std::chrono::hours(1));
+    // Half a second past the time a change made meanwhile takes to settle.
+    std::filesystem::last_write_time(database.itemsURL(), now + std::chrono::milliseconds(5500));
     watched.upsert({.path = b});
     EXPECT_EQ(watching.examined, std::vector{b});
 

@@ -89,6 +89,7 @@ TEST_F(FolderHoverTest, APendingCloseWaitsOnTheButtonAndYieldsToAHoverOrAPointer
         EXPECT_EQ(isGapOpen(), closesAfter == 0ms) << name;
         if (closesAfter != 0ms) {
             EXPECT_FALSE(state.lastFolderHoverPointer()) << name;
+            EXPECT_TRUE(state.isPositionChangeAnimated()) << name << ": the gap closes slowly";
             EXPECT_EQ(layout.expandedSize(), layout.size(3, 0)) << name;
         }
         closeGap();

@@ -67,6 +67,7 @@ TEST(ItemsJson, AnyBadRecordOrDocumentFailsTheWholeDecode) {
         recordWith("id", std::nullopt),
         recordWith("launchCommand", std::nullopt),
         recordWith("name", "null"),
+        recordWith("name", ""),
         recordWith("path", "42"),
         recordWith("isFavorite", R"("true")"),
         recordWith("iconPath", "false"),

@@ -2,12 +2,23 @@
 
 #include "core/items/Utf8Text.h"
 
+#include <array>
 #include <charconv>
 
 namespace tidewell {
 namespace {
 
 constexpr int maximumDepth = 1024;
+
+// By byte: the ones that end a run of characters a string holds as they are.
+constexpr std::array<bool, 256> endsPlainRun = [] {
+    std::array<bool, 256> ends{};
+    for (int byte = 0; byte < 0x20; ++byte)
+        ends[byte] = true;
+    ends['"'] = true;
+    ends['\\'] = true;
+    return ends;
+}();
 
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
@@ -77,30 +88,58 @@ bool JsonReader::readBoolean(bool& into) {
     return true;
 }
 
-// Runs of plain characters are copied whole; escapes are decoded one by one.
 bool JsonReader::readString(std::string& into) {
+    std::string_view text;
+    if (!readText(text))
+        return false;
+    into.assign(text);
+    return true;
+}
+
+bool JsonReader::readText(std::string_view& into) {
     if (!consume('"'))
         return false;
-    into.clear();
+    const std::size_t start = position_;
+    if (!skipPlainRun())
+        return false;
+    if (text_[position_] == '"') {
+        into = text_.substr(start, position_ - start);
+        ++position_;
+        return true;
+    }
+    scratch_.assign(text_, start, position_ - start);
+    if (!readEscapedRest(scratch_))
+        return false;
+    into = scratch_;
+    return true;
+}
+
+bool JsonReader::skipPlainRun() {
+    const std::size_t start = position_;
+    unsigned char highBits = 0;
+    while (position_ < text_.size()) {
+        const auto c = static_cast<unsigned char>(text_[position_]);
+        if (endsPlainRun[c])
+            break;
+        highBits |= c;
+        ++position_;
+    }
+    return position_ < text_.size() &&
+           (highBits < 0x80 || Utf8Text::isValid(text_.substr(start, position_ - start)));
+}
+
+// Runs of plain characters are copied whole; escapes are decoded one by one.
+bool JsonReader::readEscapedRest(std::string& into) {
     for (;;) {
-        const std::size_t start = position_;
-        unsigned char highBits = 0;
-        while (position_ < text_.size()) {
-            const auto c = static_cast<unsigned char>(text_[position_]);
-            if (c == '"' || c == '\\' || c < 0x20)
-                break;
-            highBits |= c;
-            ++position_;
-        }
-        const std::string_view run = text_.substr(start, position_ - start);
-        if ((highBits >= 0x80 && !Utf8Text::isValid(run)) || position_ == text_.size())
-            return false;
-        into.append(run);
         const char stop = text_[position_++];
         if (stop == '"')
             return true;
         if (stop != '\\' || !appendEscape(into))
             return false;
+        const std::size_t start = position_;
+        if (!skipPlainRun())
+            return false;
+        into.append(text_, start, position_ - start);
     }
 }
 
@@ -189,8 +228,9 @@ bool JsonReader::skipValue(int depth) {
         return false;
     const char first = text_[position_];
     const bool isObject = first == '{';
+    std::string_view text;
     if (first == '"')
-        return readString(scratch_);
+        return readText(text);
     if (first == 't' || first == 'f') {
         bool ignored = false;
         return readBoolean(ignored);
@@ -206,7 +246,7 @@ bool JsonReader::skipValue(int depth) {
     if (consume(close))
         return true;
     do {
-        if (isObject && (!readString(scratch_) || !consume(':')))
+        if (isObject && (!readText(text) || !consume(':')))
             return false;
         if (!skipValue(depth + 1))
             return false;

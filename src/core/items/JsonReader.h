@@ -23,6 +23,9 @@ public:
     bool consumeNull();
 
     bool readString(std::string& into);
+    // The same string as a view: into the text when it holds no escapes, else into a buffer
+    // of the reader's that the next read reuses. Nothing is copied for plain strings.
+    bool readText(std::string_view& into);
     bool readBoolean(bool& into);
     // Only integers that fit 64 signed bits: 1.0 and 1e2 are no integers.
     bool readInteger(std::int64_t& into);
@@ -33,6 +36,10 @@ public:
 private:
     void skipWhitespace();
     bool consumeWord(std::string_view word);
+    // Passes over plain characters up to a quote, a backslash or a control character;
+    // false at the end of the text or on invalid UTF-8.
+    bool skipPlainRun();
+    bool readEscapedRest(std::string& into);
     bool appendEscape(std::string& into);
     bool readHexQuad(std::uint32_t& into);
     // Passes over a number; tells whether it had a fraction or an exponent.

@@ -21,6 +21,14 @@ public:
         out_.putQuoted(value);
     }
 
+    // Dates and ids hold no character that needs an escape.
+    void plainString(std::string_view key, std::string_view value) {
+        beginMember(key);
+        out_.put('"');
+        out_.put(value);
+        out_.put('"');
+    }
+
     void boolean(std::string_view key, bool value) {
         beginMember(key);
         out_.put(value ? "true" : "false");
@@ -33,11 +41,12 @@ public:
     }
 
 private:
+    // Keys are our own names, which need no escapes.
     void beginMember(std::string_view key) {
-        out_.put(isFirst_ ? "    " : ",\n    ");
+        out_.put(isFirst_ ? "    \"" : ",\n    \"");
         isFirst_ = false;
-        out_.putQuoted(key);
-        out_.put(" : ");
+        out_.put(key);
+        out_.put("\" : ");
     }
 
     Output& out_;
@@ -53,13 +62,13 @@ template <typename Output> void putItem(Output& out, const NotchItem& item) {
     item.id.writeText(id);
     out.put("  {\n");
     MemberWriter members(out);
-    members.string("createdAt", {created, sizeof created});
+    members.plainString("createdAt", {created, sizeof created});
     if (item.iconPath)
         members.string("iconPath", *item.iconPath);
-    members.string("id", {id, sizeof id});
+    members.plainString("id", {id, sizeof id});
     members.string("initials", item.initials);
     members.boolean("isFavorite", item.isFavorite);
-    members.string("lastOpenedAt", {opened, sizeof opened});
+    members.plainString("lastOpenedAt", {opened, sizeof opened});
     members.string("launchCommand", item.launchCommand);
     members.string("name", item.name);
     members.string("path", item.path);

@@ -44,23 +44,6 @@ void appendUtf8(std::string& into, std::uint32_t codePoint) {
 
 } // namespace
 
-void JsonReader::skipWhitespace() {
-    while (position_ < text_.size()) {
-        const char c = text_[position_];
-        if (c != ' ' && c != '\n' && c != '\r' && c != '\t')
-            return;
-        ++position_;
-    }
-}
-
-bool JsonReader::consume(char expected) {
-    skipWhitespace();
-    if (position_ >= text_.size() || text_[position_] != expected)
-        return false;
-    ++position_;
-    return true;
-}
-
 bool JsonReader::isAtEnd() {
     skipWhitespace();
     return position_ == text_.size();
@@ -134,8 +117,13 @@ bool JsonReader::readEscapedRest(std::string& into) {
         const char stop = text_[position_++];
         if (stop == '"')
             return true;
-        if (stop != '\\' || !appendEscape(into))
+        // Every path has its slashes escaped: they take the short way.
+        if (stop == '\\' && position_ < text_.size() && text_[position_] == '/') {
+            into += '/';
+            ++position_;
+        } else if (stop != '\\' || !appendEscape(into)) {
             return false;
+        }
         const std::size_t start = position_;
         if (!skipPlainRun())
             return false;

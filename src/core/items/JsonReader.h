@@ -15,8 +15,15 @@ class JsonReader {
 public:
     explicit JsonReader(std::string_view text) : text_(text) {}
 
-    // Takes the character when it comes next.
-    bool consume(char expected);
+    // Takes the character when it comes next. Inline, as is the whitespace it skips: the
+    // reader takes every structural character of a large file through here.
+    bool consume(char expected) {
+        skipWhitespace();
+        if (position_ >= text_.size() || text_[position_] != expected)
+            return false;
+        ++position_;
+        return true;
+    }
     // Nothing but whitespace is left.
     bool isAtEnd();
     // Takes null when it comes next.
@@ -34,7 +41,14 @@ public:
     bool skipValue(int depth = 0);
 
 private:
-    void skipWhitespace();
+    void skipWhitespace() {
+        while (position_ < text_.size()) {
+            const char c = text_[position_];
+            if (c != ' ' && c != '\n' && c != '\r' && c != '\t')
+                return;
+            ++position_;
+        }
+    }
     bool consumeWord(std::string_view word);
     // Passes over plain characters up to a quote, a backslash or a control character;
     // false at the end of the text or on invalid UTF-8.

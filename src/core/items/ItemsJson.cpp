@@ -205,12 +205,17 @@ bool readItem(JsonReader& reader, NotchItem& item) {
 } // namespace
 
 std::string encode(const std::vector<NotchItem>& items) {
+    std::string out;
+    encode(items, out);
+    return out;
+}
+
+void encode(const std::vector<NotchItem>& items, std::string& into) {
     JsonOutput::Counter counter;
     putItems(counter, items);
-    std::string out(counter.size(), '\0');
-    JsonOutput::Buffer buffer(out.data());
+    into.resize(counter.size());
+    JsonOutput::Buffer buffer(into.data());
     putItems(buffer, items);
-    return out;
 }
 
 std::optional<std::vector<NotchItem>> decode(std::string_view json) {

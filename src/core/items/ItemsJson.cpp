@@ -21,12 +21,15 @@ public:
         out_.putQuoted(value);
     }
 
-    // Dates and ids hold no character that needs an escape.
-    void plainString(std::string_view key, std::string_view value) {
-        beginMember(key);
-        out_.put('"');
-        out_.put(value);
-        out_.put('"');
+    // Dates and ids hold no character that needs an escape; they are written only where
+    // the text goes, not where it is measured.
+    void date(std::string_view key, Date value) {
+        plain(key, InternetDate::formattedLength,
+              [value](char* at) { InternetDate::writeFormatted(value, at); });
+    }
+
+    void id(std::string_view key, const Uuid& value) {
+        plain(key, Uuid::textLength, [&value](char* at) { value.writeText(at); });
     }
 
     void boolean(std::string_view key, bool value) {
@@ -41,6 +44,13 @@ public:
     }
 
 private:
+    template <typename Write> void plain(std::string_view key, std::size_t length, Write write) {
+        beginMember(key);
+        out_.put('"');
+        out_.putWritten(length, write);
+        out_.put('"');
+    }
+
     // Keys are our own names, which need no escapes.
     void beginMember(std::string_view key) {
         out_.put(isFirst_ ? "    \"" : ",\n    \"");
@@ -54,21 +64,15 @@ private:
 };
 
 template <typename Output> void putItem(Output& out, const NotchItem& item) {
-    char created[InternetDate::formattedLength];
-    char opened[InternetDate::formattedLength];
-    char id[Uuid::textLength];
-    InternetDate::writeFormatted(item.createdAt, created);
-    InternetDate::writeFormatted(item.lastOpenedAt, opened);
-    item.id.writeText(id);
     out.put("  {\n");
     MemberWriter members(out);
-    members.plainString("createdAt", {created, sizeof created});
+    members.date("createdAt", item.createdAt);
     if (item.iconPath)
         members.string("iconPath", *item.iconPath);
-    members.plainString("id", {id, sizeof id});
+    members.id("id", item.id);
     members.string("initials", item.initials);
     members.boolean("isFavorite", item.isFavorite);
-    members.plainString("lastOpenedAt", {opened, sizeof opened});
+    members.date("lastOpenedAt", item.lastOpenedAt);
     members.string("launchCommand", item.launchCommand);
     members.string("name", item.name);
     members.string("path", item.path);

@@ -32,6 +32,8 @@ class Counter {
 public:
     void put(char) { ++size_; }
     void put(std::string_view text) { size_ += text.size(); }
+    // Text of a known length that the function writes in place.
+    template <typename Write> void putWritten(std::size_t length, const Write&) { size_ += length; }
     void putQuoted(std::string_view text) {
         std::size_t length = text.size() + 2;
         for (const char c : text)
@@ -59,6 +61,10 @@ public:
     void put(std::string_view text) {
         std::memcpy(next_, text.data(), text.size());
         next_ += text.size();
+    }
+    template <typename Write> void putWritten(std::size_t length, const Write& write) {
+        write(next_);
+        next_ += length;
     }
     // Byte by byte: the runs between escapes are short.
     void putQuoted(std::string_view text) {

@@ -71,19 +71,18 @@ bool JsonReader::readBoolean(bool& into) {
     return true;
 }
 
+// Decoded straight into the string: escaped slashes are in every path.
 bool JsonReader::readString(std::string& into) {
-    std::string_view text;
-    if (!readText(text))
+    std::size_t start = 0;
+    if (!beginString(start))
         return false;
-    into.assign(text);
-    return true;
+    into.assign(text_.data() + start, position_ - start);
+    return readEscapedRest(into);
 }
 
 bool JsonReader::readText(std::string_view& into) {
-    if (!consume('"'))
-        return false;
-    const std::size_t start = position_;
-    if (!skipPlainRun())
+    std::size_t start = 0;
+    if (!beginString(start))
         return false;
     if (text_[position_] == '"') {
         into = text_.substr(start, position_ - start);
@@ -97,18 +96,25 @@ bool JsonReader::readText(std::string_view& into) {
     return true;
 }
 
+bool JsonReader::beginString(std::size_t& start) {
+    if (!consume('"'))
+        return false;
+    start = position_;
+    return skipPlainRun();
+}
+
+// Kept in locals, so that the loop reads no member again after each step.
 bool JsonReader::skipPlainRun() {
+    const char* const text = text_.data();
+    const std::size_t size = text_.size();
     const std::size_t start = position_;
+    std::size_t position = start;
     unsigned char highBits = 0;
-    while (position_ < text_.size()) {
-        const auto c = static_cast<unsigned char>(text_[position_]);
-        if (endsPlainRun[c])
-            break;
-        highBits |= c;
-        ++position_;
-    }
-    return position_ < text_.size() &&
-           (highBits < 0x80 || Utf8Text::isValid(text_.substr(start, position_ - start)));
+    for (; position < size && !endsPlainRun[static_cast<unsigned char>(text[position])]; ++position)
+        highBits |= static_cast<unsigned char>(text[position]);
+    position_ = position;
+    return position < size &&
+           (highBits < 0x80 || Utf8Text::isValid(text_.substr(start, position - start)));
 }
 
 // Runs of plain characters are copied whole; escapes are decoded one by one.

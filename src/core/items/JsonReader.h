@@ -50,6 +50,8 @@ private:
         }
     }
     bool consumeWord(std::string_view word);
+    // Takes the opening quote and the plain characters after it, which begin at `start`.
+    bool beginString(std::size_t& start);
     // Passes over plain characters up to a quote, a backslash or a control character;
     // false at the end of the text or on invalid UTF-8.
     bool skipPlainRun();

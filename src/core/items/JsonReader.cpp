@@ -20,6 +20,14 @@ constexpr std::array<bool, 256> endsPlainRun = [] {
     return ends;
 }();
 
+// The same, and every byte of a multi-byte character.
+constexpr std::array<bool, 256> endsAsciiRun = [] {
+    std::array<bool, 256> ends = endsPlainRun;
+    for (int byte = 0x80; byte < 0x100; ++byte)
+        ends[byte] = true;
+    return ends;
+}();
+
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
@@ -103,18 +111,21 @@ bool JsonReader::beginString(std::size_t& start) {
     return skipPlainRun();
 }
 
-// Kept in locals, so that the loop reads no member again after each step.
+// ASCII first, in a loop kept in locals so that it reads no member again after each step;
+// from the first byte of a multi-byte character on, the run is checked as UTF-8.
 bool JsonReader::skipPlainRun() {
     const char* const text = text_.data();
     const std::size_t size = text_.size();
-    const std::size_t start = position_;
-    std::size_t position = start;
-    unsigned char highBits = 0;
-    for (; position < size && !endsPlainRun[static_cast<unsigned char>(text[position])]; ++position)
-        highBits |= static_cast<unsigned char>(text[position]);
+    std::size_t position = position_;
+    while (position < size && !endsAsciiRun[static_cast<unsigned char>(text[position])])
+        ++position;
+    const std::size_t multiByteStart = position;
+    while (position < size && !endsPlainRun[static_cast<unsigned char>(text[position])])
+        ++position;
     position_ = position;
     return position < size &&
-           (highBits < 0x80 || Utf8Text::isValid(text_.substr(start, position - start)));
+           (position == multiByteStart ||
+            Utf8Text::isValid(text_.substr(multiByteStart, position - multiByteStart)));
 }
 
 // Runs of plain characters are copied whole; escapes are decoded one by one.

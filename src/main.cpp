@@ -18,8 +18,11 @@
 #include "linux/XdgAutostartLoginItemService.h"
 #include "linux/XdgPaths.h"
 
+#include <cstdint>
+#include <cstdlib>
 #include <iostream>
 #include <malloc.h>
+#include <sys/mman.h>
 
 namespace {
 
@@ -35,8 +38,24 @@ void keepFreedMemory() {
     ::mallopt(M_TOP_PAD, 8 << 20);
 }
 
+// Then the heap is laid out once, large enough for ten thousand records, and backed by huge
+// pages where the system grants them on request: taking fresh memory a 4 KiB page at a time
+// costs more than decoding what goes into it. Only the pages touched are ever taken.
+void preferHugePages() {
+    constexpr std::size_t heapSize = 32 << 20;
+    constexpr std::uintptr_t hugePage = 2 << 20;
+    void* const block = std::malloc(heapSize);
+    if (!block)
+        return;
+    const auto begin = (reinterpret_cast<std::uintptr_t>(block) + hugePage - 1) & ~(hugePage - 1);
+    const auto end = (reinterpret_cast<std::uintptr_t>(block) + heapSize) & ~(hugePage - 1);
+    std::free(block);
+    ::madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE);
+}
+
 int runTool(const std::vector<std::string>& arguments) {
     keepFreedMemory();
+    preferHugePages();
     PosixFileSystem files;
     SystemClock clock;
     // The tool has no event loop, and nothing in it observes notifications.

@@ -119,14 +119,26 @@ int CLI::open(const std::vector<std::string>& arguments) {
     return ProcessRunner::run(services_.launcher, services_.errors, "xdg-open", {target});
 }
 
+// Sorts pointers rather than records and writes the listing at once: a list can hold
+// thousands of records.
 int CLI::list() {
-    std::vector<NotchItem> items = services_.database.load();
-    std::stable_sort(items.begin(), items.end(), [](const NotchItem& a, const NotchItem& b) {
-        return a.lastOpenedAt > b.lastOpenedAt;
-    });
+    const std::vector<NotchItem> items = services_.database.load();
+    std::vector<const NotchItem*> order;
+    order.reserve(items.size());
     for (const NotchItem& item : items)
-        services_.out << (item.isFavorite ? '*' : '-') << ' ' << item.name << '\t' << item.path
-                      << '\n';
+        order.push_back(&item);
+    std::stable_sort(order.begin(), order.end(), [](const NotchItem* a, const NotchItem* b) {
+        return a->lastOpenedAt > b->lastOpenedAt;
+    });
+    std::string text;
+    for (const NotchItem* item : order) {
+        text += item->isFavorite ? "* " : "- ";
+        text += item->name;
+        text += '\t';
+        text += item->path;
+        text += '\n';
+    }
+    services_.out << text;
     return 0;
 }
 

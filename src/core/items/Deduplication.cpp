@@ -1,9 +1,9 @@
 #include "core/items/Deduplication.h"
 
+#include "core/items/TextIndex.h"
+
 #include <algorithm>
 #include <optional>
-#include <string_view>
-#include <unordered_map>
 
 namespace tidewell {
 namespace {
@@ -26,13 +26,6 @@ void merge(NotchItem& kept, const NotchItem& newcomer) {
         kept.launchCommand = newcomer.launchCommand;
 }
 
-using Index = std::unordered_map<std::string_view, std::size_t>;
-
-std::optional<std::size_t> indexIn(const Index& index, std::string_view key) {
-    const auto found = index.find(key);
-    return found == index.end() ? std::nullopt : std::optional(found->second);
-}
-
 } // namespace
 
 std::vector<NotchItem> deduplicated(std::vector<NotchItem> items, FolderIdentity& folders) {
@@ -46,9 +39,8 @@ std::vector<NotchItem> deduplicated(std::vector<NotchItem> items, FolderIdentity
     // disk, is needed only for paths that may have changed since they were stored. The keys
     // are the kept records' paths and the identifiers that stay in `folders`: no copies. Kept
     // records move up in place over merged ones and then stay where they are.
-    Index indexByPath;
-    Index indexByFolder;
-    indexByPath.reserve(items.size());
+    TextIndex indexByPath(items.size());
+    TextIndex indexByFolder(items.size());
     std::size_t keptCount = 0;
     for (NotchItem& newcomer : items) {
         const bool isCurrent = folders.isStoredPathCurrent(newcomer.path);
@@ -58,9 +50,9 @@ std::vector<NotchItem> deduplicated(std::vector<NotchItem> items, FolderIdentity
                 newcomer.path = normalized;
         }
         const std::string* identifier = isCurrent ? nullptr : &folders.identifier(newcomer.path);
-        std::optional<std::size_t> kept = indexIn(indexByPath, newcomer.path);
+        std::optional<std::size_t> kept = indexByPath.find(newcomer.path);
         if (!kept && identifier)
-            kept = indexIn(indexByFolder, *identifier);
+            kept = indexByFolder.find(*identifier);
         if (kept) {
             merge(items[*kept], newcomer);
             continue;
@@ -68,9 +60,9 @@ std::vector<NotchItem> deduplicated(std::vector<NotchItem> items, FolderIdentity
         NotchItem& place = items[keptCount];
         if (&place != &newcomer)
             place = std::move(newcomer);
-        indexByPath.emplace(place.path, keptCount);
+        indexByPath.insert(place.path, keptCount);
         if (identifier)
-            indexByFolder.emplace(*identifier, keptCount);
+            indexByFolder.insert(*identifier, keptCount);
         ++keptCount;
     }
     items.erase(items.begin() + static_cast<std::ptrdiff_t>(keptCount), items.end());

@@ -115,8 +115,10 @@ FolderIdentity::Resolution FolderIdentity::followLink(const Resolution& parent,
 // first is unchanged since before the second), so that a file replaced by another writer
 // while the lock was awaited brings no new look at the disk for the folders known already.
 void FolderIdentity::trustPathsStoredAt(std::int64_t writtenNanoseconds) {
-    if (storedAt_ && writtenNanoseconds < *storedAt_)
+    if (storedAt_ && writtenNanoseconds < *storedAt_) {
         unchangedParents_.clear();
+        lastParent_ = nullptr;
+    }
     storedAt_ = writtenNanoseconds;
 }
 
@@ -130,12 +132,14 @@ bool FolderIdentity::isStoredPathCurrent(const std::string& path) {
     if (name.empty() || name == "." || name == "..")
         return false;
     const std::string_view parent(path.data(), slash);
-    const auto known = unchangedParents_.find(parent);
-    if (known != unchangedParents_.end())
-        return known->second;
-    const bool isUnchanged = isParentUnchanged(parent);
-    unchangedParents_.emplace(parent, isUnchanged);
-    return isUnchanged;
+    if (lastParent_ && lastParent_->first == parent)
+        return lastParent_->second;
+    auto known = unchangedParents_.find(parent);
+    if (known == unchangedParents_.end())
+        known = unchangedParents_.emplace(parent, isParentUnchanged(parent)).first;
+    // Records of one parent tend to follow each other: the last answer is kept at hand.
+    lastParent_ = &*known;
+    return known->second;
 }
 
 // The parent is resolved as every path is, so that a link that appeared above it counts.

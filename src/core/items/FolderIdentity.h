@@ -18,6 +18,9 @@ namespace tidewell {
 class FolderIdentity {
 public:
     explicit FolderIdentity(const FileSystem& files) : files_(files) {}
+    // Moved, never copied: it keeps a pointer into its own table.
+    FolderIdentity(const FolderIdentity&) = delete;
+    FolderIdentity(FolderIdentity&&) = default;
 
     // Absolute, standardised, with symbolic links resolved in every component that exists;
     // the components from the first one that does not exist are kept as they are.
@@ -59,6 +62,7 @@ private:
     std::unordered_map<std::string, Resolution> resolutions_;
     std::optional<std::int64_t> storedAt_;
     std::unordered_map<std::string, bool, TextHash, std::equal_to<>> unchangedParents_;
+    const std::pair<const std::string, bool>* lastParent_ = nullptr;
 };
 
 } // namespace tidewell

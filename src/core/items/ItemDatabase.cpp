@@ -100,10 +100,10 @@ void ItemDatabase::modifyFrom(Snapshot& snapshot,
         if (isSaved) {
             if (contents.isUndecodable)
                 preserveUndecodableFile();
-            write(tidewell::deduplicated(std::move(items), snapshot.folders));
+            write(tidewell::deduplicated(std::move(items), snapshot.folders), contents.bytes);
         } else if (contents.hadDuplicates) {
             try {
-                write(items);
+                write(items, contents.bytes);
             } catch (const Error&) {
             }
         }
@@ -254,12 +254,13 @@ void ItemDatabase::migrateLegacyLibraryIfNeeded() {
 // version is older than the bytes and the next comparison reads the file again.
 ItemDatabase::FileContents ItemDatabase::readItemsFile(FolderIdentity& folders) const {
     FileContents contents{.version = services_.files.fileVersion(folder_.itemsFile())};
-    const auto bytes = services_.files.readFile(folder_.itemsFile());
+    auto bytes = services_.files.readFile(folder_.itemsFile());
     if (!bytes) {
         contents.isUnreadable = services_.files.exists(folder_.itemsFile());
         return contents;
     }
     auto items = ItemsJson::decode(*bytes);
+    contents.bytes = std::move(*bytes);
     if (!items) {
         contents.isUndecodable = true;
         return contents;
@@ -272,11 +273,12 @@ ItemDatabase::FileContents ItemDatabase::readItemsFile(FolderIdentity& folders) 
     return contents;
 }
 
-void ItemDatabase::write(const std::vector<NotchItem>& items) {
+void ItemDatabase::write(const std::vector<NotchItem>& items, std::string& buffer) {
     services_.files.createDirectories(folder_.path);
     for (const NotchItem& item : items)
         requireUtf8(item);
-    services_.files.writeFileAtomically(folder_.itemsFile(), ItemsJson::encode(items));
+    ItemsJson::encode(items, buffer);
+    services_.files.writeFileAtomically(folder_.itemsFile(), buffer);
 }
 
 // Keeps a file that could not be read as items beside the new one, so nothing is lost; a copy

@@ -64,6 +64,7 @@ private:
     // The records of the file, deduplicated, and the version of the file they came from.
     struct FileContents {
         std::vector<NotchItem> items;
+        std::string bytes; // as read; their memory takes the text written back
         std::optional<FileVersion> version;
         bool isUnreadable = false;
         bool isUndecodable = false;
@@ -86,7 +87,7 @@ private:
     IconChoice chooseIcon(const UpsertRequest& request, const std::string& folder,
                           const std::optional<NotchItem>& stored) const;
     FileContents readItemsFile(FolderIdentity& folders) const;
-    void write(const std::vector<NotchItem>& items);
+    void write(const std::vector<NotchItem>& items, std::string& buffer);
     void preserveUndecodableFile();
     void postItemsChanged();
     NotchItem makeItem(const UpsertRequest& request, const std::string& folder,

@@ -1,112 +1,95 @@
 #include "core/items/ItemsJson.h"
 
 #include "core/items/InternetDate.h"
+#include "core/items/JsonOutput.h"
 #include "core/items/JsonReader.h"
 
-#include <array>
+#include <charconv>
+#include <iterator>
 
 namespace tidewell::ItemsJson {
 
 namespace {
 
-// By byte: 0 when it is written as it is, else the letter of its short escape, or 'u'.
-constexpr std::array<char, 256> escapes = [] {
-    std::array<char, 256> letters{};
-    for (int byte = 0; byte < 0x20; ++byte)
-        letters[byte] = 'u';
-    letters['"'] = '"';
-    letters['\\'] = '\\';
-    letters['/'] = '/';
-    letters['\b'] = 'b';
-    letters['\f'] = 'f';
-    letters['\n'] = 'n';
-    letters['\r'] = 'r';
-    letters['\t'] = 't';
-    return letters;
-}();
-
-// Escapes quote, backslash, slash and control characters; other UTF-8 is written as it is.
-void appendQuoted(std::string& out, std::string_view text) {
-    static constexpr char hexDigits[] = "0123456789abcdef";
-    out += '"';
-    std::size_t plainStart = 0;
-    for (std::size_t index = 0; index < text.size(); ++index) {
-        const auto byte = static_cast<unsigned char>(text[index]);
-        const char letter = escapes[byte];
-        if (letter == 0)
-            continue;
-        out.append(text, plainStart, index - plainStart);
-        plainStart = index + 1;
-        out += '\\';
-        if (letter != 'u') {
-            out += letter;
-        } else {
-            out += "u00";
-            out += hexDigits[byte >> 4];
-            out += hexDigits[byte & 0x0F];
-        }
-    }
-    out.append(text, plainStart, text.size() - plainStart);
-    out += '"';
-}
-
 // Writes the members of one record, each on its own line; callers go in key order.
-class MemberWriter {
+template <typename Output> class MemberWriter {
 public:
-    explicit MemberWriter(std::string& out) : out_(out) {}
+    explicit MemberWriter(Output& out) : out_(out) {}
 
     void string(std::string_view key, std::string_view value) {
         beginMember(key);
-        appendQuoted(out_, value);
+        out_.putQuoted(value);
+    }
+
+    // Dates and ids hold no character that needs an escape; they are written only where
+    // the text goes, not where it is measured.
+    void date(std::string_view key, Date value) {
+        plain(key, InternetDate::formattedLength,
+              [value](char* at) { InternetDate::writeFormatted(value, at); });
+    }
+
+    void id(std::string_view key, const Uuid& value) {
+        plain(key, Uuid::textLength, [&value](char* at) { value.writeText(at); });
     }
 
     void boolean(std::string_view key, bool value) {
         beginMember(key);
-        out_ += value ? "true" : "false";
+        out_.put(value ? "true" : "false");
     }
 
     void integer(std::string_view key, std::int64_t value) {
         beginMember(key);
-        out_ += std::to_string(value);
+        char digits[24];
+        out_.put({digits, std::to_chars(digits, std::end(digits), value).ptr});
     }
 
 private:
-    void beginMember(std::string_view key) {
-        if (!isFirst_)
-            out_ += ",\n";
-        isFirst_ = false;
-        out_ += "    ";
-        appendQuoted(out_, key);
-        out_ += " : ";
+    template <typename Write> void plain(std::string_view key, std::size_t length, Write write) {
+        beginMember(key);
+        out_.put('"');
+        out_.putWritten(length, write);
+        out_.put('"');
     }
 
-    std::string& out_;
+    // Keys are our own names, which need no escapes.
+    void beginMember(std::string_view key) {
+        out_.put(isFirst_ ? "    \"" : ",\n    \"");
+        isFirst_ = false;
+        out_.put(key);
+        out_.put("\" : ");
+    }
+
+    Output& out_;
     bool isFirst_ = true;
 };
 
-void appendItem(std::string& out, const NotchItem& item) {
-    char created[InternetDate::formattedLength];
-    char opened[InternetDate::formattedLength];
-    char id[Uuid::textLength];
-    InternetDate::writeFormatted(item.createdAt, created);
-    InternetDate::writeFormatted(item.lastOpenedAt, opened);
-    item.id.writeText(id);
-    out += "  {\n";
+template <typename Output> void putItem(Output& out, const NotchItem& item) {
+    out.put("  {\n");
     MemberWriter members(out);
-    members.string("createdAt", {created, sizeof created});
+    members.date("createdAt", item.createdAt);
     if (item.iconPath)
         members.string("iconPath", *item.iconPath);
-    members.string("id", {id, sizeof id});
+    members.id("id", item.id);
     members.string("initials", item.initials);
     members.boolean("isFavorite", item.isFavorite);
-    members.string("lastOpenedAt", {opened, sizeof opened});
+    members.date("lastOpenedAt", item.lastOpenedAt);
     members.string("launchCommand", item.launchCommand);
     members.string("name", item.name);
     members.string("path", item.path);
     if (item.sortOrder)
         members.integer("sortOrder", *item.sortOrder);
     members.string("tintHex", item.tintHex);
-    out += "\n  }";
+    out.put("\n  }");
+}
+
+template <typename Output> void putItems(Output& out, const std::vector<NotchItem>& items) {
+    out.put("[\n");
+    for (std::size_t index = 0; index < items.size(); ++index) {
+        if (index > 0)
+            out.put(",\n");
+        putItem(out, items[index]);
+    }
+    out.put("\n]");
 }
 
 // The members of a record, each read the first time its key appears; the required ones
@@ -149,15 +132,17 @@ unsigned memberOf(std::string_view key) {
     return 0;
 }
 
-bool readUuid(JsonReader& reader, std::string& text, Uuid& into) {
-    const auto uuid = reader.readString(text) ? Uuid::parse(text) : std::nullopt;
+bool readUuid(JsonReader& reader, Uuid& into) {
+    std::string_view text;
+    const auto uuid = reader.readText(text) ? Uuid::parse(text) : std::nullopt;
     if (uuid)
         into = *uuid;
     return uuid.has_value();
 }
 
-bool readDate(JsonReader& reader, std::string& text, Date& into) {
-    const auto date = reader.readString(text) ? InternetDate::parse(text) : std::nullopt;
+bool readDate(JsonReader& reader, Date& into) {
+    std::string_view text;
+    const auto date = reader.readText(text) ? InternetDate::parse(text) : std::nullopt;
     if (date)
         into = *date;
     return date.has_value();
@@ -169,10 +154,10 @@ bool readOptional(JsonReader& reader, std::optional<T>& into, Reader read) {
     return reader.consumeNull() || read(into.emplace());
 }
 
-bool readMember(JsonReader& reader, unsigned member, std::string& text, NotchItem& item) {
+bool readMember(JsonReader& reader, unsigned member, NotchItem& item) {
     switch (member) {
     case idMember:
-        return readUuid(reader, text, item.id);
+        return readUuid(reader, item.id);
     case nameMember:
         return reader.readString(item.name);
     case pathMember:
@@ -189,9 +174,9 @@ bool readMember(JsonReader& reader, unsigned member, std::string& text, NotchIte
     case isFavoriteMember:
         return reader.readBoolean(item.isFavorite);
     case createdAtMember:
-        return readDate(reader, text, item.createdAt);
+        return readDate(reader, item.createdAt);
     case lastOpenedAtMember:
-        return readDate(reader, text, item.lastOpenedAt);
+        return readDate(reader, item.lastOpenedAt);
     case sortOrderMember:
         return readOptional(reader, item.sortOrder,
                             [&](std::int64_t& into) { return reader.readInteger(into); });
@@ -201,17 +186,18 @@ bool readMember(JsonReader& reader, unsigned member, std::string& text, NotchIte
 }
 
 // Unknown keys are passed over, as is every key after its first appearance.
-bool readItem(JsonReader& reader, std::string& text, NotchItem& item) {
+bool readItem(JsonReader& reader, NotchItem& item) {
     if (!reader.consume('{'))
         return false;
     unsigned seen = 0;
     if (!reader.consume('}')) {
         do {
-            if (!reader.readString(text) || !reader.consume(':'))
+            std::string_view key;
+            if (!reader.readText(key) || !reader.consume(':'))
                 return false;
-            const unsigned member = memberOf(text) & ~seen;
+            const unsigned member = memberOf(key) & ~seen;
             seen |= member;
-            if (!readMember(reader, member, text, item))
+            if (!readMember(reader, member, item))
                 return false;
         } while (reader.consume(','));
         if (!reader.consume('}'))
@@ -223,17 +209,17 @@ bool readItem(JsonReader& reader, std::string& text, NotchItem& item) {
 } // namespace
 
 std::string encode(const std::vector<NotchItem>& items) {
-    constexpr std::size_t typicalRecordSize = 512;
     std::string out;
-    out.reserve((items.size() + 1) * typicalRecordSize);
-    out += "[\n";
-    for (std::size_t index = 0; index < items.size(); ++index) {
-        if (index > 0)
-            out += ",\n";
-        appendItem(out, items[index]);
-    }
-    out += "\n]";
+    encode(items, out);
     return out;
+}
+
+void encode(const std::vector<NotchItem>& items, std::string& into) {
+    JsonOutput::Counter counter;
+    putItems(counter, items);
+    into.resize(counter.size());
+    JsonOutput::Buffer buffer(into.data());
+    putItems(buffer, items);
 }
 
 std::optional<std::vector<NotchItem>> decode(std::string_view json) {
@@ -245,12 +231,11 @@ std::optional<std::vector<NotchItem>> decode(std::string_view json) {
     JsonReader reader(json);
     std::vector<NotchItem> items;
     items.reserve(json.size() / smallestTypicalRecord);
-    std::string text;
     if (!reader.consume('['))
         return std::nullopt;
     if (!reader.consume(']')) {
         do {
-            if (!readItem(reader, text, items.emplace_back()))
+            if (!readItem(reader, items.emplace_back()))
                 return std::nullopt;
         } while (reader.consume(','));
         if (!reader.consume(']'))

@@ -2,12 +2,31 @@
 
 #include "core/items/Utf8Text.h"
 
+#include <array>
 #include <charconv>
 
 namespace tidewell {
 namespace {
 
 constexpr int maximumDepth = 1024;
+
+// By byte: the ones that end a run of characters a string holds as they are.
+constexpr std::array<bool, 256> endsPlainRun = [] {
+    std::array<bool, 256> ends{};
+    for (int byte = 0; byte < 0x20; ++byte)
+        ends[byte] = true;
+    ends['"'] = true;
+    ends['\\'] = true;
+    return ends;
+}();
+
+// The same, and every byte of a multi-byte character.
+constexpr std::array<bool, 256> endsAsciiRun = [] {
+    std::array<bool, 256> ends = endsPlainRun;
+    for (int byte = 0x80; byte < 0x100; ++byte)
+        ends[byte] = true;
+    return ends;
+}();
 
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
@@ -32,23 +51,6 @@ void appendUtf8(std::string& into, std::uint32_t codePoint) {
 }
 
 } // namespace
-
-void JsonReader::skipWhitespace() {
-    while (position_ < text_.size()) {
-        const char c = text_[position_];
-        if (c != ' ' && c != '\n' && c != '\r' && c != '\t')
-            return;
-        ++position_;
-    }
-}
-
-bool JsonReader::consume(char expected) {
-    skipWhitespace();
-    if (position_ >= text_.size() || text_[position_] != expected)
-        return false;
-    ++position_;
-    return true;
-}
 
 bool JsonReader::isAtEnd() {
     skipWhitespace();
@@ -77,30 +79,72 @@ bool JsonReader::readBoolean(bool& into) {
     return true;
 }
 
-// Runs of plain characters are copied whole; escapes are decoded one by one.
+// Decoded straight into the string: escaped slashes are in every path.
 bool JsonReader::readString(std::string& into) {
+    std::size_t start = 0;
+    if (!beginString(start))
+        return false;
+    into.assign(text_.data() + start, position_ - start);
+    return readEscapedRest(into);
+}
+
+bool JsonReader::readText(std::string_view& into) {
+    std::size_t start = 0;
+    if (!beginString(start))
+        return false;
+    if (text_[position_] == '"') {
+        into = text_.substr(start, position_ - start);
+        ++position_;
+        return true;
+    }
+    scratch_.assign(text_, start, position_ - start);
+    if (!readEscapedRest(scratch_))
+        return false;
+    into = scratch_;
+    return true;
+}
+
+bool JsonReader::beginString(std::size_t& start) {
     if (!consume('"'))
         return false;
-    into.clear();
+    start = position_;
+    return skipPlainRun();
+}
+
+// ASCII first, in a loop kept in locals so that it reads no member again after each step;
+// from the first byte of a multi-byte character on, the run is checked as UTF-8.
+bool JsonReader::skipPlainRun() {
+    const char* const text = text_.data();
+    const std::size_t size = text_.size();
+    std::size_t position = position_;
+    while (position < size && !endsAsciiRun[static_cast<unsigned char>(text[position])])
+        ++position;
+    const std::size_t multiByteStart = position;
+    while (position < size && !endsPlainRun[static_cast<unsigned char>(text[position])])
+        ++position;
+    position_ = position;
+    return position < size &&
+           (position == multiByteStart ||
+            Utf8Text::isValid(text_.substr(multiByteStart, position - multiByteStart)));
+}
+
+// Runs of plain characters are copied whole; escapes are decoded one by one.
+bool JsonReader::readEscapedRest(std::string& into) {
     for (;;) {
-        const std::size_t start = position_;
-        unsigned char highBits = 0;
-        while (position_ < text_.size()) {
-            const auto c = static_cast<unsigned char>(text_[position_]);
-            if (c == '"' || c == '\\' || c < 0x20)
-                break;
-            highBits |= c;
-            ++position_;
-        }
-        const std::string_view run = text_.substr(start, position_ - start);
-        if ((highBits >= 0x80 && !Utf8Text::isValid(run)) || position_ == text_.size())
-            return false;
-        into.append(run);
         const char stop = text_[position_++];
         if (stop == '"')
             return true;
-        if (stop != '\\' || !appendEscape(into))
+        // Every path has its slashes escaped: they take the short way.
+        if (stop == '\\' && position_ < text_.size() && text_[position_] == '/') {
+            into += '/';
+            ++position_;
+        } else if (stop != '\\' || !appendEscape(into)) {
             return false;
+        }
+        const std::size_t start = position_;
+        if (!skipPlainRun())
+            return false;
+        into.append(text_, start, position_ - start);
     }
 }
 
@@ -189,8 +233,9 @@ bool JsonReader::skipValue(int depth) {
         return false;
     const char first = text_[position_];
     const bool isObject = first == '{';
+    std::string_view text;
     if (first == '"')
-        return readString(scratch_);
+        return readText(text);
     if (first == 't' || first == 'f') {
         bool ignored = false;
         return readBoolean(ignored);
@@ -206,7 +251,7 @@ bool JsonReader::skipValue(int depth) {
     if (consume(close))
         return true;
     do {
-        if (isObject && (!readString(scratch_) || !consume(':')))
+        if (isObject && (!readText(text) || !consume(':')))
             return false;
         if (!skipValue(depth + 1))
             return false;

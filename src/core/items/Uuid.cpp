@@ -6,9 +6,10 @@ namespace tidewell {
 
 namespace {
 
-bool isHyphenPosition(std::size_t position) {
-    return position == 8 || position == 13 || position == 18 || position == 23;
-}
+constexpr std::size_t hyphenPositions[] = {8, 13, 18, 23};
+// Where the two digits of each byte begin in the text.
+constexpr std::size_t digitPositions[] = {0,  2,  4,  6,  9,  11, 14, 16,
+                                          19, 21, 24, 26, 28, 30, 32, 34};
 
 // Hexadecimal digit values by byte, -1 for every other byte; the items file holds thousands
 // of identifiers, all read on every load.
@@ -48,21 +49,20 @@ Uuid Uuid::random() {
 std::optional<Uuid> Uuid::parse(std::string_view text) {
     if (text.size() != textLength)
         return std::nullopt;
-    std::array<std::uint8_t, 16> bytes{};
-    std::size_t digitCount = 0;
-    for (std::size_t position = 0; position < textLength; ++position) {
-        if (isHyphenPosition(position)) {
-            if (text[position] != '-')
-                return std::nullopt;
-            continue;
-        }
-        const int value = hexDigitValues[static_cast<unsigned char>(text[position])];
-        if (value < 0)
+    for (const std::size_t hyphen : hyphenPositions)
+        if (text[hyphen] != '-')
             return std::nullopt;
-        auto& byte = bytes[digitCount / 2];
-        byte = static_cast<std::uint8_t>(digitCount % 2 == 0 ? value << 4 : byte | value);
-        ++digitCount;
+    std::array<std::uint8_t, 16> bytes{};
+    int invalid = 0; // negative once any digit is not hexadecimal
+    for (std::size_t index = 0; index < bytes.size(); ++index) {
+        const std::size_t position = digitPositions[index];
+        const int high = hexDigitValues[static_cast<unsigned char>(text[position])];
+        const int low = hexDigitValues[static_cast<unsigned char>(text[position + 1])];
+        invalid |= high | low;
+        bytes[index] = static_cast<std::uint8_t>(high << 4 | low);
     }
+    if (invalid < 0)
+        return std::nullopt;
     return Uuid(bytes);
 }
 
@@ -74,11 +74,11 @@ std::string Uuid::text() const {
 
 void Uuid::writeText(char* out) const {
     static constexpr char digits[] = "0123456789ABCDEF";
+    for (const std::size_t hyphen : hyphenPositions)
+        out[hyphen] = '-';
     for (std::size_t index = 0; index < bytes_.size(); ++index) {
-        if (index == 4 || index == 6 || index == 8 || index == 10)
-            *out++ = '-';
-        *out++ = digits[bytes_[index] >> 4];
-        *out++ = digits[bytes_[index] & 0x0F];
+        out[digitPositions[index]] = digits[bytes_[index] >> 4];
+        out[digitPositions[index] + 1] = digits[bytes_[index] & 0x0F];
     }
 }
 

@@ -76,6 +76,7 @@ TEST(ItemsJson, AnyBadRecordOrDocumentFailsTheWholeDecode) {
         recordWith("sortOrder", "9223372036854775808"),
         recordWith("createdAt", R"("2025-03-04T18:07:41.250Z")"),
         recordWith("id", R"("3F2504E0-4F89-11D3-9A0C-0305E82C330")"),
+        recordWith("id", R"("3F2504E0-4F89-11D3-9A0C-0305E82C330G")"),
         recordWith("name", "\"bad \xc3\x28 byte\""),
         recordWith("name", R"("\ud83d")"),
         recordWith("name", R"("\ude80")"),

@@ -150,7 +150,8 @@ QImage SoftShadow::picture(QSize pixels, qreal scale) const {
 QSGNode* SoftShadow::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
     const qreal scale = window()->effectiveDevicePixelRatio();
     const QSize pixels = (size() * scale).toSize();
-    if (pixels.isEmpty()) {
+    // A shadow of no colour (the black look's) keeps no picture.
+    if (pixels.isEmpty() || color_.alpha() == 0) {
         delete node;
         isDirty_ = true;
         return nullptr;

@@ -101,10 +101,12 @@ void SoftShadow::geometryChange(const QRectF& newGeometry, const QRectF& oldGeom
     }
 }
 
-QString SoftShadow::key(QSize pixels) const {
-    QString key = QStringLiteral("%1 %2 %3 %4 %5 %6 %7")
+// Everything the picture is made from.
+QString SoftShadow::key(QSize pixels, qreal scale) const {
+    QString key = QStringLiteral("%1 %2 %3 %4 %5 %6 %7 %8")
                       .arg(pixels.width())
                       .arg(pixels.height())
+                      .arg(scale)
                       .arg(color_.rgba())
                       .arg(blur_)
                       .arg(offset_.x())
@@ -164,7 +166,7 @@ QSGNode* SoftShadow::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
     }
     if (isDirty_) {
         image->setTexture(window()->createTextureFromImage(
-            SharedPictures::find(key(pixels), [&] { return picture(pixels, scale); })));
+            SharedPictures::find(key(pixels, scale), [&] { return picture(pixels, scale); })));
         SharedPictures::dropUnused();
         isDirty_ = false;
     }

@@ -36,7 +36,7 @@ signals:
 
 private:
     QImage picture(QSize pixels, qreal scale) const;
-    QString key(QSize pixels) const;
+    QString key(QSize pixels, qreal scale) const;
 
     QColor color_;
     qreal blur_ = 0;

@@ -325,12 +325,16 @@ int main(int argc, char** argv) {
         std::printf(
             "(%d pinned projects. The application draws with the software renderer unless "
             "QT_QUICK_BACKEND says otherwise. The minimal window draws 20 rounded tiles with "
-            "names and nothing else; most of the application's difference is heap made at the "
-            "first opening: the tiles' QML objects and bindings, the pictures of the painted "
-            "shadows and of the outline's layer; then the arenas and stacks of its threads "
-            "(pointer monitor, bus, image loading) and the widgets library its status menu "
-            "needs. Budgets: no wake-ups at rest, under 64 MiB resident, private dirty within "
-            "1.5x, first frame within 16 ms)\n",
+            "names and nothing else. Nearly all of the application's difference is live heap "
+            "(heaptrack): some 110 KiB a tile of QML objects, bindings, anchors and scene-graph "
+            "nodes made at the first opening (icon, initials, name, hover fades, pointer, drag "
+            "and drop areas, tooltip), and the shelf's own view loaded at start; the tiles' "
+            "shadows share one picture and the black look's panel keeps none. Freed memory the "
+            "allocator keeps is under 0.1 MiB: nothing is worth handing back after an opening. "
+            "The rest are the stacks and arenas of its threads (pointer monitor, bus, QML "
+            "loader, image loading) and the widgets library its status menu needs. Budgets: no "
+            "wake-ups at rest, under 64 MiB resident, private dirty within 1.5x, first frame "
+            "within 16 ms)\n",
             projectCount);
         return 0;
     } catch (const std::exception& error) {

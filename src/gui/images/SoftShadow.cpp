@@ -1,11 +1,14 @@
 #include "gui/images/SoftShadow.h"
 
-#include <QImage>
+#include <QHash>
 #include <QPainter>
 #include <QPainterPath>
 #include <QQuickWindow>
+#include <QSGImageNode>
 #include <QtQml>
 #include <cmath>
+#include <functional>
+#include <mutex>
 #include <vector>
 
 namespace tidewell {
@@ -54,21 +57,71 @@ QPointF pointOf(const QVariant& step, const char* x, const char* y) {
     return {values.value(x).toReal(), values.value(y).toReal()};
 }
 
+// The pictures textures draw now, by their shadow's key. A texture on the processor keeps
+// the picture it was made from rather than a copy, so alike shadows draw one picture; one
+// that only this table holds any more is dropped once a texture has replaced its own.
+class SharedPictures {
+public:
+    static QImage find(const QString& key, const std::function<QImage()>& make) {
+        const std::lock_guard lock(mutex_);
+        auto found = pictures_.find(key);
+        if (found == pictures_.end())
+            found = pictures_.insert(key, make());
+        return found.value();
+    }
+    static void dropUnused() {
+        const std::lock_guard lock(mutex_);
+        pictures_.removeIf([](const auto& entry) { return entry.value().isDetached(); });
+    }
+
+private:
+    static inline std::mutex mutex_;
+    static inline QHash<QString, QImage> pictures_;
+};
+
 } // namespace
 
-SoftShadow::SoftShadow(QQuickItem* parent) : QQuickPaintedItem(parent) {
-    connect(this, &SoftShadow::shapeChanged, this, [this] { update(); });
+SoftShadow::SoftShadow(QQuickItem* parent) : QQuickItem(parent) {
+    setFlag(ItemHasContents);
+    connect(this, &SoftShadow::shapeChanged, this, [this] {
+        isDirty_ = true;
+        update();
+    });
 }
 
 qreal SoftShadow::margin() const {
     return std::ceil(blur_ + std::max(std::abs(offset_.x()), std::abs(offset_.y())));
 }
 
-void SoftShadow::paint(QPainter* painter) {
-    const qreal scale = window() ? window()->effectiveDevicePixelRatio() : 1;
-    QImage image((QSizeF(width(), height()) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+void SoftShadow::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) {
+    QQuickItem::geometryChange(newGeometry, oldGeometry);
+    if (newGeometry.size() != oldGeometry.size()) {
+        isDirty_ = true;
+        update();
+    }
+}
+
+// Everything the picture is made from.
+QString SoftShadow::key(QSize pixels, qreal scale) const {
+    QString key = QStringLiteral("%1 %2 %3 %4 %5 %6 %7 %8")
+                      .arg(pixels.width())
+                      .arg(pixels.height())
+                      .arg(scale)
+                      .arg(color_.rgba())
+                      .arg(blur_)
+                      .arg(offset_.x())
+                      .arg(offset_.y())
+                      .arg(cornerRadius_);
+    for (const QVariant& step : steps_)
+        for (const QVariant& value : step.toMap())
+            key += QLatin1Char(' ') + QString::number(value.toReal());
+    return key;
+}
+
+QImage SoftShadow::picture(QSize pixels, qreal scale) const {
+    QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
     if (image.isNull())
-        return;
+        return image;
     image.fill(Qt::transparent);
     QPainterPath shape;
     if (steps_.isEmpty()) {
@@ -93,7 +146,32 @@ void SoftShadow::paint(QPainter* painter) {
     }
     // The same spread as the blur radius of the toolkit's own shadow effect.
     blur(image, (blur_ + 1) / 3.3333 * scale);
-    painter->drawImage(QRectF(0, 0, width(), height()), image);
+    return image;
+}
+
+QSGNode* SoftShadow::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
+    const qreal scale = window()->effectiveDevicePixelRatio();
+    const QSize pixels = (size() * scale).toSize();
+    // A shadow of no colour (the black look's) keeps no picture.
+    if (pixels.isEmpty() || color_.alpha() == 0) {
+        delete node;
+        isDirty_ = true;
+        return nullptr;
+    }
+    auto* image = static_cast<QSGImageNode*>(node);
+    if (!image) {
+        image = window()->createImageNode();
+        image->setOwnsTexture(true);
+        isDirty_ = true;
+    }
+    if (isDirty_) {
+        image->setTexture(window()->createTextureFromImage(
+            SharedPictures::find(key(pixels, scale), [&] { return picture(pixels, scale); })));
+        SharedPictures::dropUnused();
+        isDirty_ = false;
+    }
+    image->setRect(boundingRect());
+    return image;
 }
 
 void registerSoftShadow() {

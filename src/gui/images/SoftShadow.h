@@ -1,16 +1,18 @@
 #pragma once
 
 #include <QColor>
+#include <QImage>
 #include <QPointF>
-#include <QQuickPaintedItem>
+#include <QQuickItem>
 #include <QVariantList>
 
 namespace tidewell {
 
 // The blurred shadow of a rounded rectangle or of an outline, drawn by the processor so that
 // it looks the same on every scene-graph backend. It covers its shape's area grown by
-// `margin` on each side, where the blur and the offset reach; QML places it so.
-class SoftShadow : public QQuickPaintedItem {
+// `margin` on each side, where the blur and the offset reach; QML places it so. Shadows alike
+// (every tile's) share one picture, and each is kept once, as the texture that draws it.
+class SoftShadow : public QQuickItem {
     Q_OBJECT
     Q_PROPERTY(QColor color MEMBER color_ NOTIFY shapeChanged)
     Q_PROPERTY(qreal blur MEMBER blur_ NOTIFY shapeChanged)
@@ -23,18 +25,25 @@ class SoftShadow : public QQuickPaintedItem {
 
 public:
     explicit SoftShadow(QQuickItem* parent = nullptr);
-    void paint(QPainter* painter) override;
     qreal margin() const;
+
+protected:
+    QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData*) override;
+    void geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) override;
 
 signals:
     void shapeChanged();
 
 private:
+    QImage picture(QSize pixels, qreal scale) const;
+    QString key(QSize pixels, qreal scale) const;
+
     QColor color_;
     qreal blur_ = 0;
     QPointF offset_;
     qreal cornerRadius_ = 0;
     QVariantList steps_;
+    bool isDirty_ = true;
 };
 
 // Registers the item for QML once per process.

@@ -13,16 +13,11 @@ Item {
     width: open ? 60 + 6 : 0
     height: 63
     clip: true
-    opacity: open ? 1 : 0
+    // Fades with its width: both would take the same course.
+    opacity: width / (60 + 6)
     visible: width > 0
 
     Behavior on width {
-        enabled: shelfDrops.isGapAnimated
-        ShelfTransition {
-            transition: shelf.slotTransition
-        }
-    }
-    Behavior on opacity {
         enabled: shelfDrops.isGapAnimated
         ShelfTransition {
             transition: shelf.slotTransition
@@ -32,14 +27,17 @@ Item {
     // Made only while the gap shows: every tile has two gaps, and a slot keeps a shape.
     Loader {
         active: gap.visible
-        x: gap.isBeforeTile ? 0 : gap.width - width
-        sourceComponent: DashedSlot {
-            showsPlus: true
-        }
-    }
-    ShelfDropArea {
         anchors.fill: parent
-        drops: shelfDrops
-        target: ShelfDrops.Gap
+        sourceComponent: Item {
+            DashedSlot {
+                x: gap.isBeforeTile ? 0 : gap.width - width
+                showsPlus: true
+            }
+            ShelfDropArea {
+                anchors.fill: parent
+                drops: shelfDrops
+                target: ShelfDrops.Gap
+            }
+        }
     }
 }

@@ -5,6 +5,10 @@ import QtQuick
 Item {
     id: root
 
+    // One set for every tile.
+    ShelfColors {
+        id: shelfColors
+    }
     Item {
         id: frame
         x: shelf.shadowMargin

@@ -14,7 +14,7 @@ Item {
 
     readonly property real cornerShare: 0.24
     readonly property real radius: size * cornerShare
-    readonly property bool showsImage: image.status === Image.Ready
+    readonly property bool showsImage: picture.item !== null && picture.item.status === Image.Ready
 
     width: size
     height: size
@@ -33,15 +33,18 @@ Item {
         radius: icon.radius
         color: icon.tint
     }
-    Image {
-        id: image
+    // Made only for a project with a picture: most show their initials.
+    Loader {
+        id: picture
         anchors.fill: parent
-        source: icon.imageSource.toString() === "" ? ""
-                : "image://rounded/" + icon.cornerShare + "/" + icon.imageSource
-        sourceSize: Qt.size(Math.ceil(icon.size * Screen.devicePixelRatio),
-                            Math.ceil(icon.size * Screen.devicePixelRatio))
-        cache: false // a project's cached copy may be replaced under the same name
-        visible: icon.showsImage
+        active: icon.imageSource.toString() !== ""
+        sourceComponent: Image {
+            source: "image://rounded/" + icon.cornerShare + "/" + icon.imageSource
+            sourceSize: Qt.size(Math.ceil(icon.size * Screen.devicePixelRatio),
+                                Math.ceil(icon.size * Screen.devicePixelRatio))
+            cache: false // a project's cached copy may be replaced under the same name
+            visible: icon.showsImage
+        }
     }
     // The initials at a third of the icon's size, shrunk to fit between the paddings down to
     // 0.65 of that; what still does not fit is cut off at the icon's edges.

@@ -21,9 +21,6 @@ Item {
     width: 60
     height: 63
 
-    ShelfColors {
-        id: colors
-    }
     // Made only while the tile is dragged: twenty idle slots would each keep a shape.
     Loader {
         active: tile.isDragged
@@ -33,7 +30,7 @@ Item {
         anchors.fill: parent
         opacity: tile.isDragged ? 0 : 1
         radius: 12
-        color: tile.hovering ? colors.hoverFill : colors.restFill
+        color: tile.hovering ? shelfColors.hoverFill : shelfColors.restFill
         Behavior on color {
             HoverFade {}
         }
@@ -59,7 +56,7 @@ Item {
             horizontalAlignment: Text.AlignHCenter
             font.pointSize: TypeSize.points(10)
             font.weight: Font.Medium
-            color: tile.hovering ? colors.primary : colors.restName
+            color: tile.hovering ? shelfColors.primary : shelfColors.restName
             Behavior on color {
                 HoverFade {}
             }

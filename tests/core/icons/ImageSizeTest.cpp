@@ -111,6 +111,7 @@ TEST(ImageSize, ReadsEveryFormatFromItsHeader) {
          {{512, 512}}},
         {"icns zero-length element", patched(icns({"ic08", "ic10"}), 12, be(0, 4)), std::nullopt},
         {"icns, 32-point PNG type", icns({"icp5"}), {{32, 32}}},
+        {"icns, 128-point type", icns({"it32"}), {{128, 128}}},
         {"tiff, big-endian long", tiff(false, 5, 70000, 4), {{5, 70000}}},
         {"tiff, big-endian short", tiff(false, 100, 60, 3), {{100, 60}}},
         {"tiff directory at the end",

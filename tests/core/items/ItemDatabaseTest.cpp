@@ -98,6 +98,12 @@ TEST_F(ItemDatabaseTest, TheLegacyFolderIsCopiedOnceWhenThereIsNoItemsFile) {
     root.write("data/LedgeBox/Icons/A.png", "icon");
     EXPECT_EQ(database.load(), std::vector{legacy});
     EXPECT_EQ(files.readFile(folder.iconsFolder() + "/A.png"), "icon");
+    // Without an items file the records come again, but not into an icons folder that is there.
+    root.write("data/LedgeBox/Icons/B.png", "icon");
+    std::filesystem::remove(folder.iconsFolder() + "/A.png");
+    std::filesystem::remove(database.itemsURL());
+    EXPECT_EQ(database.load(), std::vector{legacy});
+    EXPECT_FALSE(files.exists(folder.iconsFolder() + "/B.png"));
 
     root.write("data/LedgeBox/items.json", "[]");
     EXPECT_EQ(database.load(), std::vector{legacy});

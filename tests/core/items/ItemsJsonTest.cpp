@@ -52,6 +52,8 @@ TEST(ItemsJson, DecodesAnyLayoutLowerCaseIdsOffsetsUnknownKeysAndNullOptionals) 
               *Uuid::parse("3F2504E0-4F89-11D3-9A0C-0305E82C3301"));
     EXPECT_EQ(decodeOne(recordWith("createdAt", R"("2025-03-04T20:07:41+02:00")")).createdAt,
               march4);
+    EXPECT_TRUE(ItemsJson::decode(
+        "[" + recordWith("colour", std::string(1000, '[') + std::string(1000, ']')) + "]"));
     EXPECT_EQ(decodeOne(recordWith("colour", R"({"nested": [1, 2.5e+2, 1E5, null]})")).path,
               "/srv/web");
     EXPECT_EQ(ItemsJson::decode("\xEF\xBB\xBF[" + validRecord + "]")->size(), 1u);
@@ -81,6 +83,8 @@ TEST(ItemsJson, AnyBadRecordOrDocumentFailsTheWholeDecode) {
         recordWith("name", R"("\ud83d")"),
         recordWith("name", R"("\ude80")"),
         recordWith("name", R"("\ud83d\u0041")"),
+        recordWith("name", R"("\ud83d\ue000")"),
+        recordWith("name", "\"a\\/raw\t/tab\""),
         recordWith("name", "\"raw\ttab\""),
         recordWith("sortOrder", "01"),
         recordWith("isFavorite", "truex"),

@@ -1,5 +1,6 @@
 #include "core/shelf/ShelfLayout.h"
 
+#include "core/shelf/ShelfMeasurements.h"
 #include "core/shelf/StripScroll.h"
 #include "support/FakeMainQueue.h"
 
@@ -38,6 +39,7 @@ TEST_F(ShelfLayoutTest, ReservingTwiceGrowsOnceClearingClosesTheSlotAndVoidsClea
     EXPECT_EQ(layout.slotClearGeneration(), 0u);
     // A display of no known width limits nothing.
     EXPECT_EQ(ShelfLayout::sizeFor(30, 0, 32), ShelfLayout::sizeFor(30, 1e6, 32));
+    EXPECT_EQ(shelfSize({.frame = {{0, 0}, {1920, 1080}}}, layout, 40).width, 1856);
 
     seen.clear();
     layout.clearFolderSlot(3);

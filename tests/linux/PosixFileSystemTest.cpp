@@ -1,6 +1,7 @@
 #include "linux/PosixFileSystem.h"
 
 #include "core/platform/Error.h"
+#include "support/ScopedEnvironment.h"
 #include "support/TemporaryDirectory.h"
 
 #include <csignal>
@@ -14,6 +15,7 @@ namespace tidewell::testing {
 namespace {
 
 namespace fs = std::filesystem;
+using namespace std::string_literals;
 
 class PosixFileSystemTest : public ::testing::Test {
 protected:
@@ -76,6 +78,20 @@ TEST_F(PosixFileSystemTest, OnlyRegularFilesAreReadOrCopiedAndOthersFailAtOnce) 
     EXPECT_EQ(errorOf([&] { files.copyFile(file, file); }),
               "Cannot copy " + file + " to " + file + ": File exists");
     EXPECT_EQ(files.readFile(file), "bytes");
+}
+
+// A removed working folder has no path of its own: the one the shell named, else the root.
+TEST_F(PosixFileSystemTest, ARemovedWorkingFolderIsTheOneTheShellNamedOrTheRoot) {
+    const fs::path before = fs::current_path();
+    const std::string gone = root.makeFolder("gone");
+    fs::current_path(gone);
+    fs::remove(gone);
+    ScopedEnvironment environment;
+    for (const auto& [pwd, expected] : {std::pair{gone, gone}, std::pair{"relative"s, "/"s}}) {
+        environment.set("PWD", pwd);
+        EXPECT_EQ(files.currentDirectory(), expected);
+    }
+    fs::current_path(before);
 }
 
 } // namespace

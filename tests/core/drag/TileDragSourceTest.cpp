@@ -18,8 +18,15 @@ TEST(TileDragSourceTest, APressTravellingMoreThanThreePointsDragsInsteadOfClicki
     EXPECT_FALSE(source.release());
     EXPECT_FALSE(source.drag({50, 10})); // no press any more
 
-    // The end of the session lets the next press click again.
-    source.sessionEnded(false, {0, 0}, std::nullopt);
+    // The end of the session lets the next press click again. Released 60 points or more
+    // from the window, or without one, the tile was dropped outside.
+    using enum TileDragSource::SessionEnd;
+    const Rect window{{100, 100}, {400, 120}};
+    for (const auto& [point, frame, expected] :
+         {std::tuple{Point{300, 279.9}, std::optional(window), endedInside},
+          std::tuple{Point{300, 280}, std::optional(window), droppedOutside},
+          std::tuple{Point{0, 0}, std::optional<Rect>(), droppedOutside}})
+        EXPECT_EQ(source.sessionEnded(false, point, frame), expected) << point.y;
     source.press({10, 10});
     EXPECT_TRUE(source.release());
 }

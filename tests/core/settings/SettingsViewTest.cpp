@@ -108,5 +108,18 @@ TEST_F(SettingsViewTest, CaptionsNameAChosenTerminalOrAppThatIsMissing) {
     EXPECT_EQ(open(installedCopy, true).screenCaptureCaption(), std::nullopt);
 }
 
+// Chosen and dropped folders are pinned after the others; a drop of files alone is refused.
+TEST_F(SettingsViewTest, ChosenOrDroppedFoldersArePinnedAndFilesAloneRefused) {
+    SettingsView& settings = open();
+    const std::string file = root.write("notes.txt");
+    EXPECT_FALSE(settings.handleDrop({file}));
+    folders.choice = root.makeFolder("chosen");
+    settings.chooseNewFolder();
+    EXPECT_TRUE(settings.handleDrop({file, root.makeFolder("dropped")}));
+    queue.runUntilIdle();
+    EXPECT_EQ(names(store.favorites()), (std::vector<std::string>{"chosen", "dropped"}));
+    EXPECT_EQ(folders.prompts, std::vector<std::string>{"Add"});
+}
+
 } // namespace
 } // namespace tidewell::testing

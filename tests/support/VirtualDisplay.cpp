@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdio>
 #include <stdexcept>
+#include <thread>
 #include <unistd.h>
 
 extern char** environ;
@@ -81,7 +82,8 @@ std::string geometry(const Monitor& monitor) {
 } // namespace
 
 // Servers started side by side by parallel tests now and then lose a race at start-up (seen as
-// a window manager that ends at once); a fresh server is the cure.
+// a window manager that ends at once, even three times running); a fresh server a moment later
+// is the cure. Every attempt's reason is kept for the report.
 VirtualDisplay::VirtualDisplay(const std::vector<Monitor>& monitors, int width, int height) {
     const auto number = [](int value) { return std::to_string(value); };
     std::vector<std::string> server = {
@@ -93,15 +95,19 @@ VirtualDisplay::VirtualDisplay(const std::vector<Monitor>& monitors, int width, 
                        "-configdir", folder_.makeFolder("xorg.conf.d"), "-logfile",
                        folder_.path() + "/xorg.log"});
     }
+    std::string failures;
     for (int attempt = 1;; ++attempt) {
         try {
             start(server);
             break;
-        } catch (const std::runtime_error&) {
+        } catch (const std::runtime_error& failure) {
             windowManager_.reset();
             server_.reset();
-            if (attempt == 3)
-                throw;
+            failures += "\n" + std::string(failure.what());
+            if (attempt == 4)
+                throw std::runtime_error("no virtual display after four attempts:" + failures);
+            // Whatever ends the window manager at once has passed after a moment.
+            std::this_thread::sleep_for(std::chrono::milliseconds(500 * attempt));
         }
     }
     for (const Monitor& monitor : monitors)

@@ -15,13 +15,10 @@ Item {
     width: 60
     height: 63
 
-    ShelfColors {
-        id: colors
-    }
     Rectangle {
         anchors.fill: parent
         radius: slot.radius
-        color: colors.slotFill
+        color: shelfColors.slotFill
     }
     Shape {
         anchors.fill: parent
@@ -32,7 +29,7 @@ Item {
 
         ShapePath {
             fillColor: "transparent"
-            strokeColor: colors.slotBorder
+            strokeColor: shelfColors.slotBorder
             strokeWidth: slot.borderWidth
             strokeStyle: ShapePath.DashLine
             // In units of the stroke's width: 4 points drawn, 3 left out.
@@ -56,6 +53,6 @@ Item {
         visible: slot.showsPlus
         name: "plus"
         size: 13
-        color: colors.slotBorder
+        color: shelfColors.slotBorder
     }
 }

@@ -12,13 +12,10 @@ Item {
     height: 48
     activeFocusOnTab: false
 
-    ShelfColors {
-        id: colors
-    }
     Rectangle {
         anchors.fill: parent
         radius: 12
-        color: empty.hovering ? colors.hoverFill : colors.restFill
+        color: empty.hovering ? shelfColors.hoverFill : shelfColors.restFill
         Behavior on color {
             HoverFade {}
         }
@@ -34,7 +31,7 @@ Item {
             anchors.verticalCenter: parent.verticalCenter
             name: "folder.badge.plus"
             size: 17
-            color: colors.secondary
+            color: shelfColors.secondary
         }
         Column {
             anchors.verticalCenter: parent.verticalCenter
@@ -42,13 +39,13 @@ Item {
 
             Text {
                 text: "Add project"
-                color: colors.primary
+                color: shelfColors.primary
                 font.pointSize: TypeSize.points(11.5)
                 font.weight: Font.DemiBold
             }
             Text {
                 text: "tide add ."
-                color: colors.secondary
+                color: shelfColors.secondary
                 font.family: "monospace"
                 font.pointSize: TypeSize.points(9.5)
             }

@@ -5,7 +5,7 @@ import QtQuick
 Item {
     id: root
 
-    // One set for every tile.
+    // One set for every tile, slot and button of the shelf.
     ShelfColors {
         id: shelfColors
     }

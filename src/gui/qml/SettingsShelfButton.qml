@@ -11,13 +11,10 @@ Item {
     height: 27
     activeFocusOnTab: false
 
-    ShelfColors {
-        id: colors
-    }
     Rectangle {
         anchors.fill: parent
         radius: width / 2
-        color: gear.hovering ? colors.hoverFill : colors.restCircle
+        color: gear.hovering ? shelfColors.hoverFill : shelfColors.restCircle
         Behavior on color {
             HoverFade {}
         }
@@ -26,7 +23,7 @@ Item {
         anchors.centerIn: parent
         name: "gearshape.fill"
         size: 13
-        color: gear.hovering ? colors.primary : colors.secondary
+        color: gear.hovering ? shelfColors.primary : shelfColors.secondary
         Behavior on color {
             HoverFade {}
         }

@@ -8,6 +8,7 @@
 #include <spawn.h>
 #include <stdexcept>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 namespace tidewell::bench {
@@ -89,8 +90,10 @@ std::vector<double> sideBySideMedians(const std::vector<Command>& commands, int 
             run(command);
     std::vector<std::vector<double>> times(commands.size());
     for (int i = 0; i < runs; ++i)
-        for (std::size_t index = 0; index < commands.size(); ++index)
+        for (std::size_t index = 0; index < commands.size(); ++index) {
+            std::this_thread::sleep_for(pauseBetweenRuns);
             times[index].push_back(runTimed(commands[index]));
+        }
     std::vector<double> medians;
     for (std::vector<double>& series : times) {
         std::sort(series.begin(), series.end());

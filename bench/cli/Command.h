@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,10 @@ void run(const Command& command);
 
 // As run, and returns the elapsed wall time in milliseconds.
 double runTimed(const Command& command);
+
+// Commands typed by a person are seconds apart and find the disk idle, where a sync costs
+// about twice what it costs right after another: each timed start waits this long first.
+inline constexpr std::chrono::milliseconds pauseBetweenRuns{20};
 
 // The median of `runs` timed starts after `warmUps` untimed ones.
 double medianMilliseconds(const Command& command, int warmUps, int runs);

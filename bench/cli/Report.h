@@ -8,11 +8,11 @@ namespace tidewell::bench {
 // Median start-to-end times, in milliseconds, for one record count.
 struct SizeTimes {
     int records = 0;
-    double tideHere = 0;  // tide .
-    double tideAdd = 0;   // tide add .
-    double tideList = 0;  // tide list
-    double zoxideAdd = 0; // zoxide add <folder>
-    double syncFloor = 0; // replacing a file of the items file's size durably, in-process
+    double tideHere = 0;     // tide .
+    double tideAdd = 0;      // tide add .
+    double tideList = 0;     // tide list
+    double zoxideAdd = 0;    // zoxide add <folder>
+    double durableFloor = 0; // the least a run that rewrites the items file safely takes
 };
 
 // The times, their ratios to zoxide and to /bin/true, and the growth between the two

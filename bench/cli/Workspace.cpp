@@ -59,8 +59,8 @@ std::size_t lineCount(const std::string& text) {
 
 } // namespace
 
-Workspace::Workspace(std::string tideExecutable, int folderCount, std::string sessionBus)
-    : tideExecutable_(std::move(tideExecutable)), sessionBus_(std::move(sessionBus)) {
+Workspace::Workspace(Programs programs, int folderCount, std::string sessionBus)
+    : programs_(std::move(programs)), sessionBus_(std::move(sessionBus)) {
     root_.makeFolder("home");
     root_.makeFolder("config");
     for (int index = 0; index < folderCount; ++index)
@@ -104,7 +104,7 @@ std::string Workspace::tideDataFolder(int records) const {
 
 Command Workspace::tide(int records, const std::vector<std::string>& arguments) const {
     Command command{.label = labelled("tide", arguments),
-                    .arguments = {tideExecutable_},
+                    .arguments = {programs_.tide},
                     .environment = baseEnvironment(),
                     .workingFolder = targetFolder(records)};
     command.arguments.insert(command.arguments.end(), arguments.begin(), arguments.end());
@@ -117,6 +117,12 @@ Command Workspace::tide(int records, const std::vector<std::string>& arguments) 
 
 Command Workspace::zoxideAdd(int records) const {
     return zoxide(records, {"add", targetFolder(records)});
+}
+
+Command Workspace::durableFloor(int records) const {
+    return {.label = "durable floor",
+            .arguments = {programs_.durableFloor, tideDataFolder(records)},
+            .environment = baseEnvironment()};
 }
 
 Command Workspace::trueCommand() const {

@@ -8,13 +8,19 @@
 
 namespace tidewell::bench {
 
+// The executables measured: the tool, and the floor that rewrites the items file durably.
+struct Programs {
+    std::string tide;
+    std::string durableFloor;
+};
+
 // A temporary folder with real project folders, and for each record count an items file
 // and a zoxide database that name the first that many of them. Everything a measured
 // program reads or writes lies inside it.
 class Workspace {
 public:
     // `sessionBus` is the bus address handed to the tool, or empty for none.
-    Workspace(std::string tideExecutable, int folderCount, std::string sessionBus);
+    Workspace(Programs programs, int folderCount, std::string sessionBus);
 
     // The folder the commands act on for a record count: the last record's, so that any
     // search for it walks every record.
@@ -31,6 +37,7 @@ public:
 
     Command tide(int records, const std::vector<std::string>& arguments) const;
     Command zoxideAdd(int records) const;
+    Command durableFloor(int records) const;
     Command trueCommand() const;
 
 private:
@@ -41,7 +48,7 @@ private:
     Command zoxide(int records, const std::vector<std::string>& arguments) const;
 
     testing::TemporaryDirectory root_;
-    std::string tideExecutable_;
+    Programs programs_;
     std::string sessionBus_;
 };
 

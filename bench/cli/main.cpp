@@ -4,7 +4,6 @@
 
 #include "LinkedLibraries.h"
 #include "Report.h"
-#include "SyncFloor.h"
 #include "Workspace.h"
 #include "support/PrivateSessionBus.h"
 
@@ -12,7 +11,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-#include <filesystem>
 #include <optional>
 
 namespace {
@@ -52,22 +50,21 @@ SizeTimes measure(const Workspace& workspace, int records) {
     workspace.prepareZoxide(records);
     const std::vector<double> medians =
         sideBySideMedians({workspace.tide(records, {"."}), workspace.tide(records, {"add", "."}),
-                           workspace.tide(records, {"list"}), workspace.zoxideAdd(records)},
+                           workspace.tide(records, {"list"}), workspace.zoxideAdd(records),
+                           workspace.durableFloor(records)},
                           warmUps, runs);
-    const std::string folder = workspace.tideDataFolder(records);
-    const auto fileSize = std::filesystem::file_size(folder + "/items.json");
     return {.records = records,
             .tideHere = medians[0],
             .tideAdd = medians[1],
             .tideList = medians[2],
             .zoxideAdd = medians[3],
-            .syncFloor = syncFloorMilliseconds(folder, fileSize, runs)};
+            .durableFloor = medians[4]};
 }
 
 // Every record count, with the tool posting to `busAddress` (none when empty).
-void measureAll(const std::string& tideExecutable, const std::string& busAddress,
-                const std::string& title, double trueTime) {
-    const Workspace workspace(tideExecutable, recordCounts.back(), busAddress);
+void measureAll(const Programs& programs, const std::string& busAddress, const std::string& title,
+                double trueTime) {
+    const Workspace workspace(programs, recordCounts.back(), busAddress);
     std::vector<SizeTimes> sizes;
     for (int records : recordCounts)
         sizes.push_back(measure(workspace, records));
@@ -75,23 +72,23 @@ void measureAll(const std::string& tideExecutable, const std::string& busAddress
     std::fflush(stdout);
 }
 
-int benchmark(const std::string& tideExecutable) {
+int benchmark(const Programs& programs) {
     SessionBus bus;
     connectSessionBus(bus);
-    std::printf("tide: %s\nSession bus: %s\n", tideExecutable.c_str(), bus.description.c_str());
+    std::printf("tide: %s\nSession bus: %s\n", programs.tide.c_str(), bus.description.c_str());
     std::printf("Median of %d runs after %d warm-up runs; each start spawned and waited for, "
-                "standard output to /dev/null; the commands of a record count run in turn.\n",
-                runs, warmUps);
+                "standard output to /dev/null; the commands of a record count run in turn, "
+                "%d ms apart, as typed commands are.\n",
+                runs, warmUps, static_cast<int>(pauseBetweenRuns.count()));
     std::fflush(stdout);
 
     const double trueTime =
-        medianMilliseconds(Workspace(tideExecutable, 0, "").trueCommand(), warmUps, runs);
+        medianMilliseconds(Workspace(programs, 0, "").trueCommand(), warmUps, runs);
     if (!bus.address.empty())
-        measureAll(tideExecutable, bus.address, "WITH a session bus (the tool posts to it)",
-                   trueTime);
-    measureAll(tideExecutable, "", "WITHOUT a session bus", trueTime);
+        measureAll(programs, bus.address, "WITH a session bus (the tool posts to it)", trueTime);
+    measureAll(programs, "", "WITHOUT a session bus", trueTime);
 
-    const auto libraries = linkedLibraries(tideExecutable);
+    const auto libraries = linkedLibraries(programs.tide);
     printLibraries(libraries, desktopLibraries(libraries));
     return 0;
 }
@@ -99,12 +96,13 @@ int benchmark(const std::string& tideExecutable) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::fprintf(stderr, "Usage: %s <path of tidewell>\n", argv[0]);
+    if (argc != 3) {
+        std::fprintf(stderr, "Usage: %s <path of tidewell> <path of tidewell_durable_floor>\n",
+                     argv[0]);
         return 2;
     }
     try {
-        return benchmark(argv[1]);
+        return benchmark({.tide = argv[1], .durableFloor = argv[2]});
     } catch (const std::exception& error) {
         std::fprintf(stderr, "Benchmark failed: %s\n", error.what());
         return 1;

@@ -1,0 +1,127 @@
+#include "gui/images/ProjectIconFace.h"
+
+#include <QFontMetricsF>
+#include <QImage>
+#include <QPainter>
+#include <QQuickWindow>
+#include <QSGImageNode>
+#include <QTextLayout>
+#include <QtQml>
+#include <algorithm>
+
+namespace tidewell {
+
+namespace {
+
+// The initials at a third of the side, shrunk to fit between the paddings down to 0.65 of
+// that; what still does not fit is cut off at the edges. Sizes of type are in points, three
+// quarters of a logical pixel, so that fractions are kept.
+constexpr qreal initialsShare = 0.33;
+constexpr qreal smallestInitials = 0.65;
+constexpr qreal initialsPadding = 5;
+constexpr qreal pointsPerPixel = 0.75;
+constexpr qreal edgeWidth = 0.5;
+
+QFont initialsFont(qreal pixels) {
+    QFont font;
+    font.setWeight(QFont::DemiBold);
+    font.setPointSizeF(pixels * pointsPerPixel);
+    return font;
+}
+
+} // namespace
+
+ProjectIconFace::ProjectIconFace(QQuickItem* parent) : QQuickItem(parent) {
+    setFlag(ItemHasContents);
+    connect(this, &ProjectIconFace::faceChanged, this, [this] {
+        isDirty_ = true;
+        update();
+    });
+}
+
+void ProjectIconFace::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) {
+    QQuickItem::geometryChange(newGeometry, oldGeometry);
+    if (newGeometry.size() != oldGeometry.size()) {
+        isDirty_ = true;
+        update();
+    }
+}
+
+QImage ProjectIconFace::picture(qreal scale) const {
+    QImage image((size() * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(scale);
+    image.fill(Qt::transparent);
+    paint(image);
+    // A picture keeps the engine that painted it for as long as it lives; the copy the
+    // texture keeps has none.
+    return image.copy();
+}
+
+// Laid out as a line of text is in the views, centred between the paddings at fractional
+// positions, so that the initials sit where a text item would put them.
+void ProjectIconFace::paintInitials(QPainter& painter, const QRectF& square) const {
+    const qreal fullSize = std::min(square.width(), square.height()) * initialsShare;
+    const QRectF room =
+        square.adjusted(initialsPadding, initialsPadding, -initialsPadding, -initialsPadding);
+    const qreal natural = QFontMetricsF(initialsFont(fullSize)).horizontalAdvance(initials_);
+    const qreal fit = natural > 0 ? room.width() / natural : 1;
+    QTextLayout layout(initials_, initialsFont(fullSize * std::clamp(fit, smallestInitials, 1.0)));
+    layout.setTextOption(QTextOption(Qt::AlignHCenter));
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setLineWidth(room.width());
+    layout.endLayout();
+    painter.setPen(Qt::white);
+    layout.draw(&painter, {room.left(), room.top() + (room.height() - line.height()) / 2});
+}
+
+void ProjectIconFace::paint(QImage& image) const {
+    QPainter painter(&image);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    const QRectF square(QPointF(), size());
+    const qreal radius = std::min(width(), height()) * cornerShare_;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(tint_);
+    painter.drawRoundedRect(square, radius, radius);
+    if (!initials_.isEmpty())
+        paintInitials(painter, square);
+    if (hasEdge_) {
+        const qreal inset = edgeWidth / 2;
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(QColor::fromRgbF(1, 1, 1, 0.18f), edgeWidth));
+        painter.drawRoundedRect(square.adjusted(inset, inset, -inset, -inset), radius - inset,
+                                radius - inset);
+    }
+}
+
+QSGNode* ProjectIconFace::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
+    const qreal scale = window()->effectiveDevicePixelRatio();
+    if ((size() * scale).toSize().isEmpty()) {
+        delete node;
+        isDirty_ = true;
+        return nullptr;
+    }
+    auto* face = static_cast<QSGImageNode*>(node);
+    if (!face) {
+        face = window()->createImageNode();
+        face->setOwnsTexture(true);
+        face->setFiltering(QSGTexture::Linear);
+        isDirty_ = true;
+    }
+    if (isDirty_) {
+        face->setTexture(window()->createTextureFromImage(picture(scale)));
+        isDirty_ = false;
+    }
+    face->setRect(boundingRect());
+    return face;
+}
+
+void registerProjectIconFace() {
+    static const bool registered = [] {
+        qmlRegisterType<ProjectIconFace>("Tidewell", 1, 0, "ProjectIconFace");
+        return true;
+    }();
+    Q_UNUSED(registered);
+}
+
+} // namespace tidewell

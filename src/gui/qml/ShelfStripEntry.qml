@@ -26,9 +26,8 @@ Row {
     onXChanged: revealIfTarget()
     onWidthChanged: revealIfTarget()
 
-    InsertionSlot {
-        anchors.verticalCenter: parent.verticalCenter
-        open: shelfDrops.gapBeforeId === entry.itemId
+    GapLoader {
+        isOpen: shelfDrops.gapBeforeId === entry.itemId
     }
     ShelfItemButton {
         anchors.verticalCenter: parent.verticalCenter
@@ -39,9 +38,19 @@ Row {
         tint: entry.tint
         imageSource: entry.imageSource
     }
-    InsertionSlot {
-        anchors.verticalCenter: parent.verticalCenter
-        open: shelfDrops.gapAfterId === entry.itemId
+    GapLoader {
+        isOpen: shelfDrops.gapAfterId === entry.itemId
         isBeforeTile: false
+    }
+
+    // A gap is made when it starts to open and goes once it has closed: every tile has two,
+    // and most never show. Made closed, it then opens with its transition.
+    component GapLoader: Loader {
+        property bool isOpen: false
+        property bool isBeforeTile: true
+
+        anchors.verticalCenter: parent.verticalCenter
+        active: isOpen || (item !== null && item.visible)
+        sourceComponent: entry.ListView.view.gap
     }
 }

@@ -26,9 +26,11 @@ Item {
         active: tile.isDragged
         sourceComponent: DashedSlot {}
     }
+    // Made into a node only once it has a colour: at rest it is clear.
     Rectangle {
         anchors.fill: parent
         opacity: tile.isDragged ? 0 : 1
+        visible: color.a > 0
         radius: 12
         color: tile.hovering ? shelfColors.hoverFill : shelfColors.restFill
         Behavior on color {

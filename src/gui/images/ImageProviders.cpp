@@ -1,6 +1,6 @@
 #include "gui/images/ImageProviders.h"
 
-#include "gui/images/ProjectIconFace.h"
+#include "gui/images/DrawnProjectIcon.h"
 #include "gui/images/RoundedImageProvider.h"
 #include "gui/images/SoftShadow.h"
 #include "gui/images/SymbolImageProvider.h"
@@ -11,7 +11,7 @@ namespace tidewell {
 
 void addImageProviders(QQmlEngine& engine) {
     registerSoftShadow();
-    registerProjectIconFace();
+    registerDrawnProjectIcon();
     engine.addImageProvider(QStringLiteral("symbol"), new SymbolImageProvider);
     engine.addImageProvider(QStringLiteral("rounded"), new RoundedImageProvider);
 }

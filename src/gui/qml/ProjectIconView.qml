@@ -28,7 +28,7 @@ Item {
         offset: Qt.point(0, 2)
         cornerRadius: icon.radius
     }
-    ProjectIconFace {
+    DrawnProjectIcon {
         anchors.fill: parent
         tint: icon.tint
         initials: icon.showsImage ? "" : icon.initials

@@ -1,4 +1,4 @@
-#include "gui/images/ProjectIconFace.h"
+#include "gui/images/DrawnProjectIcon.h"
 
 #include <QFontMetricsF>
 #include <QImage>
@@ -31,15 +31,15 @@ QFont initialsFont(qreal pixels) {
 
 } // namespace
 
-ProjectIconFace::ProjectIconFace(QQuickItem* parent) : QQuickItem(parent) {
+DrawnProjectIcon::DrawnProjectIcon(QQuickItem* parent) : QQuickItem(parent) {
     setFlag(ItemHasContents);
-    connect(this, &ProjectIconFace::faceChanged, this, [this] {
+    connect(this, &DrawnProjectIcon::faceChanged, this, [this] {
         isDirty_ = true;
         update();
     });
 }
 
-void ProjectIconFace::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) {
+void DrawnProjectIcon::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) {
     QQuickItem::geometryChange(newGeometry, oldGeometry);
     if (newGeometry.size() != oldGeometry.size()) {
         isDirty_ = true;
@@ -47,7 +47,7 @@ void ProjectIconFace::geometryChange(const QRectF& newGeometry, const QRectF& ol
     }
 }
 
-QImage ProjectIconFace::picture(qreal scale) const {
+QImage DrawnProjectIcon::picture(qreal scale) const {
     QImage image((size() * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(scale);
     image.fill(Qt::transparent);
@@ -59,7 +59,7 @@ QImage ProjectIconFace::picture(qreal scale) const {
 
 // Laid out as a line of text is in the views, centred between the paddings at fractional
 // positions, so that the initials sit where a text item would put them.
-void ProjectIconFace::paintInitials(QPainter& painter, const QRectF& square) const {
+void DrawnProjectIcon::paintInitials(QPainter& painter, const QRectF& square) const {
     const qreal fullSize = std::min(square.width(), square.height()) * initialsShare;
     const QRectF room =
         square.adjusted(initialsPadding, initialsPadding, -initialsPadding, -initialsPadding);
@@ -75,7 +75,7 @@ void ProjectIconFace::paintInitials(QPainter& painter, const QRectF& square) con
     layout.draw(&painter, {room.left(), room.top() + (room.height() - line.height()) / 2});
 }
 
-void ProjectIconFace::paint(QImage& image) const {
+void DrawnProjectIcon::paint(QImage& image) const {
     QPainter painter(&image);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     const QRectF square(QPointF(), size());
@@ -94,7 +94,7 @@ void ProjectIconFace::paint(QImage& image) const {
     }
 }
 
-QSGNode* ProjectIconFace::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
+QSGNode* DrawnProjectIcon::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
     const qreal scale = window()->effectiveDevicePixelRatio();
     if ((size() * scale).toSize().isEmpty()) {
         delete node;
@@ -116,9 +116,9 @@ QSGNode* ProjectIconFace::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
     return face;
 }
 
-void registerProjectIconFace() {
+void registerDrawnProjectIcon() {
     static const bool registered = [] {
-        qmlRegisterType<ProjectIconFace>("Tidewell", 1, 0, "ProjectIconFace");
+        qmlRegisterType<DrawnProjectIcon>("Tidewell", 1, 0, "DrawnProjectIcon");
         return true;
     }();
     Q_UNUSED(registered);

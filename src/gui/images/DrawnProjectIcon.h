@@ -12,7 +12,7 @@ namespace tidewell {
 // and the thin light edge around it, drawn once by the processor into one texture. A tile
 // made of one such item keeps a few KiB; the same drawn by a rectangle, a text and an edge
 // kept some 30.
-class ProjectIconFace : public QQuickItem {
+class DrawnProjectIcon : public QQuickItem {
     Q_OBJECT
     Q_PROPERTY(QColor tint MEMBER tint_ NOTIFY faceChanged)
     // Empty while a picture covers the face.
@@ -23,7 +23,7 @@ class ProjectIconFace : public QQuickItem {
     Q_PROPERTY(bool hasEdge MEMBER hasEdge_ NOTIFY faceChanged)
 
 public:
-    explicit ProjectIconFace(QQuickItem* parent = nullptr);
+    explicit DrawnProjectIcon(QQuickItem* parent = nullptr);
 
 protected:
     QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData*) override;
@@ -45,6 +45,6 @@ private:
 };
 
 // Registers the item for QML once per process.
-void registerProjectIconFace();
+void registerDrawnProjectIcon();
 
 } // namespace tidewell

@@ -15,7 +15,7 @@ Item {
     property color tint
     property url imageSource
 
-    readonly property bool hovering: input.containsMouse
+    readonly property bool hovering: input.hovering
     readonly property bool isDragged: shelfDrops.draggedItemId === itemId
 
     width: 60
@@ -64,19 +64,6 @@ Item {
             }
         }
     }
-    // Hovering and the right button; the left button belongs to the drag area above.
-    MouseArea {
-        id: input
-        anchors.fill: parent
-        hoverEnabled: true
-        acceptedButtons: Qt.RightButton
-        containmentMask: RoundedHitShape {
-            width: tile.width
-            height: tile.height
-            radius: 12
-        }
-        onClicked: shelfActions.showMenu(tile.itemId)
-    }
     ShelfDropArea {
         anchors.fill: parent
         drops: shelfDrops
@@ -84,11 +71,14 @@ Item {
         itemId: tile.itemId
     }
     TileDragView {
+        id: input
         anchors.fill: parent
+        cornerRadius: 12
         drops: shelfDrops
         itemId: tile.itemId
         iconItem: icon
         onClicked: shelfActions.open(tile.itemId)
+        onMenuRequested: shelfActions.showMenu(tile.itemId)
     }
 
     ShelfToolTip {

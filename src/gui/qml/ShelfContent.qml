@@ -56,7 +56,7 @@ Item {
                 opacity: favorites.count === 0 ? 1 : 0
                 visible: opacity > 0
                 active: opacity > 0
-                sourceComponent: EmptyShelfButton {}
+                source: "EmptyShelfButton.qml"
                 Behavior on opacity {
                     ShelfTransition {
                         transition: shelf.slotTransition

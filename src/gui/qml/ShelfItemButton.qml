@@ -24,7 +24,7 @@ Item {
     // Made only while the tile is dragged: twenty idle slots would each keep a shape.
     Loader {
         active: tile.isDragged
-        sourceComponent: DashedSlot {}
+        source: "DashedSlot.qml"
     }
     // Made into a node only once it has a colour: at rest it is clear.
     Rectangle {

@@ -44,13 +44,18 @@ Row {
     }
 
     // A gap is made when it starts to open and goes once it has closed: every tile has two,
-    // and most never show. Made closed, it then opens with its transition.
+    // and most never show. Made closed, it then opens with its transition. Named by its file,
+    // its type loads with the first gap.
     component GapLoader: Loader {
         property bool isOpen: false
         property bool isBeforeTile: true
 
         anchors.verticalCenter: parent.verticalCenter
         active: isOpen || (item !== null && item.visible)
-        sourceComponent: entry.ListView.view.gap
+        source: "InsertionSlot.qml"
+        onLoaded: {
+            item.isBeforeTile = isBeforeTile
+            item.open = Qt.binding(() => isOpen)
+        }
     }
 }

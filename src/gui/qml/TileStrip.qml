@@ -27,13 +27,6 @@ ListView {
 
     delegate: ShelfStripEntry {}
 
-    // The gap a tile's entry makes while it shows, one description for them all. Made
-    // closed, it then opens with its transition.
-    readonly property Component gap: InsertionSlot {
-        isBeforeTile: parent.isBeforeTile
-        Component.onCompleted: open = Qt.binding(() => parent.isOpen)
-    }
-
     add: Transition {
         ShelfTransition {
             transition: shelf.slotTransition

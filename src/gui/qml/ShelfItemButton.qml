@@ -79,14 +79,10 @@ Item {
         iconItem: icon
         onClicked: shelfActions.open(tile.itemId)
         onMenuRequested: shelfActions.showMenu(tile.itemId)
-    }
-
-    ShelfToolTip {
-        target: tile
-        text: tile.path
-        shown: tile.hovering
+        toolTip: tile.path
         isGlass: shelf.isGlass
     }
+
     Accessible.role: Accessible.Button
     Accessible.name: tile.name
     Accessible.onPressAction: shelfActions.open(tile.itemId)

@@ -2,6 +2,7 @@
 
 #include "core/drag/ShelfItemMove.h"
 #include "core/drag/TileDragSource.h"
+#include "gui/shelf/ShelfToolTip.h"
 #include "gui/shelf/TileDragImage.h"
 
 #include <QDrag>
@@ -53,6 +54,15 @@ void TileDragView::setHovering(bool isHovering) {
     if (isHovering == isHovering_)
         return;
     isHovering_ = isHovering;
+    if (isHovering && !toolTipView_) {
+        toolTipView_ = std::make_unique<ShelfToolTip>();
+        toolTipView_->setTarget(this);
+    }
+    if (toolTipView_) {
+        toolTipView_->setProperty("text", toolTip_);
+        toolTipView_->setProperty("isGlass", isGlass_);
+        toolTipView_->setShown(isHovering);
+    }
     emit hoveringChanged();
 }
 

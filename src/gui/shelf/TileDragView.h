@@ -8,12 +8,14 @@
 
 namespace tidewell {
 
+class ShelfToolTip;
 class TileDragSource;
 
 // Covers a tile and owns its pointer: a left press released in place is a click; one that
 // travels starts a drag of the tile, which reorders the shelf, or unpins the project when it
 // ends far outside the shelf. Hovering and the right button count only inside the tile's
-// rounded corners; a right click asks for the tile's menu. The wheel passes to the strip.
+// rounded corners; a right click asks for the tile's menu, and a rest there shows the tile's
+// tooltip, made the first time. The wheel passes to the strip.
 class TileDragView : public QQuickItem {
     Q_OBJECT
     Q_PROPERTY(ShelfDrops* drops MEMBER drops_ NOTIFY dropsChanged)
@@ -23,6 +25,9 @@ class TileDragView : public QQuickItem {
     Q_PROPERTY(QQuickItem* iconItem MEMBER iconItem_ NOTIFY iconItemChanged)
     Q_PROPERTY(qreal cornerRadius MEMBER cornerRadius_ NOTIFY cornerRadiusChanged)
     Q_PROPERTY(bool hovering READ isHovering NOTIFY hoveringChanged)
+    Q_PROPERTY(QString toolTip MEMBER toolTip_ NOTIFY toolTipChanged)
+    // Whether the shelf has the glass look, which its tooltips take.
+    Q_PROPERTY(bool isGlass MEMBER isGlass_ NOTIFY isGlassChanged)
 public:
     explicit TileDragView(QQuickItem* parent = nullptr);
     ~TileDragView() override;
@@ -37,6 +42,8 @@ signals:
     void iconItemChanged();
     void cornerRadiusChanged();
     void hoveringChanged();
+    void toolTipChanged();
+    void isGlassChanged();
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
@@ -59,6 +66,9 @@ private:
     qreal cornerRadius_ = 0;
     bool isHovering_ = false;
     bool isRightPressed_ = false;
+    QString toolTip_;
+    bool isGlass_ = false;
+    std::unique_ptr<ShelfToolTip> toolTipView_;
 };
 
 } // namespace tidewell

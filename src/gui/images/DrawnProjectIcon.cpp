@@ -1,8 +1,11 @@
 #include "gui/images/DrawnProjectIcon.h"
 
+#include "gui/images/SoftShadow.h"
+
 #include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
+#include <QPainterPath>
 #include <QQuickWindow>
 #include <QSGImageNode>
 #include <QTextLayout>
@@ -21,6 +24,10 @@ constexpr qreal smallestInitials = 0.65;
 constexpr qreal initialsPadding = 5;
 constexpr qreal pointsPerPixel = 0.75;
 constexpr qreal edgeWidth = 0.5;
+// The shadow below the square, and how far beyond the square it reaches.
+constexpr qreal shadowBlur = 5;
+constexpr qreal shadowDrop = 2;
+constexpr qreal shadowMargin = 7; // the blur and the drop, rounded up
 
 QFont initialsFont(qreal pixels) {
     QFont font;
@@ -47,10 +54,21 @@ void DrawnProjectIcon::geometryChange(const QRectF& newGeometry, const QRectF& o
     }
 }
 
+qreal DrawnProjectIcon::radius() const {
+    return std::min(width(), height()) * cornerShare_;
+}
+
 QImage DrawnProjectIcon::picture(qreal scale) const {
-    QImage image((size() * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    QPainterPath square;
+    square.addRoundedRect(QRectF(QPointF(), size()), radius(), radius());
+    const QSizeF shadowSize = size() + QSizeF(2 * shadowMargin, 2 * shadowMargin);
+    QImage image = shadowPicture({.shape = square,
+                                  .pixels = (shadowSize * scale).toSize(),
+                                  .scale = scale,
+                                  .origin = QPointF(shadowMargin, shadowMargin + shadowDrop),
+                                  .color = QColor::fromRgbF(0, 0, 0, 0.18f),
+                                  .blur = shadowBlur});
     image.setDevicePixelRatio(scale);
-    image.fill(Qt::transparent);
     paint(image);
     // A picture keeps the engine that painted it for as long as it lives; the copy the
     // texture keeps has none.
@@ -78,8 +96,9 @@ void DrawnProjectIcon::paintInitials(QPainter& painter, const QRectF& square) co
 void DrawnProjectIcon::paint(QImage& image) const {
     QPainter painter(&image);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    painter.translate(shadowMargin, shadowMargin);
     const QRectF square(QPointF(), size());
-    const qreal radius = std::min(width(), height()) * cornerShare_;
+    const qreal radius = this->radius();
     painter.setPen(Qt::NoPen);
     painter.setBrush(tint_);
     painter.drawRoundedRect(square, radius, radius);
@@ -112,7 +131,8 @@ QSGNode* DrawnProjectIcon::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) 
         face->setTexture(window()->createTextureFromImage(picture(scale)));
         isDirty_ = false;
     }
-    face->setRect(boundingRect());
+    face->setRect(
+        boundingRect().adjusted(-shadowMargin, -shadowMargin, shadowMargin, shadowMargin));
     return face;
 }
 

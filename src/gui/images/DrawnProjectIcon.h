@@ -8,10 +8,11 @@ class QPainter;
 
 namespace tidewell {
 
-// A project's icon without its picture: the rounded square in its tint, the initials on it
-// and the thin light edge around it, drawn once by the processor into one texture. A tile
-// made of one such item keeps a few KiB; the same drawn by a rectangle, a text and an edge
-// kept some 30.
+// A project's icon without its picture: the rounded square in its tint with its soft shadow
+// below it, the initials on it and the thin light edge around it, drawn once by the
+// processor into one texture that reaches beyond the item by the shadow's margin: one item
+// and one picture a tile, in place of a shadow, two rectangles and a text with their nodes,
+// bindings and layouts.
 class DrawnProjectIcon : public QQuickItem {
     Q_OBJECT
     Q_PROPERTY(QColor tint MEMBER tint_ NOTIFY faceChanged)
@@ -33,6 +34,7 @@ signals:
     void faceChanged();
 
 private:
+    qreal radius() const;
     QImage picture(qreal scale) const;
     void paint(QImage& image) const;
     void paintInitials(QPainter& painter, const QRectF& square) const;

@@ -119,10 +119,6 @@ QString SoftShadow::key(QSize pixels, qreal scale) const {
 }
 
 QImage SoftShadow::picture(QSize pixels, qreal scale) const {
-    QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
-    if (image.isNull())
-        return image;
-    image.fill(Qt::transparent);
     QPainterPath shape;
     if (steps_.isEmpty()) {
         const qreal grown = 2 * margin();
@@ -137,16 +133,30 @@ QImage SoftShadow::picture(QSize pixels, qreal scale) const {
                 shape.lineTo(point);
         }
     }
+    return shadowPicture({.shape = shape,
+                          .pixels = pixels,
+                          .scale = scale,
+                          .origin = QPointF(margin(), margin()) + offset_,
+                          .color = color_,
+                          .blur = blur_});
+}
+
+QImage shadowPicture(const ShadowShape& shadow) {
+    QImage image(shadow.pixels, QImage::Format_ARGB32_Premultiplied);
+    if (image.isNull())
+        return image;
+    image.fill(Qt::transparent);
     {
-        QPainter shadow(&image);
-        shadow.setRenderHint(QPainter::Antialiasing);
-        shadow.scale(scale, scale);
-        shadow.translate(QPointF(margin(), margin()) + offset_);
-        shadow.fillPath(shape, color_);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.scale(shadow.scale, shadow.scale);
+        painter.translate(shadow.origin);
+        painter.fillPath(shadow.shape, shadow.color);
     }
     // The same spread as the blur radius of the toolkit's own shadow effect.
-    blur(image, (blur_ + 1) / 3.3333 * scale);
-    return image;
+    blur(image, (shadow.blur + 1) / 3.3333 * shadow.scale);
+    // A picture keeps the engine that painted it for as long as it lives; a copy has none.
+    return image.copy();
 }
 
 QSGNode* SoftShadow::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {

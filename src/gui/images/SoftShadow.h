@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QImage>
+#include <QPainterPath>
 #include <QPointF>
 #include <QQuickItem>
 #include <QVariantList>
@@ -48,5 +49,17 @@ private:
 
 // Registers the item for QML once per process.
 void registerSoftShadow();
+
+// A shape's blurred shadow in a picture of `pixels`: the shape, in points, placed at `origin`
+// and drawn at `scale` pixels a point, in `color`, blurred by `blur` points.
+struct ShadowShape {
+    QPainterPath shape;
+    QSize pixels;
+    qreal scale = 1;
+    QPointF origin;
+    QColor color;
+    qreal blur = 0;
+};
+QImage shadowPicture(const ShadowShape& shadow);
 
 } // namespace tidewell

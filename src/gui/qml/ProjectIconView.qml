@@ -20,14 +20,6 @@ Item {
     height: size
 
     // The tinted square with its shadow below it; a picture covers the square.
-    SoftShadow {
-        anchors.fill: parent
-        anchors.margins: -margin
-        color: Qt.rgba(0, 0, 0, 0.18)
-        blur: 5
-        offset: Qt.point(0, 2)
-        cornerRadius: icon.radius
-    }
     DrawnProjectIcon {
         anchors.fill: parent
         tint: icon.tint

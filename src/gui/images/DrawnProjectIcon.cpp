@@ -58,17 +58,27 @@ qreal DrawnProjectIcon::radius() const {
     return std::min(width(), height()) * cornerShare_;
 }
 
-QImage DrawnProjectIcon::picture(qreal scale) const {
-    QPainterPath square;
-    square.addRoundedRect(QRectF(QPointF(), size()), radius(), radius());
+// Alike icons share one shadow picture.
+QImage DrawnProjectIcon::shadow(qreal scale) const {
     const QSizeF shadowSize = size() + QSizeF(2 * shadowMargin, 2 * shadowMargin);
-    QImage image = shadowPicture({.shape = square,
-                                  .pixels = (shadowSize * scale).toSize(),
-                                  .scale = scale,
-                                  .origin = QPointF(shadowMargin, shadowMargin + shadowDrop),
-                                  .color = QColor::fromRgbF(0, 0, 0, 0.18f),
-                                  .blur = shadowBlur});
+    const QString key =
+        QStringLiteral("icon %1 %2 %3 %4").arg(width()).arg(height()).arg(scale).arg(radius());
+    return SharedShadowPictures::find(key, [&] {
+        QPainterPath square;
+        square.addRoundedRect(QRectF(QPointF(), size()), radius(), radius());
+        return shadowPicture({.shape = square,
+                              .pixels = (shadowSize * scale).toSize(),
+                              .scale = scale,
+                              .origin = QPointF(shadowMargin, shadowMargin + shadowDrop),
+                              .color = QColor::fromRgbF(0, 0, 0, 0.18f),
+                              .blur = shadowBlur});
+    });
+}
+
+QImage DrawnProjectIcon::face(qreal scale) const {
+    QImage image((size() * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(scale);
+    image.fill(Qt::transparent);
     paint(image);
     // A picture keeps the engine that painted it for as long as it lives; the copy the
     // texture keeps has none.
@@ -96,7 +106,6 @@ void DrawnProjectIcon::paintInitials(QPainter& painter, const QRectF& square) co
 void DrawnProjectIcon::paint(QImage& image) const {
     QPainter painter(&image);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-    painter.translate(shadowMargin, shadowMargin);
     const QRectF square(QPointF(), size());
     const qreal radius = this->radius();
     painter.setPen(Qt::NoPen);
@@ -113,6 +122,14 @@ void DrawnProjectIcon::paint(QImage& image) const {
     }
 }
 
+QSGImageNode* DrawnProjectIcon::imageNode() const {
+    QSGImageNode* image = window()->createImageNode();
+    image->setOwnsTexture(true);
+    image->setFiltering(QSGTexture::Linear);
+    return image;
+}
+
+// The shadow's node, then the face's.
 QSGNode* DrawnProjectIcon::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
     const qreal scale = window()->effectiveDevicePixelRatio();
     if ((size() * scale).toSize().isEmpty()) {
@@ -120,20 +137,24 @@ QSGNode* DrawnProjectIcon::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) 
         isDirty_ = true;
         return nullptr;
     }
-    auto* face = static_cast<QSGImageNode*>(node);
-    if (!face) {
-        face = window()->createImageNode();
-        face->setOwnsTexture(true);
-        face->setFiltering(QSGTexture::Linear);
+    if (!node) {
+        node = new QSGNode;
+        node->appendChildNode(imageNode());
+        node->appendChildNode(imageNode());
         isDirty_ = true;
     }
+    auto* shadowNode = static_cast<QSGImageNode*>(node->firstChild());
+    auto* faceNode = static_cast<QSGImageNode*>(node->lastChild());
     if (isDirty_) {
-        face->setTexture(window()->createTextureFromImage(picture(scale)));
+        shadowNode->setTexture(window()->createTextureFromImage(shadow(scale)));
+        SharedShadowPictures::dropUnused();
+        faceNode->setTexture(window()->createTextureFromImage(face(scale)));
         isDirty_ = false;
     }
-    face->setRect(
+    shadowNode->setRect(
         boundingRect().adjusted(-shadowMargin, -shadowMargin, shadowMargin, shadowMargin));
-    return face;
+    faceNode->setRect(boundingRect());
+    return node;
 }
 
 void registerDrawnProjectIcon() {

@@ -5,14 +5,14 @@
 #include <QString>
 
 class QPainter;
+class QSGImageNode;
 
 namespace tidewell {
 
 // A project's icon without its picture: the rounded square in its tint with its soft shadow
 // below it, the initials on it and the thin light edge around it, drawn once by the
-// processor into one texture that reaches beyond the item by the shadow's margin: one item
-// and one picture a tile, in place of a shadow, two rectangles and a text with their nodes,
-// bindings and layouts.
+// processor: one item, the face's one picture and a shadow picture alike icons share, in
+// place of a shadow, two rectangles and a text with their nodes, bindings and layouts.
 class DrawnProjectIcon : public QQuickItem {
     Q_OBJECT
     Q_PROPERTY(QColor tint MEMBER tint_ NOTIFY faceChanged)
@@ -35,7 +35,9 @@ signals:
 
 private:
     qreal radius() const;
-    QImage picture(qreal scale) const;
+    QImage shadow(qreal scale) const;
+    QImage face(qreal scale) const;
+    QSGImageNode* imageNode() const;
     void paint(QImage& image) const;
     void paintInitials(QPainter& painter, const QRectF& square) const;
 

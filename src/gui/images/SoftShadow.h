@@ -1,11 +1,14 @@
 #pragma once
 
 #include <QColor>
+#include <QHash>
 #include <QImage>
 #include <QPainterPath>
 #include <QPointF>
 #include <QQuickItem>
 #include <QVariantList>
+#include <functional>
+#include <mutex>
 
 namespace tidewell {
 
@@ -61,5 +64,18 @@ struct ShadowShape {
     qreal blur = 0;
 };
 QImage shadowPicture(const ShadowShape& shadow);
+
+// The shadow pictures textures draw now, by their shadow's key. A texture on the processor
+// keeps the picture it was made from rather than a copy, so alike shadows draw one picture;
+// one that only this table holds any more is dropped once a texture has replaced its own.
+class SharedShadowPictures {
+public:
+    static QImage find(const QString& key, const std::function<QImage()>& make);
+    static void dropUnused();
+
+private:
+    static inline std::mutex mutex_;
+    static inline QHash<QString, QImage> pictures_;
+};
 
 } // namespace tidewell

@@ -332,10 +332,11 @@ int main(int argc, char** argv) {
             "types and compiled code in the QML loader thread's arena (0.5 MiB), the script "
             "engine's heap (0.4 MiB), the widgets library its status menu needs (0.3 MiB), and "
             "the libraries, stacks and arenas of its own services (bus, pointer monitor, "
-            "background queue). Each tile adds some 60 KiB at the first opening: about 30 KiB of "
+            "background queue). Each tile adds some 65 KiB at the first opening: about 40 KiB of "
             "QML objects and bindings (entry, hover fill and fades, icon view, name, drop area, "
-            "drag view, accessibility), its icon's one picture with the shadow (12 KiB) and its "
-            "scene-graph nodes. Budgets: no wake-ups at rest, under 64 MiB resident, private "
+            "drag view, accessibility), its icon's face picture (6 KiB; alike shadows share "
+            "one) and its scene-graph nodes. Budgets: no wake-ups at rest, under 64 MiB resident, "
+            "private "
             "dirty within 1.5x, first frame within 16 ms)\n",
             projectCount);
         return 0;

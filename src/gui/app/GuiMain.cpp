@@ -6,7 +6,6 @@
 #include "gui/windowsystem/OpenWindowSystem.h"
 
 #include <QApplication>
-#include <QIcon>
 #include <QTimer>
 
 extern "C" __attribute__((visibility("default"))) int tidewell_gui_main(int argc, char** argv) {
@@ -20,8 +19,6 @@ extern "C" __attribute__((visibility("default"))) int tidewell_gui_main(int argc
     const tidewell::TerminationSignals stopRequests;
     application.setApplicationName("Tidewell");
     application.setDesktopFileName("com.quorvel.tidewell");
-    application.setWindowIcon(
-        QIcon::fromTheme("com.quorvel.tidewell", QIcon(":/icons/com.quorvel.tidewell.svg")));
 
     tidewell::Application tidewell(windowSystem);
     QObject::connect(&application, &QCoreApplication::aboutToQuit,

@@ -1,5 +1,6 @@
 #include "gui/images/ImageProviders.h"
 
+#include "gui/images/DrawnProjectIcon.h"
 #include "gui/images/RoundedImageProvider.h"
 #include "gui/images/SoftShadow.h"
 #include "gui/images/SymbolImageProvider.h"
@@ -10,6 +11,7 @@ namespace tidewell {
 
 void addImageProviders(QQmlEngine& engine) {
     registerSoftShadow();
+    registerDrawnProjectIcon();
     engine.addImageProvider(QStringLiteral("symbol"), new SymbolImageProvider);
     engine.addImageProvider(QStringLiteral("rounded"), new RoundedImageProvider);
 }

@@ -57,28 +57,6 @@ QPointF pointOf(const QVariant& step, const char* x, const char* y) {
     return {values.value(x).toReal(), values.value(y).toReal()};
 }
 
-// The pictures textures draw now, by their shadow's key. A texture on the processor keeps
-// the picture it was made from rather than a copy, so alike shadows draw one picture; one
-// that only this table holds any more is dropped once a texture has replaced its own.
-class SharedPictures {
-public:
-    static QImage find(const QString& key, const std::function<QImage()>& make) {
-        const std::lock_guard lock(mutex_);
-        auto found = pictures_.find(key);
-        if (found == pictures_.end())
-            found = pictures_.insert(key, make());
-        return found.value();
-    }
-    static void dropUnused() {
-        const std::lock_guard lock(mutex_);
-        pictures_.removeIf([](const auto& entry) { return entry.value().isDetached(); });
-    }
-
-private:
-    static inline std::mutex mutex_;
-    static inline QHash<QString, QImage> pictures_;
-};
-
 } // namespace
 
 SoftShadow::SoftShadow(QQuickItem* parent) : QQuickItem(parent) {
@@ -119,10 +97,6 @@ QString SoftShadow::key(QSize pixels, qreal scale) const {
 }
 
 QImage SoftShadow::picture(QSize pixels, qreal scale) const {
-    QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
-    if (image.isNull())
-        return image;
-    image.fill(Qt::transparent);
     QPainterPath shape;
     if (steps_.isEmpty()) {
         const qreal grown = 2 * margin();
@@ -137,16 +111,43 @@ QImage SoftShadow::picture(QSize pixels, qreal scale) const {
                 shape.lineTo(point);
         }
     }
+    return shadowPicture({.shape = shape,
+                          .pixels = pixels,
+                          .scale = scale,
+                          .origin = QPointF(margin(), margin()) + offset_,
+                          .color = color_,
+                          .blur = blur_});
+}
+
+QImage SharedShadowPictures::find(const QString& key, const std::function<QImage()>& make) {
+    const std::lock_guard lock(mutex_);
+    auto found = pictures_.find(key);
+    if (found == pictures_.end())
+        found = pictures_.insert(key, make());
+    return found.value();
+}
+
+void SharedShadowPictures::dropUnused() {
+    const std::lock_guard lock(mutex_);
+    pictures_.removeIf([](const auto& entry) { return entry.value().isDetached(); });
+}
+
+QImage shadowPicture(const ShadowShape& shadow) {
+    QImage image(shadow.pixels, QImage::Format_ARGB32_Premultiplied);
+    if (image.isNull())
+        return image;
+    image.fill(Qt::transparent);
     {
-        QPainter shadow(&image);
-        shadow.setRenderHint(QPainter::Antialiasing);
-        shadow.scale(scale, scale);
-        shadow.translate(QPointF(margin(), margin()) + offset_);
-        shadow.fillPath(shape, color_);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.scale(shadow.scale, shadow.scale);
+        painter.translate(shadow.origin);
+        painter.fillPath(shadow.shape, shadow.color);
     }
     // The same spread as the blur radius of the toolkit's own shadow effect.
-    blur(image, (blur_ + 1) / 3.3333 * scale);
-    return image;
+    blur(image, (shadow.blur + 1) / 3.3333 * shadow.scale);
+    // A picture keeps the engine that painted it for as long as it lives; a copy has none.
+    return image.copy();
 }
 
 QSGNode* SoftShadow::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
@@ -165,9 +166,9 @@ QSGNode* SoftShadow::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
         isDirty_ = true;
     }
     if (isDirty_) {
-        image->setTexture(window()->createTextureFromImage(
-            SharedPictures::find(key(pixels, scale), [&] { return picture(pixels, scale); })));
-        SharedPictures::dropUnused();
+        image->setTexture(window()->createTextureFromImage(SharedShadowPictures::find(
+            key(pixels, scale), [&] { return picture(pixels, scale); })));
+        SharedShadowPictures::dropUnused();
         isDirty_ = false;
     }
     image->setRect(boundingRect());

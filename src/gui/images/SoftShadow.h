@@ -1,10 +1,14 @@
 #pragma once
 
 #include <QColor>
+#include <QHash>
 #include <QImage>
+#include <QPainterPath>
 #include <QPointF>
 #include <QQuickItem>
 #include <QVariantList>
+#include <functional>
+#include <mutex>
 
 namespace tidewell {
 
@@ -48,5 +52,30 @@ private:
 
 // Registers the item for QML once per process.
 void registerSoftShadow();
+
+// A shape's blurred shadow in a picture of `pixels`: the shape, in points, placed at `origin`
+// and drawn at `scale` pixels a point, in `color`, blurred by `blur` points.
+struct ShadowShape {
+    QPainterPath shape;
+    QSize pixels;
+    qreal scale = 1;
+    QPointF origin;
+    QColor color;
+    qreal blur = 0;
+};
+QImage shadowPicture(const ShadowShape& shadow);
+
+// The shadow pictures textures draw now, by their shadow's key. A texture on the processor
+// keeps the picture it was made from rather than a copy, so alike shadows draw one picture;
+// one that only this table holds any more is dropped once a texture has replaced its own.
+class SharedShadowPictures {
+public:
+    static QImage find(const QString& key, const std::function<QImage()>& make);
+    static void dropUnused();
+
+private:
+    static inline std::mutex mutex_;
+    static inline QHash<QString, QImage> pictures_;
+};
 
 } // namespace tidewell

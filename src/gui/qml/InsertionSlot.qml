@@ -24,20 +24,13 @@ Item {
         }
     }
 
-    // Made only while the gap shows: every tile has two gaps, and a slot keeps a shape.
-    Loader {
-        active: gap.visible
+    DashedSlot {
+        x: gap.isBeforeTile ? 0 : gap.width - width
+        showsPlus: true
+    }
+    ShelfDropArea {
         anchors.fill: parent
-        sourceComponent: Item {
-            DashedSlot {
-                x: gap.isBeforeTile ? 0 : gap.width - width
-                showsPlus: true
-            }
-            ShelfDropArea {
-                anchors.fill: parent
-                drops: shelfDrops
-                target: ShelfDrops.Gap
-            }
-        }
+        drops: shelfDrops
+        target: ShelfDrops.Gap
     }
 }

@@ -48,11 +48,15 @@ Item {
             width: empty.width * empty.opacity + strip.width * strip.opacity
             height: strip.height
 
-            EmptyShelfButton {
+            // Made only while nothing is pinned, or while it fades: its two lines of text would
+            // each keep a font of their own.
+            Loader {
                 id: empty
                 anchors.verticalCenter: parent.verticalCenter
                 opacity: favorites.count === 0 ? 1 : 0
                 visible: opacity > 0
+                active: opacity > 0
+                source: "EmptyShelfButton.qml"
                 Behavior on opacity {
                     ShelfTransition {
                         transition: shelf.slotTransition

@@ -15,7 +15,7 @@ Item {
     property color tint
     property url imageSource
 
-    readonly property bool hovering: input.containsMouse
+    readonly property bool hovering: input.hovering
     readonly property bool isDragged: shelfDrops.draggedItemId === itemId
 
     width: 60
@@ -24,11 +24,13 @@ Item {
     // Made only while the tile is dragged: twenty idle slots would each keep a shape.
     Loader {
         active: tile.isDragged
-        sourceComponent: DashedSlot {}
+        source: "DashedSlot.qml"
     }
+    // Made into a node only once it has a colour: at rest it is clear.
     Rectangle {
         anchors.fill: parent
         opacity: tile.isDragged ? 0 : 1
+        visible: color.a > 0
         radius: 12
         color: tile.hovering ? shelfColors.hoverFill : shelfColors.restFill
         Behavior on color {
@@ -62,19 +64,6 @@ Item {
             }
         }
     }
-    // Hovering and the right button; the left button belongs to the drag area above.
-    MouseArea {
-        id: input
-        anchors.fill: parent
-        hoverEnabled: true
-        acceptedButtons: Qt.RightButton
-        containmentMask: RoundedHitShape {
-            width: tile.width
-            height: tile.height
-            radius: 12
-        }
-        onClicked: shelfActions.showMenu(tile.itemId)
-    }
     ShelfDropArea {
         anchors.fill: parent
         drops: shelfDrops
@@ -82,19 +71,18 @@ Item {
         itemId: tile.itemId
     }
     TileDragView {
+        id: input
         anchors.fill: parent
+        cornerRadius: 12
         drops: shelfDrops
         itemId: tile.itemId
         iconItem: icon
         onClicked: shelfActions.open(tile.itemId)
-    }
-
-    ShelfToolTip {
-        target: tile
-        text: tile.path
-        shown: tile.hovering
+        onMenuRequested: shelfActions.showMenu(tile.itemId)
+        toolTip: tile.path
         isGlass: shelf.isGlass
     }
+
     Accessible.role: Accessible.Button
     Accessible.name: tile.name
     Accessible.onPressAction: shelfActions.open(tile.itemId)

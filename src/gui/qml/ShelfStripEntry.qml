@@ -3,7 +3,7 @@ import QtQuick
 // One pinned project in the strip: its tile, with the gap for a dragged folder before or
 // behind it when that is where the folder would land. The strip keeps the tile a drop is
 // about in view.
-Row {
+Item {
     id: entry
 
     required property string itemId
@@ -13,9 +13,12 @@ Row {
     required property color tint
     required property url imageSource
 
-    readonly property bool isDropTarget: shelfDrops.gapBeforeId === itemId
-                                         || shelfDrops.gapAfterId === itemId
-                                         || shelfDrops.draggedItemId === itemId
+    readonly property bool isGapTarget: shelfDrops.gapBeforeId === itemId
+                                        || shelfDrops.gapAfterId === itemId
+    readonly property bool isDropTarget: isGapTarget || shelfDrops.draggedItemId === itemId
+
+    width: gaps.item !== null ? gaps.item.width : 60
+    height: 63
 
     function revealIfTarget() {
         if (isDropTarget)
@@ -26,22 +29,24 @@ Row {
     onXChanged: revealIfTarget()
     onWidthChanged: revealIfTarget()
 
-    InsertionSlot {
-        anchors.verticalCenter: parent.verticalCenter
-        open: shelfDrops.gapBeforeId === entry.itemId
+    // Made when a gap starts to open and gone once both have closed: every tile has two,
+    // and most never show. Named by its file, its type loads with the first gap.
+    Loader {
+        id: gaps
+        active: entry.isGapTarget || (item !== null && item.isShowing)
+        source: "TileGaps.qml"
+        onLoaded: {
+            item.isBeforeOpen = Qt.binding(() => shelfDrops.gapBeforeId === entry.itemId)
+            item.isAfterOpen = Qt.binding(() => shelfDrops.gapAfterId === entry.itemId)
+        }
     }
     ShelfItemButton {
-        anchors.verticalCenter: parent.verticalCenter
+        x: gaps.item !== null ? gaps.item.tileX : 0
         itemId: entry.itemId
         name: entry.name
         path: entry.path
         initials: entry.initials
         tint: entry.tint
         imageSource: entry.imageSource
-    }
-    InsertionSlot {
-        anchors.verticalCenter: parent.verticalCenter
-        open: shelfDrops.gapAfterId === entry.itemId
-        isBeforeTile: false
     }
 }

@@ -1,11 +1,14 @@
 #include "gui/settings/QtFolderChooser.h"
 
+#include "gui/app/ApplicationIcon.h"
+
 #include <QFile>
 #include <QFileDialog>
 
 namespace tidewell {
 
 std::optional<std::string> QtFolderChooser::chooseFolder(const std::string& prompt) {
+    useApplicationIcon();
     QFileDialog dialog;
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);

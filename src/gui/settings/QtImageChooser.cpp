@@ -1,5 +1,7 @@
 #include "gui/settings/QtImageChooser.h"
 
+#include "gui/app/ApplicationIcon.h"
+
 #include <QFile>
 #include <QFileDialog>
 #include <QImageReader>
@@ -8,6 +10,7 @@
 namespace tidewell {
 
 std::optional<std::string> QtImageChooser::chooseImage() {
+    useApplicationIcon();
     QFileDialog dialog;
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.setNameFilter(QStringLiteral("Images (%1)").arg(imagePatterns().join(' ')));

@@ -1,6 +1,7 @@
 #include "gui/settings/SettingsWindowController.h"
 
 #include "core/settings/SettingsView.h"
+#include "gui/app/ApplicationIcon.h"
 #include "gui/images/ImageProviders.h"
 #include "gui/settings/ColorPicker.h"
 #include "gui/settings/ItemSettingsModel.h"
@@ -60,6 +61,7 @@ struct SettingsWindowController::Parts {
                     .images = services.images,
                     .applicationFolder =
                         QString::fromStdString(currentApplicationLocation().dataFolder)}) {
+        useApplicationIcon();
         window.setTitle(QStringLiteral("Tidewell Settings"));
         window.resize(700, 540);
         window.setMinimumSize({680, 500});

@@ -2,11 +2,14 @@
 
 #include "core/drag/ShelfItemMove.h"
 #include "core/drag/TileDragSource.h"
+#include "gui/shelf/ShelfToolTip.h"
 #include "gui/shelf/TileDragImage.h"
 
 #include <QDrag>
 #include <QMimeData>
 #include <QQuickWindow>
+#include <algorithm>
+#include <utility>
 
 namespace tidewell {
 
@@ -31,12 +34,56 @@ ProjectIconFace faceOf(const QQuickItem& icon) {
 
 TileDragView::TileDragView(QQuickItem* parent)
     : QQuickItem(parent), source_(std::make_shared<TileDragSource>()) {
-    setAcceptedMouseButtons(Qt::LeftButton);
+    setAcceptedMouseButtons(Qt::LeftButton | Qt::RightButton);
+    setAcceptHoverEvents(true);
 }
 
 TileDragView::~TileDragView() = default;
 
+bool TileDragView::isInsideCorners(QPointF point) const {
+    if (!contains(point))
+        return false;
+    const qreal dx =
+        std::max({cornerRadius_ - point.x(), point.x() - (width() - cornerRadius_), 0.0});
+    const qreal dy =
+        std::max({cornerRadius_ - point.y(), point.y() - (height() - cornerRadius_), 0.0});
+    return dx * dx + dy * dy <= cornerRadius_ * cornerRadius_;
+}
+
+void TileDragView::setHovering(bool isHovering) {
+    if (isHovering == isHovering_)
+        return;
+    isHovering_ = isHovering;
+    if (isHovering && !toolTipView_) {
+        toolTipView_ = std::make_unique<ShelfToolTip>();
+        toolTipView_->setTarget(this);
+    }
+    if (toolTipView_) {
+        toolTipView_->setProperty("text", toolTip_);
+        toolTipView_->setProperty("isGlass", isGlass_);
+        toolTipView_->setShown(isHovering);
+    }
+    emit hoveringChanged();
+}
+
+void TileDragView::hoverEnterEvent(QHoverEvent* event) {
+    setHovering(isInsideCorners(event->position()));
+}
+
+void TileDragView::hoverMoveEvent(QHoverEvent* event) {
+    setHovering(isInsideCorners(event->position()));
+}
+
+void TileDragView::hoverLeaveEvent(QHoverEvent*) {
+    setHovering(false);
+}
+
 void TileDragView::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::RightButton) {
+        isRightPressed_ = isInsideCorners(event->position());
+        event->setAccepted(isRightPressed_);
+        return;
+    }
     pressPoint_ = event->position();
     source_->press(corePoint(event->scenePosition()));
     // The press is the tile's: a strip that scrolls must not take it over for a flick.
@@ -54,7 +101,12 @@ void TileDragView::mouseMoveEvent(QMouseEvent* event) {
     runDrag(pressPoint_);
 }
 
-void TileDragView::mouseReleaseEvent(QMouseEvent*) {
+void TileDragView::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::RightButton) {
+        if (std::exchange(isRightPressed_, false) && isInsideCorners(event->position()))
+            emit menuRequested();
+        return;
+    }
     if (source_->release())
         emit clicked();
 }

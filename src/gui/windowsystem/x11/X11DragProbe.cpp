@@ -4,6 +4,7 @@
 
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
+#include <utility>
 
 namespace tidewell {
 namespace {
@@ -16,12 +17,18 @@ int ignoreError(Display*, XErrorEvent*) {
 
 } // namespace
 
-X11DragProbe::X11DragProbe() : display_(XOpenDisplay(nullptr)) {
+X11DragProbe::X11DragProbe() = default;
+
+bool X11DragProbe::connect() {
+    if (std::exchange(hasTriedToConnect_, true))
+        return display_ != nullptr;
+    display_ = XOpenDisplay(nullptr);
     if (!display_)
-        return;
+        return false;
     selection_ = XInternAtom(display_, "XdndSelection", False);
     typeList_ = XInternAtom(display_, "XdndTypeList", False);
     uriList_ = XInternAtom(display_, "text/uri-list", False);
+    return true;
 }
 
 X11DragProbe::~X11DragProbe() {
@@ -30,7 +37,7 @@ X11DragProbe::~X11DragProbe() {
 }
 
 bool X11DragProbe::isDraggingFiles() {
-    if (!display_ || !isPrimaryButtonHeld())
+    if (!connect() || !isPrimaryButtonHeld())
         return false;
     const Window owner = XGetSelectionOwner(display_, selection_);
     return owner != None && offersUriList(owner);

@@ -6,7 +6,8 @@ namespace tidewell {
 
 // Tells whether the user is dragging files from another application: the primary button is
 // held and the owner of the drag-and-drop selection offers a URI list. Cheap enough to ask
-// on every pointer report; uses a connection of its own.
+// on every pointer report; uses a connection of its own, opened the first time it is asked
+// (only once the primary button is held near the shelf).
 class X11DragProbe {
 public:
     X11DragProbe();
@@ -18,10 +19,13 @@ public:
     bool isDraggingFiles();
 
 private:
+    // False when there is no X display.
+    bool connect();
     bool isPrimaryButtonHeld();
     bool offersUriList(unsigned long window);
 
-    _XDisplay* display_;
+    _XDisplay* display_ = nullptr;
+    bool hasTriedToConnect_ = false;
     unsigned long selection_ = 0;
     unsigned long typeList_ = 0;
     unsigned long uriList_ = 0;

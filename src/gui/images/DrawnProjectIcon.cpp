@@ -1,14 +1,13 @@
 #include "gui/images/DrawnProjectIcon.h"
 
+#include "gui/images/ProjectIconPainter.h"
 #include "gui/images/SoftShadow.h"
 
-#include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
 #include <QPainterPath>
 #include <QQuickWindow>
 #include <QSGImageNode>
-#include <QTextLayout>
 #include <QtQml>
 #include <algorithm>
 
@@ -16,25 +15,10 @@ namespace tidewell {
 
 namespace {
 
-// The initials at a third of the side, shrunk to fit between the paddings down to 0.65 of
-// that; what still does not fit is cut off at the edges. Sizes of type are in points, three
-// quarters of a logical pixel, so that fractions are kept.
-constexpr qreal initialsShare = 0.33;
-constexpr qreal smallestInitials = 0.65;
-constexpr qreal initialsPadding = 5;
-constexpr qreal pointsPerPixel = 0.75;
-constexpr qreal edgeWidth = 0.5;
 // The shadow below the square, and how far beyond the square it reaches.
 constexpr qreal shadowBlur = 5;
 constexpr qreal shadowDrop = 2;
 constexpr qreal shadowMargin = 7; // the blur and the drop, rounded up
-
-QFont initialsFont(qreal pixels) {
-    QFont font;
-    font.setWeight(QFont::DemiBold);
-    font.setPointSizeF(pixels * pointsPerPixel);
-    return font;
-}
 
 } // namespace
 
@@ -85,41 +69,10 @@ QImage DrawnProjectIcon::face(qreal scale) const {
     return image.copy();
 }
 
-// Laid out as a line of text is in the views, centred between the paddings at fractional
-// positions, so that the initials sit where a text item would put them.
-void DrawnProjectIcon::paintInitials(QPainter& painter, const QRectF& square) const {
-    const qreal fullSize = std::min(square.width(), square.height()) * initialsShare;
-    const QRectF room =
-        square.adjusted(initialsPadding, initialsPadding, -initialsPadding, -initialsPadding);
-    const qreal natural = QFontMetricsF(initialsFont(fullSize)).horizontalAdvance(initials_);
-    const qreal fit = natural > 0 ? room.width() / natural : 1;
-    QTextLayout layout(initials_, initialsFont(fullSize * std::clamp(fit, smallestInitials, 1.0)));
-    layout.setTextOption(QTextOption(Qt::AlignHCenter));
-    layout.beginLayout();
-    QTextLine line = layout.createLine();
-    line.setLineWidth(room.width());
-    layout.endLayout();
-    painter.setPen(Qt::white);
-    layout.draw(&painter, {room.left(), room.top() + (room.height() - line.height()) / 2});
-}
-
 void DrawnProjectIcon::paint(QImage& image) const {
     QPainter painter(&image);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-    const QRectF square(QPointF(), size());
-    const qreal radius = this->radius();
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(tint_);
-    painter.drawRoundedRect(square, radius, radius);
-    if (!initials_.isEmpty())
-        paintInitials(painter, square);
-    if (hasEdge_) {
-        const qreal inset = edgeWidth / 2;
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(QColor::fromRgbF(1, 1, 1, 0.18f), edgeWidth));
-        painter.drawRoundedRect(square.adjusted(inset, inset, -inset, -inset), radius - inset,
-                                radius - inset);
-    }
+    paintProjectIconFace(painter, QRectF(QPointF(), size()), radius(),
+                         {.tint = tint_, .initials = initials_, .hasEdge = hasEdge_});
 }
 
 QSGImageNode* DrawnProjectIcon::imageNode() const {

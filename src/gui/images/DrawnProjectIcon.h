@@ -1,10 +1,11 @@
 #pragma once
 
+#include "gui/images/ProjectIconPainter.h"
+
 #include <QColor>
 #include <QQuickItem>
 #include <QString>
 
-class QPainter;
 class QSGImageNode;
 
 namespace tidewell {
@@ -39,11 +40,10 @@ private:
     QImage face(qreal scale) const;
     QSGImageNode* imageNode() const;
     void paint(QImage& image) const;
-    void paintInitials(QPainter& painter, const QRectF& square) const;
 
     QColor tint_;
     QString initials_;
-    qreal cornerShare_ = 0.24;
+    qreal cornerShare_ = iconCornerShare;
     bool hasEdge_ = true;
     bool isDirty_ = true;
 };

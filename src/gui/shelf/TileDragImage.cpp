@@ -1,11 +1,10 @@
 #include "gui/shelf/TileDragImage.h"
 
-#include <QFont>
-#include <QFontMetricsF>
+#include "gui/images/ProjectIconPainter.h"
+
 #include <QPainter>
 #include <QPainterPath>
 #include <QSvgRenderer>
-#include <algorithm>
 
 namespace tidewell {
 
@@ -13,13 +12,8 @@ namespace {
 
 constexpr qreal iconSize = 48;
 constexpr qreal margin = 6;
-// As the icon view draws itself: corner radius, the initials' size and how far they shrink,
-// their padding, the inner border, the shadow's opacity, blur and drop.
-constexpr qreal cornerRadius = iconSize * 0.24;
-constexpr qreal initialsSize = iconSize * 0.33;
-constexpr qreal initialsMinimumScale = 0.65;
-constexpr qreal initialsPadding = 5;
-constexpr qreal borderWidth = 0.5;
+constexpr qreal cornerRadius = iconSize * iconCornerShare;
+// The shadow's opacity, blur and drop.
 constexpr qreal shadowOpacity = 0.18;
 constexpr int shadowBlur = 5;
 constexpr qreal shadowDrop = 2;
@@ -48,32 +42,6 @@ void drawShadow(QPainter& painter, const QRectF& square) {
     }
 }
 
-// The initials in one line, shrunk as far as allowed to fit between the paddings.
-void drawInitials(QPainter& painter, const QRectF& square, const QString& initials) {
-    const QRectF room =
-        square.adjusted(initialsPadding, initialsPadding, -initialsPadding, -initialsPadding);
-    QFont font;
-    font.setWeight(QFont::DemiBold);
-    font.setPixelSize(1000); // measured large, then scaled to the size that fits
-    const qreal widthAtSize = QFontMetricsF(font).horizontalAdvance(initials) * initialsSize / 1000;
-    const qreal scale = widthAtSize > room.width()
-                            ? std::max(initialsMinimumScale, room.width() / widthAtSize)
-                            : 1.0;
-    font.setPixelSize(std::max(1, qRound(initialsSize * scale)));
-    painter.setFont(font);
-    painter.setPen(Qt::white);
-    painter.drawText(room, Qt::AlignCenter | Qt::TextSingleLine, initials);
-}
-
-// The image fills the square, its aspect kept, its overflow cut off.
-void drawImage(QPainter& painter, const QRectF& square, const QImage& image) {
-    QSizeF source = image.size();
-    source.scale(square.size(), Qt::KeepAspectRatioByExpanding);
-    QRectF target(QPointF(), source);
-    target.moveCenter(square.center());
-    painter.drawImage(target, image);
-}
-
 } // namespace
 
 QPixmap tileDragImage(const ProjectIconFace& face, qreal devicePixelRatio) {
@@ -81,22 +49,9 @@ QPixmap tileDragImage(const ProjectIconFace& face, qreal devicePixelRatio) {
     QPixmap image = transparentPixmap(QSizeF(side, side), devicePixelRatio);
     const QRectF square(margin, margin, iconSize, iconSize);
     QPainter painter(&image);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform |
-                           QPainter::TextAntialiasing);
+    painter.setRenderHints(QPainter::Antialiasing);
     drawShadow(painter, square);
-    const QPainterPath shape = roundedSquare(square);
-    painter.fillPath(shape, face.tint);
-    painter.save();
-    painter.setClipPath(shape);
-    if (face.image.isNull())
-        drawInitials(painter, square, face.initials);
-    else
-        drawImage(painter, square, face.image);
-    painter.restore();
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(QColor::fromRgbF(1, 1, 1, 0.18), borderWidth));
-    const qreal inset = borderWidth / 2;
-    painter.drawPath(roundedSquare(square.adjusted(inset, inset, -inset, -inset)));
+    paintProjectIconFace(painter, square, cornerRadius, face);
     return image;
 }
 

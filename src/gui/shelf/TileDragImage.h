@@ -1,18 +1,10 @@
 #pragma once
 
-#include <QColor>
-#include <QImage>
+#include "gui/images/ProjectIconPainter.h"
+
 #include <QPixmap>
-#include <QString>
 
 namespace tidewell {
-
-// What a project's icon shows: its image, or when it has none its initials on its tint.
-struct ProjectIconFace {
-    QImage image;
-    QColor tint;
-    QString initials;
-};
 
 // What a tile drag shows under the pointer: the project's icon drawn afresh at 48 points,
 // with 6 points of margin on every side for its shadow, at the screen's scale. Drawn at once,

@@ -1,4 +1,5 @@
 import QtQuick
+import Tidewell
 import "TypeSize.js" as TypeSize
 
 // Shown instead of the tiles while nothing is pinned: tells how to add a project and opens

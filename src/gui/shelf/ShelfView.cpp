@@ -5,6 +5,7 @@
 #include "core/drag/ShelfDropContext.h"
 #include "gui/images/ImageProviders.h"
 #include "gui/shelf/FavoritesModel.h"
+#include "gui/shelf/RoundedHitMask.h"
 #include "gui/shelf/ShelfActions.h"
 #include "gui/shelf/ShelfBridge.h"
 #include "gui/shelf/ShelfDropArea.h"
@@ -57,6 +58,7 @@ void registerShelfTypes() {
         qmlRegisterType<ShelfDropArea>(module, 1, 0, "ShelfDropArea");
         qmlRegisterType<TileDragView>(module, 1, 0, "TileDragView");
         qmlRegisterType<ShelfToolTip>(module, 1, 0, "ShelfToolTip");
+        qmlRegisterType<RoundedHitMask>(module, 1, 0, "RoundedHitShape");
         qmlRegisterUncreatableType<ShelfDrops>(module, 1, 0, "ShelfDrops",
                                                QStringLiteral("The shelf makes its own."));
         return true;

@@ -2,13 +2,13 @@
 
 #include "core/drag/ShelfItemMove.h"
 #include "core/drag/TileDragSource.h"
+#include "core/shelf/RoundedHitShape.h"
 #include "gui/shelf/ShelfToolTip.h"
 #include "gui/shelf/TileDragImage.h"
 
 #include <QDrag>
 #include <QMimeData>
 #include <QQuickWindow>
-#include <algorithm>
 #include <utility>
 
 namespace tidewell {
@@ -41,13 +41,7 @@ TileDragView::TileDragView(QQuickItem* parent)
 TileDragView::~TileDragView() = default;
 
 bool TileDragView::isInsideCorners(QPointF point) const {
-    if (!contains(point))
-        return false;
-    const qreal dx =
-        std::max({cornerRadius_ - point.x(), point.x() - (width() - cornerRadius_), 0.0});
-    const qreal dy =
-        std::max({cornerRadius_ - point.y(), point.y() - (height() - cornerRadius_), 0.0});
-    return dx * dx + dy * dy <= cornerRadius_ * cornerRadius_;
+    return RoundedHitShape::contains({width(), height()}, cornerRadius_, {point.x(), point.y()});
 }
 
 void TileDragView::setHovering(bool isHovering) {

@@ -1,5 +1,6 @@
 #include "core/shelf/MergedBackground.h"
 #include "core/shelf/NotchTransition.h"
+#include "core/shelf/RoundedHitShape.h"
 #include "core/shelf/ScreenNotchGeometry.h"
 
 #include <cmath>
@@ -29,6 +30,19 @@ TEST(ScreenNotchGeometry, GapBetweenTheAreasInWholePointsOrTheFallback) {
     for (const auto& [left, right, expected] : cases)
         EXPECT_EQ(ScreenNotchGeometry::inferredNotchWidth(left, right, 180), expected)
             << left.maxX() << " " << right.minX();
+}
+
+// A tile is 60 by 63 points with corners of 12: the cut-off corners and what lies outside miss.
+TEST(RoundedHitShape, CornersAndOutsideMiss) {
+    const std::tuple<Point, bool> cases[] = {
+        {{30, 31}, true},    {{0, 31}, true},     {{60, 63}, false}, {{3, 3}, false},
+        {{57, 60}, false},   {{3.6, 3.6}, true},  {{12, 0}, true},   {{-0.1, 31}, false},
+        {{60.1, 31}, false}, {{30, 63.1}, false},
+    };
+    for (const auto& [point, hits] : cases)
+        EXPECT_EQ(RoundedHitShape::contains({60, 63}, 12, point), hits)
+            << point.x << " " << point.y;
+    EXPECT_TRUE(RoundedHitShape::contains({60, 63}, 0, {0, 0})); // a square keeps its corners
 }
 
 TEST(MergedBackground, ExpansionChoosesSizeAndLowerRadiusAppearanceChoosesFill) {

@@ -5,9 +5,8 @@
 namespace tidewell::RoundedHitShape {
 
 bool contains(Size size, double radius, Point point) {
-    if (point.x < 0 || point.y < 0 || point.x > size.width || point.y > size.height)
-        return false;
-    // How far the point lies beyond the inner rectangle whose corners are the arcs' centres.
+    // How far the point lies beyond the inner rectangle whose corners are the arcs' centres:
+    // a point outside the whole rectangle lies farther than the radius too.
     const double dx = std::max({radius - point.x, point.x - (size.width - radius), 0.0});
     const double dy = std::max({radius - point.y, point.y - (size.height - radius), 0.0});
     return dx * dx + dy * dy <= radius * radius;

@@ -35,9 +35,9 @@ TEST(ScreenNotchGeometry, GapBetweenTheAreasInWholePointsOrTheFallback) {
 // A tile is 60 by 63 points with corners of 12: the cut-off corners and what lies outside miss.
 TEST(RoundedHitShape, CornersAndOutsideMiss) {
     const std::tuple<Point, bool> cases[] = {
-        {{30, 31}, true},    {{0, 31}, true},     {{60, 63}, false}, {{3, 3}, false},
-        {{57, 60}, false},   {{3.6, 3.6}, true},  {{12, 0}, true},   {{-0.1, 31}, false},
-        {{60.1, 31}, false}, {{30, 63.1}, false},
+        {{30, 31}, true},    {{0, 31}, true},     {{60, 31}, true},    {{60, 63}, false},
+        {{3.5, 3.5}, false}, {{57, 60}, false},   {{3.6, 3.6}, true},  {{12, 0}, true},
+        {{-0.1, 31}, false}, {{60.1, 31}, false}, {{30, 63.1}, false},
     };
     for (const auto& [point, hits] : cases)
         EXPECT_EQ(RoundedHitShape::contains({60, 63}, 12, point), hits)

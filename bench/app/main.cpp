@@ -336,8 +336,7 @@ int main(int argc, char** argv) {
             "QML objects and bindings (entry, hover fill and fades, icon view, name, drop area, "
             "drag view, accessibility), its icon's face picture (6 KiB; alike shadows share "
             "one) and its scene-graph nodes. Budgets: no wake-ups at rest, under 64 MiB resident, "
-            "private "
-            "dirty within 1.5x, first frame within 16 ms)\n",
+            "private dirty within 1.5x, first frame within 16 ms)\n",
             projectCount);
         return 0;
     } catch (const std::exception& error) {

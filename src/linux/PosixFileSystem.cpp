@@ -48,14 +48,17 @@ public:
         return isStarted;
     }
 
+    // The answer, or none when the stat has not returned within the limit.
+    std::optional<bool> answerWithin(std::chrono::milliseconds limit) {
+        std::unique_lock lock(mutex_);
+        answered_.wait_for(lock, limit, [this] { return exists_.has_value(); });
+        return exists_;
+    }
+
     void release() {
         if (holders_.fetch_sub(1, std::memory_order_acq_rel) == 1)
             delete this;
     }
-
-    std::mutex mutex;
-    std::condition_variable answered;
-    std::optional<bool> exists;
 
 private:
     static void* ask(void* argument) {
@@ -63,15 +66,18 @@ private:
         struct stat info {};
         const bool found = ::stat(request->path_.c_str(), &info) == 0;
         {
-            const std::lock_guard lock(request->mutex);
-            request->exists = found;
+            const std::lock_guard lock(request->mutex_);
+            request->exists_ = found;
         }
-        request->answered.notify_one();
+        request->answered_.notify_one();
         request->release();
         return nullptr;
     }
 
     const std::string path_;
+    std::mutex mutex_;
+    std::condition_variable answered_;
+    std::optional<bool> exists_;
     std::atomic<int> holders_{2};
 };
 
@@ -192,12 +198,7 @@ std::optional<bool> PosixFileSystem::existsWithin(const std::string& path,
         delete request;
         return exists(path); // no thread to spare: ask without a limit
     }
-    std::optional<bool> answer;
-    {
-        std::unique_lock lock(request->mutex);
-        request->answered.wait_for(lock, limit, [&] { return request->exists.has_value(); });
-        answer = request->exists;
-    }
+    const std::optional<bool> answer = request->answerWithin(limit);
     request->release();
     return answer;
 }

@@ -63,16 +63,14 @@ QImage DrawnProjectIcon::face(qreal scale) const {
     QImage image((size() * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(scale);
     image.fill(Qt::transparent);
-    paint(image);
+    {
+        QPainter painter(&image);
+        paintProjectIconFace(painter, QRectF(QPointF(), size()), radius(),
+                             {.tint = tint_, .initials = initials_, .hasEdge = hasEdge_});
+    }
     // A picture keeps the engine that painted it for as long as it lives; the copy the
     // texture keeps has none.
     return image.copy();
-}
-
-void DrawnProjectIcon::paint(QImage& image) const {
-    QPainter painter(&image);
-    paintProjectIconFace(painter, QRectF(QPointF(), size()), radius(),
-                         {.tint = tint_, .initials = initials_, .hasEdge = hasEdge_});
 }
 
 QSGImageNode* DrawnProjectIcon::imageNode() const {

@@ -39,7 +39,6 @@ private:
     QImage shadow(qreal scale) const;
     QImage face(qreal scale) const;
     QSGImageNode* imageNode() const;
-    void paint(QImage& image) const;
 
     QColor tint_;
     QString initials_;
